@@ -1,0 +1,81 @@
+#pragma once
+
+#include "ide/component_type.h"
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvelle::workspace {
+
+/// A designer section was begun and the file ends before its End.
+class HeaderNeverEnds : public std::runtime_error {
+  public:
+    explicit HeaderNeverEnds(std::uint32_t line);
+    /// 1-based line of the Begin that is never closed.
+    std::uint32_t line() const { return line_; }
+
+  private:
+    std::uint32_t line_;
+};
+
+/// A module's file taken apart into what the IDE shows (the code lines) and what it hides: a byte order
+/// mark, the VERSION line, Object lines, the designer section, the Attribute lines at the head, and the
+/// Attribute lines of members inside the code. Every byte of the file belongs to exactly one of the two.
+///
+/// A line ends at LF; one CR before it belongs to the line end; a CR elsewhere is an ordinary character.
+class ModuleFile {
+  public:
+    /// Hidden lines inside the code that follow one another.
+    struct HiddenRun {
+        std::uint32_t codeLinesBefore; ///< how many code lines stand before the run
+        std::uint32_t lines;           ///< how many lines it has
+        std::uint32_t begin, end;      ///< its bytes, line ends included
+    };
+
+    /// Takes the bytes of a module file apart. The type says what kind of header may be expected; a form
+    /// whose outermost block is an MDI form becomes VBMDIForm. At most 4 GiB - 1 bytes.
+    /// Throws HeaderNeverEnds.
+    ModuleFile(std::string bytes, ide::ComponentType type);
+
+    const std::string& bytes() const { return bytes_; }
+    ide::ComponentType type() const { return type_; }
+    /// The `VB_Name` attribute, else the outermost designer block's name, else empty.
+    const std::string& name() const { return name_; }
+
+    std::uint32_t codeLineCount() const { return static_cast<std::uint32_t>(lines_.size()); }
+    /// Code line 0 to codeLineCount() - 1, without its line end.
+    std::string_view codeLine(std::uint32_t index) const;
+    /// The line end of that code line as it is in the file: CR LF, LF, or empty (last line only).
+    std::string_view codeLineEnd(std::uint32_t index) const;
+    /// The 1-based number in the file of that code line.
+    std::uint32_t fileLine(std::uint32_t index) const;
+
+    /// Everything before the first line after the head's attributes, the byte order mark included.
+    std::string_view header() const { return std::string_view(bytes_).substr(0, headerEnd_); }
+    std::uint32_t headerLines() const { return headerLines_; }
+    const std::vector<HiddenRun>& hiddenRuns() const { return hidden_; }
+    /// The bytes of a hidden run.
+    std::string_view hidden(const HiddenRun& run) const;
+
+    /// The line end that code lines are written with: LF if every line of the file ends in LF alone, else CR LF.
+    std::string_view newLine() const { return newLine_; }
+
+  private:
+    struct Line {
+        std::uint32_t begin, end; // without the line end
+    };
+
+    std::string bytes_;
+    ide::ComponentType type_;
+    std::string name_;
+    std::uint32_t headerEnd_ = 0;
+    std::uint32_t headerLines_ = 0;
+    std::vector<Line> lines_;
+    std::vector<HiddenRun> hidden_;
+    std::string_view newLine_ = "\r\n";
+};
+
+} // namespace corvelle::workspace
