@@ -47,9 +47,10 @@ RunTimeError::RunTimeError(std::int32_t number, std::string description)
     : number_(number), description_(std::move(description)) {}
 
 std::string describeError(std::int32_t number) {
-    const auto* found = std::find_if(descriptions.begin(), descriptions.end(), [number](const Description& d) {
-        return static_cast<std::int32_t>(d.number) == number;
-    });
+    const auto* found =
+        std::find_if(descriptions.begin(), descriptions.end(), [number](const Description& d) {
+            return static_cast<std::int32_t>(d.number) == number;
+        });
     return found != descriptions.end() ? found->text : "Application-defined or object-defined error";
 }
 

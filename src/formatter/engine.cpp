@@ -1,0 +1,157 @@
+#include "formatter/engine.h"
+
+#include "base/run_time_error.h"
+#include "formatter/key_tables.h"
+
+#include <limits>
+
+namespace corvelle::formatter {
+
+using base::ErrorNumber;
+using base::RunTimeError;
+
+namespace {
+
+// The counters are 16-bit integers whose overflow is a run-time error.
+std::int16_t checked(std::int32_t value) {
+    if (value > std::numeric_limits<std::int16_t>::max() ||
+        value < std::numeric_limits<std::int16_t>::min()) {
+        throw RunTimeError(ErrorNumber::Overflow);
+    }
+    return static_cast<std::int16_t>(value);
+}
+
+void add(std::int16_t& counter, std::int32_t step) {
+    counter = checked(counter + step);
+}
+
+} // namespace
+
+void Engine::ResetAll() {
+    indentLevel_ = 0;
+    beginDepth_ = 0;
+    selectDepth_ = 0;
+    caseSeen_ = false;
+    cancelRequested_ = false;
+    bCode_ = false;
+    buffer_.reset();
+    observer_.SetProcInfo("No Process");
+}
+
+void Engine::beginCleaning(std::size_t lines, std::size_t bytes) {
+    bCode_ = false;
+    buffer_.beginLoading(lines, bytes);
+}
+
+bool Engine::cleanLine(std::string_view raw) {
+    std::string_view t = Scanner::myTrim(raw, tabless_);
+    if (options.bNoEmpty == 1 && t.empty()) return false;
+    if (!bCode_) bCode_ = Scanner::codeStarted(t);
+    if (options.bNoCmntLn == 1 && Scanner::isCommentLine(t)) return false;
+    if (options.bNoAllCmnt == 1 && bCode_) {
+        const auto apostrophe = t.find('\'');
+        if (apostrophe != std::string_view::npos && apostrophe > 0) t = Scanner::SafeUncomment(t);
+    }
+    buffer_.append(t);
+    observer_.lineKept(buffer_.maxIndx() + 1);
+    observer_.doEvents();
+    return true;
+}
+
+std::int32_t Engine::VB_Format(std::int32_t maxIndx) {
+    errorCount_ = 0;
+    observer_.startIndicator();
+    observer_.clearErrors();
+    observer_.setInfo("Formating...");
+    for (std::int32_t i = 0; i <= maxIndx; ++i) {
+        observer_.doEvents();
+        if (cancelRequested_) {
+            observer_.stopIndicator();
+            observer_.SetProcInfo("Cleaning Memory..");
+            observer_.SetProcInfo("No Process..");
+            return -1;
+        }
+        position_ = i;
+        formatLine(i);
+        observer_.lineFormatted(i, maxIndx);
+    }
+    observer_.setInfo("Formating Done...");
+    observer_.stopIndicator();
+    return errorCount_;
+}
+
+void Engine::formatLine(std::int32_t i) {
+    const std::string_view line = buffer_.text(i);
+    switch (scanner_.CheckKey(line)) {
+    case KeyStart:
+        openBlock(i, line);
+        break;
+    case KeyEnd:
+        closeBlock(i, line);
+        break;
+    case KeyNone:
+        if (line.empty() || line.back() != ':') writeAtLevel(i); // a label keeps column 1
+        break;
+    }
+}
+
+void Engine::openBlock(std::int32_t i, std::string_view line) {
+    switch (scanner_.startKeyIndex) {
+    case start_key::begin:
+        if (Scanner::CheckChar(line, 6, ' ')) add(beginDepth_, 1);
+        break;
+    case start_key::select:
+        add(selectDepth_, 1);
+        break;
+    case start_key::caseLabel:
+        if (selectDepth_ > 0 && caseSeen_) add(indentLevel_, -1);
+        caseSeen_ = true;
+        break;
+    default:
+        break;
+    }
+    writeAtLevel(i);
+    add(indentLevel_, 1);
+}
+
+void Engine::closeBlock(std::int32_t i, std::string_view line) {
+    if (indentLevel_ != 0) {
+        add(indentLevel_, -1);
+    } else {
+        report(StructuralError::Kind::Tab, i);
+    }
+    if (scanner_.endKeyIndex == end_key::end && line.size() == 3) {
+        if (beginDepth_ > 0) {
+            add(beginDepth_, -1);
+        } else {
+            add(indentLevel_, 1); // a bare End statement ends no block
+        }
+    }
+    if (scanner_.endKeyIndex == end_key::endSelect) {
+        if (caseSeen_) {
+            if (indentLevel_ != 0) {
+                add(indentLevel_, -1);
+            } else {
+                report(StructuralError::Kind::Error, i);
+            }
+        }
+        caseSeen_ = false;
+        selectDepth_ = 0;
+    }
+    writeAtLevel(i);
+    if (scanner_.endKeyIndex == end_key::elseLine) add(indentLevel_, 1);
+    if (scanner_.endKeyIndex == end_key::elseIf && Scanner::Check_IF_THEN_(line) == 1) add(indentLevel_, 1);
+}
+
+void Engine::writeAtLevel(std::int32_t i) {
+    const std::int16_t spaces = checked(static_cast<std::int32_t>(options.mTab) * indentLevel_);
+    if (spaces < 0) throw RunTimeError(ErrorNumber::InvalidProcedureCall);
+    buffer_.setSpaces(i, spaces);
+}
+
+void Engine::report(StructuralError::Kind kind, std::int32_t i) {
+    ++errorCount_;
+    observer_.addError({kind, i});
+}
+
+} // namespace corvelle::formatter

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "formatter/line_buffer.h"
+#include "formatter/pass_observer.h"
+#include "formatter/scanner.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace corvelle::formatter {
+
+/// The formatting options; each flag holds 0 (off) or 1 (on).
+struct FormatOptions {
+    std::uint8_t bNoEmpty = 0;   ///< drop empty lines
+    std::uint8_t bNoCmntLn = 0;  ///< drop comment-only lines
+    std::uint8_t bNoAllCmnt = 0; ///< drop trailing comments
+    std::uint8_t mTab = 2;       ///< spaces per level
+};
+
+/// Turns the lines of one code module into formatted lines: the cleaning pass strips each line and drops what
+/// the options name, the indentation pass writes each line at its block's level. There is no parser and no
+/// look-ahead. One run is ResetAll, the cleaning pass, VB_Format; the observer may call DisableProc from any
+/// of its calls, but must not start another run inside one.
+class Engine {
+  public:
+    /// The observer must outlive the engine.
+    explicit Engine(PassObserver& observer) : observer_(observer) {}
+
+    FormatOptions options;
+
+    /// Clears the state of a run, empties the buffer to one empty line and shows "No Process".
+    void ResetAll();
+
+    /// Starts the cleaning pass over a module of that many lines (and about that many bytes).
+    void beginCleaning(std::size_t lines, std::size_t bytes = 0);
+    /// The cleaning pass for the module's next line; whether the line was kept.
+    bool cleanLine(std::string_view raw);
+
+    /// The indentation pass over lines 0 to maxIndx of the buffer. Returns the number of structural errors,
+    /// or -1 when DisableProc stopped it; the lines from there on stay without indentation. Raises "Overflow"
+    /// when a 16-bit counter or a level times mTab leaves its range, and "Invalid procedure call or argument"
+    /// for a negative number of spaces; position() then tells the line.
+    std::int32_t VB_Format(std::int32_t maxIndx);
+
+    /// Stops a running VB_Format at the next line.
+    void DisableProc() { cancelRequested_ = true; }
+
+    const LineBuffer& lineBuffer() const { return buffer_; }
+    /// Index of the line that VB_Format worked on last.
+    std::int32_t position() const { return position_; }
+    /// The block level after the last line.
+    std::int16_t indentLevel() const { return indentLevel_; }
+
+  private:
+    void formatLine(std::int32_t i);
+    void openBlock(std::int32_t i, std::string_view line);
+    void closeBlock(std::int32_t i, std::string_view line);
+    void writeAtLevel(std::int32_t i);
+    void report(StructuralError::Kind kind, std::int32_t i);
+
+    PassObserver& observer_;
+    Scanner scanner_;
+    LineBuffer buffer_;
+    std::string tabless_; // room for a line whose inner tabs had to go
+    bool bCode_ = false;
+    std::int16_t indentLevel_ = 0;
+    std::int16_t beginDepth_ = 0;
+    std::int16_t selectDepth_ = 0;
+    bool caseSeen_ = false;
+    bool cancelRequested_ = false;
+    std::int32_t errorCount_ = 0;
+    std::int32_t position_ = 0;
+};
+
+} // namespace corvelle::formatter

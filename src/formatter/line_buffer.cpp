@@ -1,0 +1,36 @@
+#include "formatter/line_buffer.h"
+
+#include "base/run_time_error.h"
+
+#include <limits>
+
+namespace corvelle::formatter {
+
+void LineBuffer::reset() {
+    // Swapped, not cleared: a large module's memory goes back when its run is over.
+    std::string().swap(text_);
+    std::vector<Line>{{0, 0}}.swap(lines_);
+}
+
+void LineBuffer::beginLoading(std::size_t lines, std::size_t bytes) {
+    text_.clear();
+    lines_.clear();
+    text_.reserve(bytes);
+    lines_.reserve(lines);
+}
+
+void LineBuffer::append(std::string_view text) {
+    if (text.size() > std::numeric_limits<std::uint32_t>::max() - text_.size()) {
+        throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    }
+    text_.append(text);
+    lines_.push_back({static_cast<std::uint32_t>(text_.size()), 0});
+}
+
+std::string LineBuffer::line(std::int32_t index) const {
+    std::string result(static_cast<std::size_t>(spaces(index)), ' ');
+    result += text(index);
+    return result;
+}
+
+} // namespace corvelle::formatter
