@@ -1,0 +1,48 @@
+# Sourced by the commands in the repository's root: installs what is missing, configures, builds.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
+say() { echo "corvelle: $*" >&2; }
+
+# need_packages NAME...: installs the Debian packages that are missing; asks nothing.
+need_packages() {
+  command -v dpkg-query >/dev/null || return 0 # not a Debian: the build says what it misses
+  local missing=() name
+  while read -r name status; do
+    [ "$status" = ii ] || missing+=("$name")
+  done < <(for name in "$@"; do
+    echo "$name $(dpkg-query -W -f '${db:Status-Abbrev}' "$name" 2>/dev/null)"
+  done)
+  [ ${#missing[@]} -eq 0 ] && return 0
+
+  say "installing ${missing[*]}"
+  local as_root=()
+  [ "$(id -u)" = 0 ] || as_root=(sudo)
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0)
+  "${apt[@]}" update >&2 || say "apt-get update had problems; going on with the lists there are"
+  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 </dev/null || {
+    say "could not install: ${missing[*]}"
+    return 1
+  }
+}
+
+# configure PRESET [CMAKE-ARGS]: configures build/PRESET; a tree that was moved here is made anew.
+configure() {
+  local preset=$1 folder=$root/build/$1
+  shift
+  if [ -e "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
+    rm -rf "$folder"
+  fi
+  mkdir -p "$folder"
+  (cd "$root" && cmake --preset "$preset" "$@") >"$folder/configure.log" 2>&1 || {
+    cat "$folder/configure.log" >&2
+    say "could not configure build/$preset"
+    return 1
+  }
+}
+
+# build PRESET [TARGET...]: brings the targets up to date; prints only what goes wrong.
+build() {
+  local preset=$1
+  shift
+  ninja --quiet -C "$root/build/$preset" "$@" >&2
+}
