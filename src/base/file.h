@@ -1,0 +1,63 @@
+#pragma once
+
+#include "base/file_descriptor.h"
+#include "base/file_error.h"
+
+#include <cstddef>
+#include <cstring>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Whole files, as bytes. Each function throws FileError.
+namespace corvelle::base {
+
+/// The whole file, which may be a pipe; at most 4 GiB - 1 bytes. Takes the file's stamp before reading where
+/// one is asked for, so that a change during the reading shows as well.
+std::string readFile(const std::filesystem::path& path, FileStamp* stamp = nullptr);
+
+/// What is left on standard input, as bytes; at most 4 GiB - 1.
+std::string readStandardInput();
+
+/// Gathers what is written to an open file, so that a line costs a copy and not a system call.
+class FileWriter {
+  public:
+    /// The path is the one that errors are about. What is not flushed at the end of the life is lost.
+    FileWriter(int file, const std::filesystem::path& path);
+
+    void write(std::string_view bytes) {
+        if (bytes.size() > capacity - used_) return writeSlowly(bytes);
+        // An empty view may have no address at all.
+        if (!bytes.empty()) std::memcpy(buffer_.get() + used_, bytes.data(), bytes.size());
+        used_ += bytes.size();
+    }
+    /// Hands over to the system what has been gathered.
+    void flush();
+
+  private:
+    static constexpr std::size_t capacity = std::size_t{1} << 16;
+
+    void writeSlowly(std::string_view bytes);
+
+    int file_;
+    const std::filesystem::path& path_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
+};
+
+/// Puts a new file in the place of the old one at once: whoever reads the path sees the whole old file or the
+/// whole new one, after a crash too. A symbolic link keeps pointing to the file that is replaced; permissions
+/// and, where allowed, the owner are the old file's. A path that does not exist yet becomes a new file. A
+/// file without any write permission is refused (70), whoever asks; so is one whose stamp differs from the
+/// given one. On any failure, one of `write` included, the old file is as it was and nothing is left beside
+/// it.
+void replaceFile(const std::filesystem::path& path, const std::function<void(FileWriter&)>& write,
+                 const std::optional<FileStamp>& stamp = std::nullopt);
+
+/// Writes the bytes into the file, which is created or truncated.
+void writeFile(const std::filesystem::path& path, std::string_view bytes);
+
+} // namespace corvelle::base
