@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ide/component_type.h"
+#include "ide/workspace/line_reader.h"
 
 #include <cstdint>
 #include <stdexcept>
@@ -30,9 +31,10 @@ class ModuleFile {
   public:
     /// Hidden lines inside the code that follow one another.
     struct HiddenRun {
-        std::uint32_t codeLinesBefore; ///< how many code lines stand before the run
-        std::uint32_t lines;           ///< how many lines it has
-        std::uint32_t begin, end;      ///< its bytes, line ends included
+        std::uint32_t codeLinesBefore;    ///< how many code lines stand before the run
+        std::uint32_t lines;              ///< how many lines it has
+        std::uint32_t begin, end;         ///< its bytes, line ends included
+        std::uint32_t hiddenLinesThrough; ///< lines of this run and all runs before it
     };
 
     /// Takes the bytes of a module file apart. The type says what kind of header may be expected; a form
@@ -60,13 +62,16 @@ class ModuleFile {
     /// The bytes of a hidden run.
     std::string_view hidden(const HiddenRun& run) const;
 
-    /// The line end that code lines are written with: LF if every line of the file ends in LF alone, else CR LF.
+    /// The line end that code lines are written with: LF if every line of the file ends in LF alone, else CR
+    /// LF.
     std::string_view newLine() const { return newLine_; }
 
   private:
     struct Line {
         std::uint32_t begin, end; // without the line end
     };
+
+    void readCode(LineReader lines);
 
     std::string bytes_;
     ide::ComponentType type_;

@@ -1,0 +1,80 @@
+#include "ide/workspace/module_file.h"
+
+#include "ide/workspace/attribute_line.h"
+#include "ide/workspace/module_header.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace corvelle::workspace {
+
+namespace {
+
+// The lines from the position on, counted so that none of them moves when they are stored.
+std::size_t countLines(std::string_view bytes, std::size_t position) {
+    std::size_t count = 0;
+    for (LineReader lines(bytes, position); lines.next();) ++count;
+    return count;
+}
+
+} // namespace
+
+HeaderNeverEnds::HeaderNeverEnds(std::uint32_t line)
+    : std::runtime_error("The header never ends"), line_(line) {}
+
+ModuleFile::ModuleFile(std::string bytes, ide::ComponentType type) : bytes_(std::move(bytes)), type_(type) {
+    if (bytes_.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::length_error("The file is larger than 4 GiB");
+    auto header = readModuleHeader(bytes_, type);
+    if (header.isMdiForm) type_ = ide::ComponentType::VBMDIForm;
+    name_ = std::move(header.attributeName.empty() ? header.designerName : header.attributeName);
+    headerEnd_ = static_cast<std::uint32_t>(header.lines.position());
+    headerLines_ = header.lines.number();
+    readCode(header.lines);
+}
+
+void ModuleFile::readCode(LineReader lines) {
+    lines_.reserve(countLines(bytes_, lines.position()));
+    std::uint32_t hiddenLines = 0;
+    while (lines.next()) {
+        const auto begin = static_cast<std::uint32_t>(lines.begin());
+        if (!mayBeAttributeLine(lines.line()) || !readAttributeLine(lines.line()).found) {
+            lines_.push_back({begin, static_cast<std::uint32_t>(lines.end())});
+            continue;
+        }
+        if (hidden_.empty() || hidden_.back().end != begin)
+            hidden_.push_back({codeLineCount(), 0, begin, begin, 0});
+        auto& run = hidden_.back();
+        ++run.lines;
+        run.end = static_cast<std::uint32_t>(lines.position());
+        run.hiddenLinesThrough = ++hiddenLines;
+    }
+    const bool anyLineEnd = bytes_.find('\n') != std::string::npos;
+    if (anyLineEnd && !lines.metCarriageReturn()) newLine_ = "\n";
+}
+
+std::string_view ModuleFile::codeLine(std::uint32_t index) const {
+    const Line& line = lines_[index];
+    return std::string_view(bytes_).substr(line.begin, line.end - line.begin);
+}
+
+std::string_view ModuleFile::codeLineEnd(std::uint32_t index) const {
+    const auto end = lines_[index].end;
+    if (end == bytes_.size()) return {};
+    return bytes_[end] == '\n' ? "\n" : "\r\n";
+}
+
+std::uint32_t ModuleFile::fileLine(std::uint32_t index) const {
+    const auto after =
+        std::upper_bound(hidden_.begin(), hidden_.end(), index,
+                         [](std::uint32_t line, const HiddenRun& run) { return line < run.codeLinesBefore; });
+    const auto hiddenBefore = after == hidden_.begin() ? 0 : std::prev(after)->hiddenLinesThrough;
+    return headerLines_ + hiddenBefore + index + 1;
+}
+
+std::string_view ModuleFile::hidden(const HiddenRun& run) const {
+    return std::string_view(bytes_).substr(run.begin, run.end - run.begin);
+}
+
+} // namespace corvelle::workspace

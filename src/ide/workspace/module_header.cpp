@@ -1,0 +1,121 @@
+#include "ide/workspace/module_header.h"
+
+#include "base/text.h"
+#include "ide/workspace/attribute_line.h"
+#include "ide/workspace/module_file.h"
+
+namespace corvelle::workspace {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+// Whether the line begins with the word; then `rest` is what follows it and the blanks after it.
+bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
+    line = withoutLeadingBlanks(line);
+    if (!base::startsWithIgnoringCase(line, word)) return false;
+    line.remove_prefix(word.size());
+    rest = withoutLeadingBlanks(line);
+    return rest.empty() || rest.size() < line.size() || rest[0] == '=';
+}
+
+bool isVersionLine(std::string_view line) {
+    std::string_view rest;
+    return takeWord(line, "VERSION", rest) && !rest.empty() && rest[0] >= '0' && rest[0] <= '9';
+}
+
+bool isObjectLine(std::string_view line) {
+    std::string_view rest;
+    return takeWord(line, "Object", rest) && !rest.empty() && rest[0] == '=';
+}
+
+// A property may be called Begin or End: its line, with the equals sign, belongs to no block.
+bool isBeginLine(std::string_view line, std::string_view& rest) {
+    return takeWord(line, "Begin", rest) && (rest.empty() || rest[0] != '=');
+}
+
+bool isEndLine(std::string_view line) {
+    std::string_view rest;
+    return takeWord(line, "End", rest) && rest.empty();
+}
+
+std::string_view nextWord(std::string_view& text) {
+    text = withoutLeadingBlanks(text);
+    std::size_t size = 0;
+    while (size < text.size() && !isBlank(text[size])) ++size;
+    const auto word = text.substr(0, size);
+    text.remove_prefix(size);
+    return word;
+}
+
+// The text of a literal, quotes inside it doubled; empty when there is none.
+std::string literalOf(std::string_view text) {
+    std::string result;
+    text = withoutLeadingBlanks(text);
+    if (text.empty() || text[0] != '"') return result;
+    for (std::size_t i = 1; i < text.size(); ++i) {
+        if (text[i] == '"' && (++i == text.size() || text[i] != '"')) break;
+        result += text[i];
+    }
+    return result;
+}
+
+// Leaves the reader at the End of the block whose Begin it stands at.
+void passBlock(LineReader& lines) {
+    const auto beginLine = lines.number();
+    std::size_t depth = 1;
+    while (depth > 0) {
+        if (!lines.next()) throw HeaderNeverEnds(beginLine);
+        std::string_view rest;
+        if (isBeginLine(lines.line(), rest))
+            ++depth;
+        else if (isEndLine(lines.line()))
+            --depth;
+    }
+}
+
+void readDesigner(ModuleHeader& header) {
+    bool begun = header.lines.number() > 0;
+    LineReader ahead = header.lines;
+    while (ahead.next()) {
+        std::string_view rest;
+        if (isObjectLine(ahead.line())) {
+            begun = true;
+            header.lines = ahead;
+        } else if (isBeginLine(ahead.line(), rest)) {
+            header.isMdiForm = base::equalIgnoringCase(nextWord(rest), "VB.MDIForm");
+            header.designerName = nextWord(rest);
+            passBlock(ahead);
+            header.lines = ahead;
+            return;
+        } else if (!begun || !withoutLeadingBlanks(ahead.line()).empty()) {
+            return;
+        }
+    }
+}
+
+void readAttributes(ModuleHeader& header) {
+    LineReader ahead = header.lines;
+    while (ahead.next()) {
+        const auto attribute = readAttributeLine(ahead.line());
+        if (!attribute.found) return;
+        if (attribute.member.empty() && base::equalIgnoringCase(attribute.name, "VB_Name"))
+            header.attributeName = literalOf(attribute.value);
+        header.lines = ahead;
+    }
+}
+
+} // namespace
+
+ModuleHeader readModuleHeader(std::string_view bytes, ide::ComponentType type) {
+    const bool marked = bytes.substr(0, byteOrderMark.size()) == byteOrderMark;
+    ModuleHeader header{LineReader(bytes, marked ? byteOrderMark.size() : 0), {}, {}, false};
+    LineReader ahead = header.lines;
+    const bool hasVersion = ahead.next() && isVersionLine(ahead.line());
+    if (hasVersion) header.lines = ahead;
+    if (hasVersion || type != ide::ComponentType::StdModule) readDesigner(header);
+    readAttributes(header);
+    return header;
+}
+
+} // namespace corvelle::workspace
