@@ -35,9 +35,12 @@ struct AttributeLine {
 /// Reads a line without its line end; `found` is false for a line that is shown.
 AttributeLine readAttributeLine(std::string_view line);
 
-/// Whether the line may be one that the IDE hides: a test of its first character for lines without number.
+/// Whether the line's first character behind blanks lets it be one that the IDE hides. Rules out nearly every
+/// line at once.
 inline bool mayBeAttributeLine(std::string_view line) {
-    return !line.empty() && (line[0] == 'A' || line[0] == 'a' || isBlank(line[0]));
+    std::size_t blanks = 0;
+    while (blanks < line.size() && isBlank(line[blanks])) ++blanks;
+    return blanks < line.size() && (line[blanks] == 'A' || line[blanks] == 'a');
 }
 
 } // namespace corvelle::workspace

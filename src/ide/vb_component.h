@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ide/code_module.h"
+#include "ide/component_type.h"
+#include "ide/vb_form.h"
+#include "ide/window.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace corvelle::ide {
+
+/// A form, module, class or designer of a project.
+class VBComponent {
+  public:
+    virtual ~VBComponent() = default;
+
+    virtual std::string Name() = 0;
+    virtual void setName(std::string_view name) = 0;
+    virtual ComponentType Type() = 0;
+    /// Whether it has changes that are not saved.
+    virtual bool IsDirty() = 0;
+    virtual std::shared_ptr<ide::CodeModule> CodeModule() = 0;
+    /// Nothing for a module or class.
+    virtual std::shared_ptr<VBForm> Designer() = 0;
+    virtual std::shared_ptr<Window> DesignerWindow() = 0;
+    /// Opens its designer, or its code window where it has none.
+    virtual void Activate() = 0;
+    /// Saves it into the file of that name.
+    virtual void SaveAs(std::string_view fileName) = 0;
+};
+
+} // namespace corvelle::ide
