@@ -23,18 +23,6 @@ std::string_view takeNamePart(std::string_view& text) {
 
 } // namespace
 
-std::string_view withoutLeadingBlanks(std::string_view text) {
-    std::size_t blanks = 0;
-    while (blanks < text.size() && isBlank(text[blanks])) ++blanks;
-    return text.substr(blanks);
-}
-
-std::string_view withoutTrailingBlanks(std::string_view text) {
-    std::size_t size = text.size();
-    while (size > 0 && isBlank(text[size - 1])) --size;
-    return text.substr(0, size);
-}
-
 AttributeLine readAttributeLine(std::string_view line) {
     constexpr std::string_view word = "Attribute";
     std::string_view rest = withoutLeadingBlanks(line);

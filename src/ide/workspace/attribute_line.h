@@ -1,28 +1,10 @@
 #pragma once
 
-#include "base/text.h"
+#include "ide/workspace/line_text.h"
 
 #include <string_view>
 
 namespace corvelle::workspace {
-
-/// A blank inside a line: a space or a tab.
-constexpr bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
-
-/// Whether the character may stand in a name: a letter (any byte above 127 is one), a digit or an underscore.
-constexpr bool isNameCharacter(char c) {
-    const char letter = base::lower(c);
-    return (letter >= 'a' && letter <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
-           static_cast<unsigned char>(c) > 127;
-}
-
-/// The text without the blanks before it.
-std::string_view withoutLeadingBlanks(std::string_view text);
-
-/// The text without the blanks behind it.
-std::string_view withoutTrailingBlanks(std::string_view text);
 
 /// A line that the IDE hides: `Attribute Member.VB_Description = "text"`, `Attribute VB_Name = "Module1"`.
 struct AttributeLine {

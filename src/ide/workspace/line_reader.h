@@ -50,4 +50,10 @@ class LineReader {
     bool metCarriageReturn_ = false;
 };
 
+/// The file's lines, behind the UTF-8 byte order mark that it may begin with.
+inline LineReader linesOf(std::string_view bytes) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return LineReader(bytes, bytes.substr(0, mark.size()) == mark ? mark.size() : 0);
+}
+
 } // namespace corvelle::workspace

@@ -8,8 +8,6 @@ namespace corvelle::workspace {
 
 namespace {
 
-constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
 // Whether the line begins with the word; then `rest` is what follows it and the blanks after it.
 bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
     line = withoutLeadingBlanks(line);
@@ -108,8 +106,7 @@ void readAttributes(ModuleHeader& header) {
 } // namespace
 
 ModuleHeader readModuleHeader(std::string_view bytes, ide::ComponentType type) {
-    const bool marked = bytes.substr(0, byteOrderMark.size()) == byteOrderMark;
-    ModuleHeader header{LineReader(bytes, marked ? byteOrderMark.size() : 0), {}, {}, false};
+    ModuleHeader header{linesOf(bytes), {}, {}, false};
     LineReader ahead = header.lines;
     const bool hasVersion = ahead.next() && isVersionLine(ahead.line());
     if (hasVersion) header.lines = ahead;

@@ -1,0 +1,98 @@
+#include "ide/workspace/path_resolver.h"
+
+#include "base/text.h"
+
+#include <algorithm>
+#include <system_error>
+
+namespace corvelle::workspace {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string withSlashes(std::string_view written) {
+    std::string path(written);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
+[[maybe_unused]] std::string lowered(std::string_view text) {
+    std::string result(text);
+    std::transform(result.begin(), result.end(), result.begin(), [](char c) { return base::lower(c); });
+    return result;
+}
+
+// A drive's path, or one from the root of a drive or a share.
+[[maybe_unused]] bool isAbsolute(std::string_view written) {
+    return written.empty() || written[0] == '\\' || written[0] == '/' ||
+           (written.size() > 1 && written[1] == ':');
+}
+
+} // namespace
+
+fs::path pathInProject(const fs::path& folder, std::string_view written) {
+    return folder / withSlashes(written);
+}
+
+#ifdef _WIN32
+
+std::optional<fs::path> PathResolver::resolve(const fs::path& folder, std::string_view written) {
+    try {
+        auto path = pathInProject(folder, written);
+        if (!written.empty() && fs::exists(path)) return path;
+    } catch (const std::system_error&) {
+        // A name that the system cannot even spell is no file's.
+    }
+    return std::nullopt;
+}
+
+#else
+
+std::optional<fs::path> PathResolver::resolve(const fs::path& folder, std::string_view written) {
+    if (isAbsolute(written)) return std::nullopt;
+    const std::string wanted = withSlashes(written);
+    fs::path found = folder;
+    std::size_t begin = 0;
+    while (begin <= wanted.size()) {
+        const auto end = std::min(wanted.find('/', begin), wanted.size());
+        const auto name = wanted.substr(begin, end - begin);
+        begin = end + 1;
+        if (name.empty() || name == ".") continue;
+        if (name == "..") {
+            found /= name;
+            continue;
+        }
+        auto next = findIn(found, name);
+        if (!next) return std::nullopt;
+        found = std::move(*next);
+    }
+    return found;
+}
+
+std::optional<fs::path> PathResolver::findIn(const fs::path& folder, const std::string& name) {
+    std::error_code ignored;
+    fs::path exact = folder / name;
+    if (fs::exists(fs::symlink_status(exact, ignored))) return exact;
+    const auto& listing = listingOf(folder);
+    const auto matches = listing.find(lowered(name));
+    if (matches == listing.end() || matches->second.size() != 1) return std::nullopt;
+    return folder / matches->second.front();
+}
+
+const PathResolver::Listing& PathResolver::listingOf(const fs::path& folder) {
+    const auto [place, isNew] = listings_.try_emplace(folder.native());
+    if (isNew) {
+        std::error_code error;
+        fs::directory_iterator entries(folder.empty() ? fs::path(".") : folder, error);
+        for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+            const auto name = entries->path().filename().native();
+            place->second[lowered(name)].push_back(name);
+        }
+    }
+    return place->second;
+}
+
+#endif
+
+} // namespace corvelle::workspace
