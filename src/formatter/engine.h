@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace corvelle::formatter {
 
@@ -47,6 +48,8 @@ class Engine {
     void DisableProc() { cancelRequested_ = true; }
 
     const LineBuffer& lineBuffer() const { return buffer_; }
+    /// Hands the buffer over; the engine is left with an unusable one until the next ResetAll.
+    LineBuffer takeLineBuffer() { return std::move(buffer_); }
     /// Index of the line that VB_Format worked on last.
     std::int32_t position() const { return position_; }
     /// The block level after the last line.

@@ -1,0 +1,31 @@
+#include "cli/formatted_file.h"
+
+namespace corvelle::cli {
+
+bool FormattedFile::same(std::uint32_t codeLine, std::int32_t bufferIndex) const {
+    const std::string_view old = file_.codeLine(codeLine);
+    const std::string_view text = buffer_.text(bufferIndex);
+    const auto spaces = static_cast<std::size_t>(buffer_.spaces(bufferIndex));
+    return old.size() == spaces + text.size() && file_.codeLineEnd(codeLine) == file_.newLine() &&
+           old.substr(spaces) == text &&
+           old.substr(0, spaces).find_first_not_of(' ') == std::string_view::npos;
+}
+
+bool FormattedFile::changed() const {
+    if (!missingLineEnd().empty()) return true;
+    std::int32_t bufferIndex = 0;
+    for (std::uint32_t line = 0; line < file_.codeLineCount(); ++line) {
+        if (!kept_[line] || !same(line, bufferIndex++)) return true;
+    }
+    return false;
+}
+
+std::string_view FormattedFile::missingLineEnd() const {
+    // A code line is always written with its end; only a hidden last line can lack one.
+    const std::string& bytes = file_.bytes();
+    const auto& runs = file_.hiddenRuns();
+    const bool lastIsHidden = runs.empty() ? file_.codeLineCount() == 0 : runs.back().end == bytes.size();
+    return lastIsHidden && !bytes.empty() && bytes.back() != '\n' ? file_.newLine() : std::string_view();
+}
+
+} // namespace corvelle::cli

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/module_source.h"
+
+#include <string>
+#include <vector>
+
+namespace corvelle::cli {
+
+/// What the paths of a command line stand for: module files, projects (all their modules), project groups
+/// (all their projects), directories (every module file below) and "-" (standard input, named `stdinName` or
+/// "<stdin>"). In the order of the arguments, then of the project's lines, then of names; a file that is
+/// reached twice stands at its first place only. What cannot be found or read is a problem in its place.
+struct SourceList {
+    std::vector<ModuleSource> sources;
+    std::vector<std::string> notes; ///< worth telling, no failure: a directory or project without modules
+};
+SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName);
+
+} // namespace corvelle::cli

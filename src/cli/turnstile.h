@@ -1,0 +1,39 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <mutex>
+
+namespace corvelle::cli {
+
+/// Lets numbered workers through one after the other, 0 first. Each number must pass exactly once.
+class Turnstile {
+  public:
+    /// Runs the function when all smaller numbers have passed. The turn is given on even if it throws.
+    template <class Function>
+    void pass(std::size_t number, Function&& function) {
+        std::unique_lock lock(mutex_);
+        moved_.wait(lock, [&] { return next_ == number; });
+        lock.unlock();
+        const struct Next {
+            Turnstile& turnstile;
+            ~Next() { turnstile.giveOn(); }
+        } next{*this};
+        function();
+    }
+
+  private:
+    void giveOn() {
+        {
+            const std::lock_guard lock(mutex_);
+            ++next_;
+        }
+        moved_.notify_all();
+    }
+
+    std::mutex mutex_;
+    std::condition_variable moved_;
+    std::size_t next_ = 0;
+};
+
+} // namespace corvelle::cli
