@@ -1,0 +1,153 @@
+#include "forms/form.h"
+
+#include "base/run_time_error.h"
+#include "forms/desktop.h"
+
+#include <utility>
+
+namespace corvelle::forms {
+
+Form::Form(Desktop& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
+
+Form::~Form() = default;
+
+void Form::load() {
+    if (state_ != State::NotLoaded) return;
+    state_ = State::Designing;
+    window_ = Window();
+    resetControls();
+    design();
+    peer_ = desktop_.makePeer(*this);
+    state_ = State::Loaded;
+    Form_Load();
+}
+
+void Form::show() {
+    const auto alive = shared_from_this();
+    load();
+    if (window_.visible) return peer_->bringToFront();
+    window_.visible = true;
+    peer_->show();
+}
+
+void Form::showModal() {
+    const auto alive = shared_from_this();
+    load();
+    desktop_.runModal(*this);
+}
+
+void Form::hide() {
+    load();
+    if (!window_.visible) return;
+    window_.visible = false;
+    peer_->hide();
+}
+
+bool Form::unload(UnloadMode mode) {
+    if (state_ != State::Loaded) return true;
+    const auto alive = shared_from_this();
+    state_ = State::Unloading;
+    const struct Asking { // an error in a handler cancels the unload
+        Form& form;
+        ~Asking() {
+            if (form.state_ == State::Unloading) form.state_ = State::Loaded;
+        }
+    } asking{*this};
+    bool cancel = false;
+    Form_QueryUnload(cancel, mode);
+    if (!cancel) Form_Unload(cancel);
+    if (cancel) return false;
+    window_.visible = false;
+    peer_.reset();
+    state_ = State::NotLoaded;
+    return true;
+}
+
+void Form::setCaption(const std::string& caption) {
+    load();
+    if (window_.caption == caption) return;
+    window_.caption = caption;
+    if (peer_) peer_->formChanged(FormAspect::Caption);
+}
+
+void Form::setIcon(const Picture& icon) {
+    load();
+    window_.icon = icon;
+    if (peer_) peer_->formChanged(FormAspect::Icon);
+}
+
+void Form::setMousePointer(MousePointer pointer) {
+    load();
+    window_.mousePointer = pointer;
+    if (peer_) peer_->formChanged(FormAspect::MousePointer);
+}
+
+void Form::setSize(Size size) {
+    load();
+    if (window_.size == size) return;
+    window_.size = size;
+    if (peer_) peer_->formChanged(FormAspect::Size);
+}
+
+void Form::setEnabled(bool enabled) {
+    if (!isLoaded() || window_.enabled == enabled) return;
+    window_.enabled = enabled;
+    if (peer_) peer_->formChanged(FormAspect::Enabled);
+}
+
+Control* Form::activeControl() {
+    load();
+    return peer_ ? peer_->focused() : nullptr;
+}
+
+void Form::run(const std::function<void()>& handler) {
+    const auto alive = shared_from_this();
+    try {
+        // The handler may unload the form and so let go of what it was copied from.
+        const auto kept = handler;
+        kept();
+    } catch (const base::RunTimeError& error) {
+        desktop_.msgBox(error.description(), 0);
+    } catch (const std::bad_alloc&) {
+        desktop_.msgBox(base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)), 0);
+    }
+}
+
+void Form::userClosed() {
+    run([this] { unload(UnloadMode::CloseBox); });
+}
+
+void Form::userActivated() {
+    if (state_ == State::Loaded) run([this] { Form_Activate(); });
+}
+
+void Form::userClicked() {
+    run([this] { Form_Click(); });
+}
+
+void Form::userMovedMouse() {
+    run([this] { Form_MouseMove(); });
+}
+
+void Form::userReleasedKey(int keyCode) {
+    run([this, keyCode] { Form_KeyUp(keyCode); });
+}
+
+void Form::userResized(Size clientArea) {
+    window_.size = clientArea;
+    run([this] { Form_Resize(); });
+}
+
+void Form::controlChanged(Control& control, Aspect aspect) {
+    if (peer_) peer_->controlChanged(control, aspect);
+}
+
+void Form::focus(Control& control) {
+    if (peer_) peer_->focus(control);
+}
+
+void Form::resetControls() {
+    for (Control* control : controls_) control->reset();
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "forms/control.h"
+
+namespace corvelle::forms {
+
+enum class FormAspect { Caption, Icon, MousePointer, Size, Enabled };
+
+/// The window behind a loaded form. It reads the form's and the controls' properties when it is made and when
+/// it is told that one changed, and calls their user...() functions for what the user does.
+class FormPeer {
+  public:
+    virtual ~FormPeer() = default;
+
+    virtual void show() = 0;
+    virtual void hide() = 0;
+    virtual void bringToFront() = 0;
+    virtual void formChanged(FormAspect aspect) = 0;
+    virtual void controlChanged(Control& control, Aspect aspect) = 0;
+    /// Moves the keyboard focus to a control that can be reached.
+    virtual void focus(Control& control) = 0;
+    /// The control that has the keyboard focus; null if none has.
+    virtual Control* focused() = 0;
+};
+
+} // namespace corvelle::forms
