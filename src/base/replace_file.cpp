@@ -24,7 +24,7 @@ FileError refused(ErrorNumber number) {
 
 // What the new file takes over from the old one. Windows hands permissions down from the folder.
 struct Permissions {
-    static constexpr unsigned mode = 0666;
+    static unsigned initialMode() { return 0666; }
 };
 
 Permissions permissionsOf(const fs::path&, const fs::file_status&) {
@@ -39,7 +39,10 @@ void flushFolder(const fs::path&) {}
 
 struct Permissions {
     unsigned mode = 0666;
-    std::optional<std::pair<uid_t, gid_t>> owner;
+    std::optional<std::pair<uid_t, gid_t>> owner; // none where there is no old file
+
+    // The old file's group may not be this process's: nobody else sees the new file before it is given away.
+    unsigned initialMode() const { return owner ? mode & 0700 : mode; }
 };
 
 Permissions permissionsOf(const fs::path& path, const fs::file_status& status) {
@@ -149,7 +152,7 @@ void replaceFile(const fs::path& path, const std::function<void(FileWriter&)>& w
     const auto permissions = permissionsOf(target, status);
 
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    TemporaryFile temporary(folder, permissions.mode & 0777, target);
+    TemporaryFile temporary(folder, permissions.initialMode(), target);
     FileWriter writer(temporary.number(), path);
     write(writer);
     writer.flush();
