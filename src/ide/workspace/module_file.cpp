@@ -28,7 +28,8 @@ ModuleFile::ModuleFile(std::string bytes, ide::ComponentType type) : bytes_(std:
         throw std::length_error("The file is larger than 4 GiB");
     auto header = readModuleHeader(bytes_, type);
     if (header.isMdiForm) type_ = ide::ComponentType::VBMDIForm;
-    name_ = std::move(header.attributeName.empty() ? header.designerName : header.attributeName);
+    hasNameAttribute_ = !header.attributeName.empty();
+    name_ = std::move(hasNameAttribute_ ? header.attributeName : header.designerName);
     headerEnd_ = static_cast<std::uint32_t>(header.lines.position());
     headerLines_ = header.lines.number();
     readCode(header.lines);

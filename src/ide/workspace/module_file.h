@@ -46,6 +46,8 @@ class ModuleFile {
     ide::ComponentType type() const { return type_; }
     /// The `VB_Name` attribute, else the outermost designer block's name, else empty.
     const std::string& name() const { return name_; }
+    /// Whether the name is the attribute's.
+    bool hasNameAttribute() const { return hasNameAttribute_; }
 
     std::uint32_t codeLineCount() const { return static_cast<std::uint32_t>(lines_.size()); }
     /// Code line 0 to codeLineCount() - 1, without its line end.
@@ -76,6 +78,7 @@ class ModuleFile {
     std::string bytes_;
     ide::ComponentType type_;
     std::string name_;
+    bool hasNameAttribute_ = false;
     std::uint32_t headerEnd_ = 0;
     std::uint32_t headerLines_ = 0;
     std::vector<Line> lines_;
