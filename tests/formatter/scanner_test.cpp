@@ -103,6 +103,11 @@ TEST(CheckChar, looksAtTheCharacterWithinTheTextWhateverMustBe) {
     EXPECT_FALSE(Scanner::CheckChar("ab", 2, 32, true));
 }
 
+TEST(CheckChar, isFalseBeforeTheText) {
+    EXPECT_FALSE(Scanner::CheckChar(" a", 0, 32));
+    EXPECT_FALSE(Scanner::CheckChar(" a", -1, 32));
+}
+
 TEST(CheckChar, comparesCodesAbove127) {
     EXPECT_TRUE(Scanner::CheckChar("\xE4", 1, 0xE4));
     EXPECT_FALSE(Scanner::CheckChar("\xE4", 1, 0xC4));
