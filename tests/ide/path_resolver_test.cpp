@@ -1,0 +1,100 @@
+#include "base/temporary_folder.h"
+#include "ide/workspace/path_resolver.h"
+
+#include <gtest/gtest.h>
+
+namespace corvelle::workspace {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TemporaryFolder;
+
+TEST(PathInProject, TurnsBackslashes) {
+    EXPECT_EQ(pathInProject("dir", "..\\Shared\\x.bas"), fs::path("dir/../Shared/x.bas"));
+    EXPECT_EQ(pathInProject("", "a\\x.bas"), fs::path("a/x.bas"));
+}
+
+TEST(PathResolver, TakesTheExactNameFirst) {
+    const TemporaryFolder folder;
+    folder.write("Module1.bas", "");
+    folder.write("MODULE1.BAS", "");
+    PathResolver resolver;
+    EXPECT_EQ(resolver.resolve(folder.path(), "Module1.bas"), folder.path() / "Module1.bas");
+    EXPECT_EQ(resolver.resolve(folder.path(), "MODULE1.BAS"), folder.path() / "MODULE1.BAS");
+}
+
+TEST(PathResolver, ElseTheOnlyNameInAnotherCase) {
+    const TemporaryFolder folder;
+    folder.write("Forms/FrmMain.Frm", "");
+    PathResolver resolver;
+    EXPECT_EQ(resolver.resolve(folder.path(), "FORMS\\frmmain.frm"), folder.path() / "Forms/FrmMain.Frm");
+    EXPECT_EQ(resolver.resolve(folder.path(), "Forms\\frmmain.frm"), folder.path() / "Forms/FrmMain.Frm");
+    EXPECT_EQ(resolver.resolve(folder.path(), "Forms/FrmMain.Frm"), folder.path() / "Forms/FrmMain.Frm");
+}
+
+TEST(PathResolver, DoesNotChooseBetweenTwo) {
+    const TemporaryFolder folder;
+    folder.write("A.bas", "");
+    folder.write("a.BAS", "");
+    EXPECT_EQ(PathResolver().resolve(folder.path(), "a.bas"), std::nullopt);
+}
+
+TEST(PathResolver, FoldsAsciiLettersOnly) {
+    const TemporaryFolder folder;
+    folder.write("\xC4.bas", "");
+    PathResolver resolver;
+    EXPECT_EQ(resolver.resolve(folder.path(), "\xC4.BAS"), folder.path() / "\xC4.bas");
+    EXPECT_EQ(resolver.resolve(folder.path(), "\xE4.bas"), std::nullopt);
+}
+
+TEST(PathResolver, GoesOutsideTheFolder) {
+    const TemporaryFolder folder;
+    folder.write("Shared/X.bas", "");
+    folder.write("App/p.vbp", "");
+    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", "..\\SHARED\\x.bas"),
+              folder.path() / "App/../Shared/X.bas");
+    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", ".\\..\\\\Shared\\X.bas"),
+              folder.path() / "App/../Shared/X.bas");
+}
+
+TEST(PathResolver, FindsSymbolicLinks) {
+    const TemporaryFolder folder;
+    folder.write("real/a.bas", "");
+    fs::create_symlink("real", folder.path() / "Link");
+    fs::create_symlink("nowhere", folder.path() / "Dangling.bas");
+    PathResolver resolver;
+    EXPECT_EQ(resolver.resolve(folder.path(), "LINK\\A.BAS"), folder.path() / "Link/a.bas");
+    EXPECT_EQ(resolver.resolve(folder.path(), "dangling.bas"), folder.path() / "Dangling.bas");
+}
+
+TEST(PathResolver, MissesWhatIsNotThere) {
+    const TemporaryFolder folder;
+    folder.write("a.bas", "");
+    PathResolver resolver;
+    for (const char* written : {"b.bas", "none\\a.bas", "a.bas\\b", "", "\\\\server\\share\\a.bas",
+                                "C:\\a.bas", "c:a.bas", "\\a.bas", "/a.bas"})
+        EXPECT_EQ(resolver.resolve(folder.path(), written), std::nullopt) << written;
+    EXPECT_EQ(resolver.resolve(folder.path() / "none", "a.bas"), std::nullopt);
+}
+
+TEST(PathResolver, LooksInTheCurrentFolder) {
+    const TemporaryFolder folder;
+    folder.write("Module1.bas", "");
+    const auto before = fs::current_path();
+    fs::current_path(folder.path());
+    EXPECT_EQ(PathResolver().resolve("", "MODULE1.bas"), fs::path("Module1.bas"));
+    fs::current_path(before);
+}
+
+TEST(PathResolver, ListsAFolderOnce) {
+    const TemporaryFolder folder;
+    folder.write("A.bas", "");
+    PathResolver resolver;
+    EXPECT_TRUE(resolver.resolve(folder.path(), "a.bas"));
+    fs::rename(folder.path() / "A.bas", folder.path() / "B.bas");
+    EXPECT_FALSE(resolver.resolve(folder.path(), "b.bas")) << "listed again";
+    EXPECT_TRUE(resolver.resolve(folder.path(), "B.bas"));
+}
+
+} // namespace
+} // namespace corvelle::workspace
