@@ -17,8 +17,8 @@ void Form::load() {
     window_ = Window();
     resetControls();
     design();
-    peer_ = desktop_.makePeer(*this);
     state_ = State::Loaded;
+    peer_ = desktop_.makePeer(*this);
     Form_Load();
 }
 

@@ -1,0 +1,34 @@
+#include "forms/canvas.h"
+
+#include <algorithm>
+
+namespace corvelle::forms {
+
+void Canvas::resize(int width, int height, Colour colour) {
+    width_ = std::max(width, 0);
+    height_ = std::max(height, 0);
+    pixels_.assign(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), colour);
+}
+
+void Canvas::clear(Colour colour) {
+    std::fill(pixels_.begin(), pixels_.end(), colour);
+}
+
+void Canvas::fillBox(int x1, int y1, int x2, int y2, Colour colour) {
+    const int left = std::max(std::min(x1, x2), 0);
+    const int right = std::min(std::max(x1, x2), width_);
+    const int top = std::max(std::min(y1, y2), 0);
+    const int bottom = std::min(std::max(y1, y2), height_);
+    if (left >= right) return;
+    for (int y = top; y < bottom; ++y) {
+        const auto row = pixels_.begin() + static_cast<std::ptrdiff_t>(index(0, y));
+        std::fill(row + left, row + right, colour);
+    }
+}
+
+void Canvas::outlineBox(int x1, int y1, int x2, int y2, Colour outline, Colour fill) {
+    fillBox(x1, y1, x2, y2, outline);
+    fillBox(x1 + 1, y1 + 1, x2 - 1, y2 - 1, fill);
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "forms/control.h"
+
+#include <string>
+#include <utility>
+
+namespace corvelle::forms {
+
+/// A control with a caption. `&` marks the accelerator, `&&` is a plain ampersand.
+class Captioned : public Control {
+  public:
+    using Control::Control;
+
+    const std::string& caption() const { return touch(), caption_; }
+    void setCaption(const std::string& caption) { change(caption_, caption, Aspect::Text); }
+
+    void reset() override {
+        Control::reset();
+        caption_.clear();
+    }
+
+  private:
+    std::string caption_;
+};
+
+} // namespace corvelle::forms

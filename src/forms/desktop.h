@@ -1,0 +1,64 @@
+#pragma once
+
+#include "forms/application.h"
+#include "forms/colour.h"
+#include "forms/form_peer.h"
+#include "forms/message_box.h"
+#include "forms/settings.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace corvelle::forms {
+
+class CommonDialog;
+class Form;
+class Timer;
+
+/// The window system as our windows see it. One thread uses it.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+
+    Application application;
+
+    virtual Settings& settings() = 0;
+    /// The window behind a form that loads; it is not visible yet.
+    virtual std::unique_ptr<FormPeer> makePeer(Form& form) = 0;
+
+    /// Serves every message that waits, and returns. Any handler may run inside.
+    virtual void doEvents() = 0;
+    /// The body of an otherwise empty wait loop: sleeps until a message comes, serves what waits. False when
+    /// the program quits; then the loop has to end.
+    virtual bool waitForEvents() = 0;
+    /// Whether the program has been told to quit.
+    virtual bool isQuitting() const = 0;
+    /// Shows the form above all other windows of the thread, which are disabled meanwhile, and returns when
+    /// it is hidden or unloaded or the program quits.
+    virtual void runModal(Form& form) = 0;
+
+    /// Shows a message box and returns the answer; an empty title stands for the application's. A lone
+    /// carriage return in the text breaks the line.
+    int msgBox(const std::string& text, int flags, const std::string& title = std::string()) {
+        return showMessageBox(text, flags, title.empty() ? application.title : title);
+    }
+    /// Shows the file dialog; none when the user cancels.
+    virtual std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) = 0;
+    /// Shows HTML help: command 1 the contents, 15 the topic of a context number. The caller is the control
+    /// that asks, or null.
+    virtual void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) = 0;
+
+    /// The red-green-blue colour that a colour stands for now.
+    virtual Colour resolve(Colour colour) const = 0;
+
+    /// Ticks the timer every so many milliseconds, the first time after a full interval.
+    virtual void startTimer(Timer& timer, std::int32_t interval) = 0;
+    virtual void stopTimer(Timer& timer) = 0;
+
+  protected:
+    virtual int showMessageBox(const std::string& text, int flags, const std::string& title) = 0;
+};
+
+} // namespace corvelle::forms

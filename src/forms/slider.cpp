@@ -1,0 +1,28 @@
+#include "forms/slider.h"
+
+#include "base/run_time_error.h"
+
+namespace corvelle::forms {
+
+void Slider::setValue(int value) {
+    touch();
+    if (value < range_.min || value > range_.max) {
+        throw base::RunTimeError(base::ErrorNumber::InvalidPropertyValue);
+    }
+    if (change(value_, value, Aspect::Value)) raise(onChange);
+}
+
+void Slider::userDragged(int value) {
+    if (value == this->value()) return;
+    value_ = value;
+    raise(onScroll);
+    raise(onChange);
+}
+
+void Slider::reset() {
+    Control::reset();
+    range_ = Range();
+    value_ = 0;
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,43 @@
+#include "forms/timer.h"
+
+#include "base/run_time_error.h"
+#include "forms/desktop.h"
+
+namespace corvelle::forms {
+
+Timer::~Timer() {
+    if (running_) desktop_.stopTimer(*this);
+}
+
+void Timer::setInterval(std::int32_t milliseconds) {
+    if (milliseconds < 0 || milliseconds > 65535) {
+        throw base::RunTimeError(base::ErrorNumber::InvalidPropertyValue);
+    }
+    if (interval_ == milliseconds) return;
+    interval_ = milliseconds;
+    restart();
+}
+
+void Timer::setEnabled(bool enabled) {
+    if (enabled_ == enabled) return;
+    enabled_ = enabled;
+    restart();
+}
+
+void Timer::restart() {
+    if (running_) desktop_.stopTimer(*this);
+    running_ = enabled_ && interval_ > 0;
+    if (running_) desktop_.startTimer(*this, interval_);
+}
+
+void Timer::ticked() {
+    if (!enabled_ || inHandler_ || !onTimer) return;
+    inHandler_ = true;
+    const struct Done {
+        bool& flag;
+        ~Done() { flag = false; }
+    } done{inHandler_};
+    onTimer();
+}
+
+} // namespace corvelle::forms
