@@ -1,0 +1,5 @@
+Public Sub Quit()
+    If mDirty Then
+    End ' without saving
+End If
+End Sub

@@ -1,0 +1,6 @@
+Sub Main()
+    
+    Beep
+    
+End Sub
+

@@ -1,0 +1,4 @@
+DefInt A-Z
+Sub Main()
+  n = 1
+End Sub

@@ -1,0 +1,7 @@
+Option Explicit
+Private Sub Form_Load()
+        Me.Caption = "Start"
+        If mOn Then
+                Show
+        End If
+End Sub

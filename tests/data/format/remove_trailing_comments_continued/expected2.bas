@@ -1,0 +1,6 @@
+Option Explicit
+Public Sub Fill()
+  x = 1
+  and more
+  y = 2
+End Sub

@@ -1,0 +1,6 @@
+Option Explicit
+Public Sub Fill()
+    x = 1 ' first _
+    and more
+    y = 2
+End Sub
