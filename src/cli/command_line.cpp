@@ -4,9 +4,12 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <exception>
 #include <iostream>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace corvelle::cli {
 
@@ -14,22 +17,69 @@ namespace {
 
 constexpr unsigned mostJobs = 1024;
 
+// The parser takes an argument in brackets for a list and splits it. A byte that no argument can hold keeps
+// it whole until it has arrived.
+constexpr char keptWhole = '\0';
+
+std::vector<std::string> argumentsLastFirst(int argc, const char* const* argv) {
+    std::vector<std::string> arguments;
+    for (int i = argc - 1; i > 0; --i) {
+        std::string& argument = arguments.emplace_back(argv[i]);
+        if (!argument.empty() && argument.front() == '[' && argument.back() == ']') argument += keptWhole;
+    }
+    return arguments;
+}
+
+CLI::Validator asGiven() {
+    const auto restore = [](std::string& text) {
+        if (!text.empty() && text.back() == keptWhole) text.pop_back();
+        return std::string();
+    };
+    return CLI::Validator(restore, "");
+}
+
+// Decimal digits alone; the parser would read a leading zero as octal.
+CLI::Validator wholeNumber(unsigned lowest, unsigned highest) {
+    const auto read = [lowest, highest](std::string& text) {
+        unsigned value = 0;
+        const char* const end = text.data() + text.size();
+        const auto [rest, error] = std::from_chars(text.data(), end, value);
+        if (error != std::errc() || rest != end || value < lowest || value > highest) {
+            return text + " is not a whole number from " + std::to_string(lowest) + " to " +
+                   std::to_string(highest);
+        }
+        text = std::to_string(value);
+        return std::string();
+    };
+    return CLI::Validator(read, "");
+}
+
 void addFormat(CLI::App& app, FormatSettings& settings) {
     CLI::App& format = *app.add_subcommand("format", "Re-indent Visual Basic 6 modules block by block");
     format.footer(
-        "PATH is a module file, a project (.vbp), a project group (.vbg), a directory, or - for one\n"
-        "module from standard input to standard output.\n\n"
-        "Exit status: 0 done; 1 something must be looked at (structural errors, unsafe lines, files that\n"
-        "would change with --check); 2 wrong usage, or a file that could not be read or written.");
-    format.add_option("PATH", settings.paths, "What to format")->required();
-    format.add_option("--tab-width", settings.options.mTab, "Spaces per level, 0 to 10")
-        ->check(CLI::Range(0, 10))
-        ->capture_default_str();
-    format.add_flag("--remove-empty-lines", settings.options.bNoEmpty, "Remove all empty lines");
-    format.add_flag("--remove-comment-lines", settings.options.bNoCmntLn,
-                    "Remove all lines which have only comments");
-    format.add_flag("--remove-trailing-comments", settings.options.bNoAllCmnt,
-                    "Remove trailing comments from code lines");
+        "PATH is a module file (.bas, .cls, .frm, .ctl, .pag, .dob, .dsr), a project (.vbp: all its\n"
+        "modules), a project group (.vbg: all its projects), a directory (every module file below it), or\n"
+        "- for one module from standard input to standard output.\n\n"
+        "Exit status: 0 done; 1 something must be looked at (structural errors, unsafe lines, a header that\n"
+        "never ends, files that would change with --check); 2 wrong usage, or a file that could not be read\n"
+        "or written. The largest one that applies wins.");
+    const auto option = [&format](const char* name, auto& value, const char* text, const char* description) {
+        return format.add_option(name, value, description)->take_last()->option_text(text);
+    };
+    const auto removal = [&format](const char* name, std::uint8_t& flag, const char* description) {
+        format.add_flag_callback(
+            name, [&flag] { flag = 1; }, description);
+    };
+    format.add_option("PATH", settings.paths, "What to format")
+        ->required()
+        ->option_text("...")
+        ->transform(asGiven());
+    option("--tab-width", settings.options.mTab, "N", "Spaces per level, 0 to 10; default 2")
+        ->transform(wholeNumber(0, 10));
+    removal("--remove-empty-lines", settings.options.bNoEmpty, "Remove all empty lines");
+    removal("--remove-comment-lines", settings.options.bNoCmntLn, "Remove lines that have only comments");
+    removal("--remove-trailing-comments", settings.options.bNoAllCmnt,
+            "Remove trailing comments from code lines");
     format.add_flag("--check", settings.check,
                     "Write nothing; print the path of every file that would change");
     format.add_flag("--diff", settings.diff,
@@ -37,18 +87,20 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
     format.add_flag("--stdout", settings.toStandardOutput, "Write nothing; print the formatted file");
     format.add_flag("--force", settings.force,
                     "Write or print the result although structural errors or unsafe lines were found");
-    format.add_option("--backup-dir", settings.backupDir, "Save a file's code there before it is rewritten")
-        ->option_text("DIR");
-    format.add_option("--stdin-name", settings.stdinName, "The name of the module on standard input")
-        ->option_text("NAME");
-    format
-        .add_option("--jobs", settings.jobs, "Modules formatted at once (default: the number of processors)")
-        ->check(CLI::Range(1U, mostJobs))
-        ->option_text("N");
+    option("--backup-dir", settings.backupDir, "DIR", "Save a file's code there before it is rewritten")
+        ->transform(asGiven());
+    option("--stdin-name", settings.stdinName, "NAME",
+           "What to call - in messages; its ending tells the kind of module")
+        ->transform(asGiven());
+    option("--jobs", settings.jobs, "N", "Modules formatted at once; default: the number of processors")
+        ->transform(wholeNumber(1, mostJobs));
     format.add_flag("--quiet", settings.quiet, "No lines but errors and results");
     format.callback([&settings] {
         if (settings.toStandardOutput && (settings.check || settings.diff)) {
             throw CLI::ValidationError("--stdout", "cannot be used with --check or --diff");
+        }
+        if (settings.backupDir && settings.backupDir->empty()) {
+            throw CLI::ValidationError("--backup-dir", "the folder's name is empty");
         }
     });
 }
@@ -58,14 +110,18 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
 int runCommandLine(int argc, const char* const* argv) {
     CLI::App app("The code formatter for Visual Basic 6 projects, without the IDE", "corvelle");
     app.set_version_flag("--version", "corvelle " CORVELLE_VERSION);
-    app.require_subcommand(1);
+    app.require_subcommand(0, 1);
     FormatSettings settings;
     settings.jobs = std::clamp(std::thread::hardware_concurrency(), 1U, mostJobs);
     addFormat(app, settings);
     try {
-        app.parse(argc, argv);
+        app.parse(argumentsLastFirst(argc, argv));
+        if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
     } catch (const CLI::Success& asked) { // --help, --version
-        return app.exit(asked);
+        app.exit(asked);
+        if (std::cout.flush()) return exitDone;
+        std::cerr << "standard output: could not be written" << std::endl;
+        return exitFailed;
     } catch (const CLI::ParseError& error) {
         app.exit(error);
         return exitFailed;
