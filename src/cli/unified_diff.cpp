@@ -1,5 +1,7 @@
 #include "cli/unified_diff.h"
 
+#include <algorithm>
+
 namespace corvelle::cli {
 
 namespace {
@@ -9,6 +11,26 @@ std::string range(std::size_t begin, std::size_t count) {
     std::string text = std::to_string(count == 0 ? begin : begin + 1);
     if (count != 1) text.append(1, ',').append(std::to_string(count));
     return text;
+}
+
+// A path as the head of a diff takes it: a tab ends one with blanks, quotes hold one with stranger
+// characters.
+std::string headPath(std::string_view path) {
+    const auto isStrange = [](char c) { return static_cast<unsigned char>(c) < 32 || c == '"' || c == '\\'; };
+    if (std::none_of(path.begin(), path.end(), isStrange)) {
+        return std::string(path) + (path.find(' ') == std::string_view::npos ? "" : "\t");
+    }
+    std::string quoted = "\"";
+    for (const char c : path) {
+        if (static_cast<unsigned char>(c) < 32) {
+            const unsigned code = static_cast<unsigned char>(c);
+            quoted += {'\\', '0', static_cast<char>('0' + code / 8), static_cast<char>('0' + code % 8)};
+        } else {
+            if (isStrange(c)) quoted += '\\';
+            quoted += c;
+        }
+    }
+    return quoted += '"';
 }
 
 } // namespace
@@ -38,7 +60,8 @@ void UnifiedDiff::closeHunk() {
     endRun();
     if (hunk_.empty()) return;
     if (!headWritten_) {
-        sink_("--- " + path_ + "\n+++ " + path_ + "\n");
+        const std::string path = headPath(path_);
+        sink_("--- " + path + "\n+++ " + path + "\n");
         headWritten_ = true;
     }
     sink_("@@ -" + range(hunkOld_, oldCount_) + " +" + range(hunkNew_, newCount_) + " @@\n");
