@@ -4,8 +4,9 @@
 
 namespace corvelle::cli {
 
-/// Whether the bytes are no text: in the first 64 KiB, NUL bytes at the very end aside, at least two and more
-/// than one byte in twenty are control characters other than tab, line end and form feed.
-bool looksBinary(std::string_view bytes);
+/// What the bytes are if they are no 8-bit text ("a binary file", "UTF-16 text"); empty for text. They are
+/// none if in their first 64 KiB, NUL bytes at the very end aside, at least two and more than one byte in
+/// twenty are control characters other than tab, line end and form feed.
+std::string_view whatInsteadOfText(std::string_view bytes);
 
 } // namespace corvelle::cli

@@ -4,12 +4,15 @@
 #include "cli/format_job.h"
 #include "cli/progress.h"
 #include "cli/source_list.h"
+#include "cli/standard_streams.h"
 #include "cli/turnstile.h"
 
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <exception>
 #include <iostream>
+#include <system_error>
 #include <thread>
 
 namespace corvelle::cli {
@@ -20,26 +23,36 @@ namespace {
 // printed in the modules' order, whatever the number of workers.
 class Run {
   public:
-    Run(const FormatSettings& settings, const std::vector<ModuleSource>& sources)
-        : settings_(settings), sources_(sources), progress_(sources.size(), settings.quiet) {}
+    Run(const FormatSettings& settings, const SourceList& list)
+        : settings_(settings), list_(list), sources_(list.sources),
+          progress_(sources_.size(), settings.quiet) {}
 
     int run() {
-        const std::size_t helpers = std::min<std::size_t>(settings_.jobs, sources_.size());
-        std::vector<std::thread> threads;
-        for (std::size_t i = 1; i < helpers; ++i) threads.emplace_back([this] { work(); });
+        std::vector<std::thread> threads = startHelpers();
         work();
         for (std::thread& thread : threads) thread.join();
-        if (sources_.size() > 1 && !settings_.quiet) printTotals();
+        if (list_.moduleCount() > 1 && !settings_.quiet) printTotals();
         return status_;
     }
 
   private:
+    std::vector<std::thread> startHelpers() {
+        std::vector<std::thread> threads;
+        const std::size_t workers = std::min<std::size_t>(settings_.jobs, sources_.size());
+        try {
+            while (threads.size() + 1 < workers) threads.emplace_back([this] { work(); });
+        } catch (const std::system_error&) {
+            // The system has no more threads to give: the ones that run do all the work.
+        }
+        return threads;
+    }
+
     void work() {
         for (std::size_t i = next_++; i < sources_.size(); i = next_++) {
             FormatJob job(sources_[i], settings_);
             job.format();
             if (settings_.backupDir) names_.pass(i, [&] { job.chooseBackup(backupNames_); });
-            job.save();
+            job.save(list_.realPaths);
             output_.pass(i, [&] { print(job); });
         }
     }
@@ -48,9 +61,14 @@ class Run {
     void print(const FormatJob& job) {
         progress_.clear();
         try {
-            job.print(out_, err_);
-        } catch (const base::FileError& error) {
-            if (!outputFailed_) std::cerr << "standard output: " << error.description() << std::endl;
+            job.printMessages(err_);
+        } catch (const base::FileError&) {
+            // Nobody reads the messages; what was asked for is done all the same.
+        }
+        try {
+            if (!outputFailed_) job.printResult(out_);
+        } catch (const std::exception& error) {
+            std::cerr << "standard output: " << error.what() << std::endl;
             outputFailed_ = true;
             status_ = exitFailed;
         }
@@ -72,6 +90,7 @@ class Run {
     }
 
     const FormatSettings& settings_;
+    const SourceList& list_;
     const std::vector<ModuleSource>& sources_;
     const std::filesystem::path outName_ = "standard output", errName_ = "standard error";
     base::FileWriter out_{1, outName_};
@@ -80,7 +99,7 @@ class Run {
     std::atomic<std::size_t> next_ = 0;
     Turnstile names_, output_;
     BackupNames backupNames_;
-    std::array<std::size_t, 4> fates_{};
+    std::array<std::size_t, 5> fates_{};
     int status_ = exitDone;
     bool outputFailed_ = false;
 };
@@ -89,14 +108,12 @@ class Run {
 
 int runFormat(const FormatSettings& settings) {
     const SourceList list = listSources(settings.paths, settings.stdinName);
-    if (settings.toStandardOutput && list.sources.size() > 1) {
-        std::cerr << "--stdout: takes one module, not " << list.sources.size() << std::endl;
+    if (settings.toStandardOutput && list.moduleCount() > 1) {
+        std::cerr << "--stdout: takes one module, not " << list.moduleCount() << std::endl;
         return exitFailed;
     }
-    if (!settings.quiet) {
-        for (const std::string& note : list.notes) std::cerr << note << '\n';
-    }
-    return Run(settings, list.sources).run();
+    if (settings.writesFiles()) outliveReaders(); // half a project formatted is not what they wanted
+    return Run(settings, list).run();
 }
 
 } // namespace corvelle::cli

@@ -1,7 +1,6 @@
 #include "cli/format_job.h"
 
 #include "base/run_time_error.h"
-#include "base/text.h"
 #include "cli/binary_check.h"
 #include "cli/formatted_file.h"
 #include "cli/unified_diff.h"
@@ -10,6 +9,8 @@
 
 #include <algorithm>
 #include <new>
+#include <stdexcept>
+#include <system_error>
 #include <utility>
 
 namespace corvelle::cli {
@@ -19,18 +20,27 @@ using workspace::ModuleFile;
 
 namespace {
 
-bool beginsWithVersion(std::string_view bytes) {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (bytes.substr(0, byteOrderMark.size()) == byteOrderMark) bytes.remove_prefix(byteOrderMark.size());
-    const auto word = bytes.find_first_not_of(" \t");
-    return word != std::string_view::npos && base::startsWithIgnoringCase(bytes.substr(word), "VERSION ");
-}
-
 // A module's name becomes part of a file's name: one that would lead elsewhere is not used.
 bool isPlainName(std::string_view name) {
     return !name.empty() && name.find_first_of("/\\:*?\"<>|") == std::string_view::npos &&
            std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
+
+// Finds the code lines that the buffer's lines come from. Ask in ascending order.
+class Origins {
+  public:
+    explicit Origins(const std::vector<bool>& kept) : kept_(kept) {}
+
+    std::uint32_t codeLineOf(std::int32_t bufferIndex) {
+        while (!kept_[line_] || index_ < bufferIndex) index_ += kept_[line_++] ? 1 : 0;
+        return line_;
+    }
+
+  private:
+    const std::vector<bool>& kept_;
+    std::uint32_t line_ = 0;
+    std::int32_t index_ = 0; // of the buffer's next line
+};
 
 } // namespace
 
@@ -43,12 +53,15 @@ struct FormatJob::Errors : formatter::PassObserver {
 };
 
 void FormatJob::format() {
+    if (!source_.isModule()) {
+        note_ = source_.note;
+        fate_ = Fate::Noted;
+        if (source_.problem.empty()) return;
+        diagnose(exitFailed, source_.problem);
+        fate_ = Fate::Failed;
+        return;
+    }
     try {
-        if (!source_.problem.empty()) {
-            diagnose(exitFailed, source_.problem);
-            fate_ = Fate::Failed;
-            return;
-        }
         read();
         if (!file_) return;
         Errors errors;
@@ -70,14 +83,13 @@ void FormatJob::format() {
 void FormatJob::read() {
     std::string bytes =
         source_.isStandardInput() ? base::readStandardInput() : base::readFile(source_.path, &stamp_);
-    if (looksBinary(bytes)) {
-        diagnose(exitFailed, "this is a binary file, not a module");
+    if (const std::string_view what = whatInsteadOfText(bytes); !what.empty()) {
+        diagnose(exitFailed, "this is " + std::string(what) + ", not a module");
         return;
     }
-    auto type = source_.type;
-    if (source_.isStandardInput() && type == ide::ComponentType{}) {
-        type = beginsWithVersion(bytes) ? ide::ComponentType::ClassModule : ide::ComponentType::StdModule;
-    }
+    // Of an unnamed module the first line tells: a header behind VERSION is read whatever the type.
+    const bool unnamed = source_.type == ide::ComponentType{};
+    const auto type = unnamed ? ide::ComponentType::StdModule : source_.type;
     file_.emplace(std::move(bytes), type);
 }
 
@@ -97,12 +109,16 @@ void FormatJob::indent(Engine& engine, const Errors& errors) {
     try {
         engine.VB_Format(maxIndx);
     } catch (const base::RunTimeError& error) {
-        diagnose(exitLookAt, fileLineOf(engine.position()), error.description());
+        const std::uint32_t line = Origins(kept_).codeLineOf(engine.position());
+        diagnose(exitLookAt, file_->fileLine(line), error.description());
         fate_ = Fate::Refused;
         return;
     }
     buffer_ = engine.takeLineBuffer();
-    for (const auto& error : errors.found) diagnose(exitLookAt, fileLineOf(error.position), error.text());
+    Origins origins(kept_);
+    for (const auto& error : errors.found) {
+        diagnose(exitLookAt, file_->fileLine(origins.codeLineOf(error.position)), error.text());
+    }
     findUnsafeLines();
     if (engine.indentLevel() != 0) note_ = "the level ends at " + std::to_string(engine.indentLevel());
     summary_ = "Module contains " + std::to_string(file_->codeLineCount()) +
@@ -111,6 +127,7 @@ void FormatJob::indent(Engine& engine, const Errors& errors) {
         fate_ = Fate::Refused;
     } else if (FormattedFile(*file_, buffer_, kept_).changed()) {
         fate_ = Fate::Rewritten;
+        if (settings_.check) status_ = std::max(status_, exitLookAt);
     }
 }
 
@@ -133,40 +150,42 @@ void FormatJob::findUnsafeLines() {
         .visit(Checker{*this, formatter::TokenCheck({.commentsMayGo = settings_.removesComments()})});
 }
 
-std::uint32_t FormatJob::fileLineOf(std::int32_t bufferIndex) const {
-    std::uint32_t line = 0;
-    for (;; ++line) {
-        if (kept_[line] && bufferIndex-- == 0) return file_->fileLine(line);
-    }
-}
-
 void FormatJob::chooseBackup(BackupNames& names) {
     if (fate_ != Fate::Rewritten || !settings_.backupDir || source_.isStandardInput()) return;
     std::string name = source_.path.stem().string();
-    if (isPlainName(source_.projectName)) name = source_.projectName;
     if (isPlainName(file_->name())) name = file_->name();
+    if (!file_->hasNameAttribute() && isPlainName(source_.projectName)) name = source_.projectName;
     backupName_ = names.next(name, file_->type());
 }
 
-void FormatJob::save() {
-    if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
-    if (!backupName_.empty()) {
-        const auto backup = std::filesystem::path(*settings_.backupDir) / backupName_;
-        try {
-            std::filesystem::create_directories(backup.parent_path());
-            base::replaceFile(backup, [&](base::FileWriter& out) {
-                for (std::uint32_t line = 0; line < file_->codeLineCount(); ++line) {
-                    out.write(file_->codeLine(line));
-                    out.write("\r\n");
-                }
-            });
-        } catch (const std::exception& error) {
-            diagnose(exitFailed, "not rewritten, no backup: " + backup.string() + ": " + error.what());
-            fate_ = Fate::Failed;
-            return;
-        }
-    }
+void FormatJob::saveBackup(const std::unordered_set<std::string>& inUse) const {
+    const std::filesystem::path folder = *settings_.backupDir;
+    const std::filesystem::path backup = folder / backupName_;
+    const auto fail = [&](const std::string& reason) {
+        throw std::runtime_error("not rewritten, its backup " + backup.string() +
+                                 " could not be saved: " + reason);
+    };
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    if (error) fail(base::fileErrorOf(error, folder).description());
+    const auto real = std::filesystem::canonical(backup, error);
+    if (!error && inUse.count(real.string()) != 0) fail("that file is one of those to format");
     try {
+        base::replaceFile(backup, [&](base::FileWriter& out) {
+            for (std::uint32_t line = 0; line < file_->codeLineCount(); ++line) {
+                out.write(file_->codeLine(line));
+                out.write("\r\n");
+            }
+        });
+    } catch (const base::FileError& failure) {
+        fail(failure.description());
+    }
+}
+
+void FormatJob::save(const std::unordered_set<std::string>& inUse) {
+    if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
+    try {
+        if (!backupName_.empty()) saveBackup(inUse);
         base::replaceFile(
             source_.path, [&](base::FileWriter& out) { FormattedFile(*file_, buffer_, kept_).write(out); },
             stamp_);
@@ -176,14 +195,16 @@ void FormatJob::save() {
     }
 }
 
-void FormatJob::print(base::FileWriter& out, base::FileWriter& err) const {
-    for (const std::string& diagnostic : diagnostics_) err.write(diagnostic);
+void FormatJob::printMessages(base::FileWriter& err) const {
+    err.write(diagnostics_);
     if (!settings_.quiet && !note_.empty()) err.write(source_.shownPath + ": " + note_ + "\n");
     if (!settings_.quiet && !summary_.empty() && fate_ != Fate::Failed) {
         err.write(source_.shownPath + ": " + summary_ + "\n");
     }
     err.flush();
+}
 
+void FormatJob::printResult(base::FileWriter& out) const {
     if (settings_.check && fate_ == Fate::Rewritten) out.write(source_.shownPath + "\n");
     if (settings_.diff && fate_ == Fate::Rewritten) printDiff(out);
     if (printsModule()) {
@@ -249,13 +270,14 @@ void FormatJob::printDiff(base::FileWriter& out) const {
     differ.diff.finish();
 }
 
-void FormatJob::diagnose(ExitStatus status, const std::string& message) {
-    diagnostics_.push_back(source_.shownPath + ": " + message + "\n");
+void FormatJob::diagnose(ExitStatus status, std::string_view message) {
+    diagnostics_.append(source_.shownPath).append(": ").append(message) += '\n';
     status_ = std::max(status_, status);
 }
 
-void FormatJob::diagnose(ExitStatus status, std::uint32_t fileLine, const std::string& message) {
-    diagnostics_.push_back(source_.shownPath + ":" + std::to_string(fileLine) + ": " + message + "\n");
+void FormatJob::diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message) {
+    diagnostics_.append(source_.shownPath).append(1, ':').append(std::to_string(fileLine));
+    diagnostics_.append(": ").append(message) += '\n';
     status_ = std::max(status_, status);
 }
 

@@ -8,17 +8,21 @@
 #include "ide/workspace/module_file.h"
 
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace corvelle::cli {
 
-/// Formats one module: the steps are called in their order, each once; print() alone writes to the streams.
+/// Formats one module, or tells what there is to tell of a path: the steps are called in their order, each
+/// once; the printing ones alone write to the streams.
 class FormatJob {
   public:
     /// What became of the module.
-    enum class Fate { Rewritten, Unchanged, Refused, Failed };
+    enum class Fate { Rewritten, Unchanged, Refused, Failed, Noted };
 
     /// Refers to its arguments.
     FormatJob(const ModuleSource& source, const FormatSettings& settings)
@@ -28,10 +32,12 @@ class FormatJob {
     void format();
     /// Chooses the backup's name if the file is to be rewritten with a backup.
     void chooseBackup(BackupNames& names);
-    /// Saves the backup and rewrites the file, if that is what is to be done.
-    void save();
-    /// Prints messages and results.
-    void print(base::FileWriter& out, base::FileWriter& err) const;
+    /// Saves the backup and rewrites the file, if that is what is to be done. No backup may take the place
+    /// of one of the files `inUse`, given by their real paths.
+    void save(const std::unordered_set<std::string>& inUse);
+    void printMessages(base::FileWriter& err) const;
+    /// Prints what goes to standard output.
+    void printResult(base::FileWriter& out) const;
 
     Fate fate() const { return fate_; }
     ExitStatus status() const { return status_; }
@@ -43,9 +49,9 @@ class FormatJob {
     bool clean(formatter::Engine& engine);
     void indent(formatter::Engine& engine, const Errors& errors);
     void findUnsafeLines();
-    std::uint32_t fileLineOf(std::int32_t bufferIndex) const;
-    void diagnose(ExitStatus status, const std::string& message);
-    void diagnose(ExitStatus status, std::uint32_t fileLine, const std::string& message);
+    void saveBackup(const std::unordered_set<std::string>& inUse) const;
+    void diagnose(ExitStatus status, std::string_view message);
+    void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
     void printDiff(base::FileWriter& out) const;
     bool printsModule() const;
 
@@ -56,7 +62,7 @@ class FormatJob {
     std::vector<bool> kept_; // of each code line, whether the buffer holds it
     formatter::LineBuffer buffer_;
     std::string backupName_;
-    std::vector<std::string> diagnostics_; // in the order they are printed
+    std::string diagnostics_; // lines
     std::string note_;
     std::string summary_;
     Fate fate_ = Fate::Unchanged;

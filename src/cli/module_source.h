@@ -7,15 +7,17 @@
 
 namespace corvelle::cli {
 
-/// A module that the command line was asked to work on, or a path of which nothing can be made.
+/// What the command line found to do: a module to work on or, in its place, something to tell about a path.
 struct ModuleSource {
     std::string shownPath{};      ///< how messages name it
     std::filesystem::path path{}; ///< the file; empty for standard input
-    ide::ComponentType type{};    ///< zero: unknown (standard input), or a problem
+    ide::ComponentType type{};    ///< zero: unknown (standard input)
     std::string projectName{};    ///< the name in the project's line, if any
-    std::string problem{};        ///< why the path cannot be worked on; empty for a module
+    std::string problem{};        ///< why the path cannot be worked on
+    std::string note{};           ///< what is worth telling of the path, no failure
 
-    bool isStandardInput() const { return path.empty() && problem.empty(); }
+    bool isModule() const { return problem.empty() && note.empty(); }
+    bool isStandardInput() const { return isModule() && path.empty(); }
 };
 
 } // namespace corvelle::cli

@@ -10,8 +10,8 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <system_error>
-#include <unordered_set>
 #include <utility>
 
 namespace corvelle::cli {
@@ -30,7 +30,8 @@ class Collector {
     explicit Collector(SourceList& list) : list_(list) {}
 
     void addStandardInput(const std::string& name) {
-        if (!seen_.insert("-").second) return;
+        if (standardInputTaken_) return;
+        standardInputTaken_ = true;
         ModuleSource source{.shownPath = name.empty() ? "<stdin>" : name};
         if (const auto type = workspace::moduleTypeOfPath(name)) source.type = *type;
         list_.sources.push_back(std::move(source));
@@ -40,7 +41,9 @@ class Collector {
         std::error_code error;
         const fs::path path(argument);
         const auto status = fs::status(path, error);
-        if (error || !fs::exists(status)) {
+        if (argument.empty()) {
+            addProblem(argument, "the path is empty");
+        } else if (error || !fs::exists(status)) {
             addProblem(argument, base::fileErrorOf(error, path).description());
         } else if (fs::is_directory(status)) {
             addDirectory(argument, path);
@@ -60,18 +63,25 @@ class Collector {
         list_.sources.push_back({.shownPath = std::move(shownPath), .problem = std::move(problem)});
     }
 
-    void addModule(ModuleSource source) {
-        std::error_code error;
-        const fs::path real = fs::canonical(source.path, error);
-        if (seen_.insert((error ? source.path : real).string()).second)
-            list_.sources.push_back(std::move(source));
+    void addNote(std::string shownPath, std::string note) {
+        list_.sources.push_back({.shownPath = std::move(shownPath), .note = std::move(note)});
     }
 
-    // The modules of a directory stand before nothing but names: entries are sorted, folders among the files.
+    // Whether the file, however it is written, is met for the first time.
+    bool isNew(const fs::path& path) {
+        std::error_code error;
+        const fs::path real = fs::canonical(path, error);
+        return list_.realPaths.insert((error ? path : real).string()).second;
+    }
+
+    void addModule(ModuleSource source) {
+        if (isNew(source.path)) list_.sources.push_back(std::move(source));
+    }
+
     void addDirectory(const std::string& shown, const fs::path& path) {
         const std::size_t before = list_.sources.size();
         walk(shown, path);
-        if (list_.sources.size() == before) list_.notes.push_back(shown + ": no modules in this directory");
+        if (list_.sources.size() == before) addNote(shown, "no modules in this directory");
     }
 
     void walk(const std::string& shown, const fs::path& path) {
@@ -81,7 +91,7 @@ class Collector {
             entries.push_back(*entry);
         }
         if (error) addProblem(shown, base::fileErrorOf(error, path).description());
-        std::sort(entries.begin(), entries.end());
+        std::sort(entries.begin(), entries.end()); // by name, folders among the files
         for (const fs::directory_entry& entry : entries) {
             const std::string name = joined(shown, entry.path().filename().string());
             if (entry.is_directory(error) && !entry.is_symlink(error)) { // links could lead in circles
@@ -94,6 +104,7 @@ class Collector {
     }
 
     void addProject(const fs::path& path) {
+        if (!isNew(path)) return;
         const auto project = read<workspace::ProjectFile>(path);
         if (!project) return;
         for (const auto& member : project->members()) {
@@ -104,7 +115,7 @@ class Collector {
                            .projectName = member.name});
             }
         }
-        if (project->members().empty()) list_.notes.push_back(path.string() + ": no modules in this project");
+        if (project->members().empty()) addNote(path.string(), "no modules in this project");
     }
 
     void addGroup(const fs::path& path) {
@@ -113,15 +124,16 @@ class Collector {
         for (const std::string& member : group->projects()) {
             if (const auto found = find(path, member)) addProject(*found);
         }
-        if (group->projects().empty()) list_.notes.push_back(path.string() + ": no projects in this group");
+        if (group->projects().empty()) addNote(path.string(), "no projects in this group");
     }
 
     template <class File>
     std::optional<File> read(const fs::path& path) {
         try {
             const std::string bytes = base::readFile(path);
-            if (!looksBinary(bytes)) return File(bytes);
-            addProblem(path.string(), "this is a binary file, not a project or a group");
+            const std::string_view what = whatInsteadOfText(bytes);
+            if (what.empty()) return File(bytes);
+            addProblem(path.string(), "this is " + std::string(what) + ", not a project or a group");
         } catch (const base::RunTimeError& error) {
             addProblem(path.string(), error.description());
         }
@@ -142,10 +154,15 @@ class Collector {
 
     SourceList& list_;
     workspace::PathResolver resolver_;
-    std::unordered_set<std::string> seen_; // real paths of the modules taken so far
+    bool standardInputTaken_ = false;
 };
 
 } // namespace
+
+std::size_t SourceList::moduleCount() const {
+    return static_cast<std::size_t>(
+        std::count_if(sources.begin(), sources.end(), [](const auto& source) { return source.isModule(); }));
+}
 
 SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName) {
     SourceList list;

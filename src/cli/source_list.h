@@ -2,7 +2,9 @@
 
 #include "cli/module_source.h"
 
+#include <cstddef>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace corvelle::cli {
@@ -10,10 +12,13 @@ namespace corvelle::cli {
 /// What the paths of a command line stand for: module files, projects (all their modules), project groups
 /// (all their projects), directories (every module file below) and "-" (standard input, named `stdinName` or
 /// "<stdin>"). In the order of the arguments, then of the project's lines, then of names; a file that is
-/// reached twice stands at its first place only. What cannot be found or read is a problem in its place.
+/// reached twice stands at its first place only. What cannot be found or read is a problem in its place; a
+/// directory, project or group that holds nothing is a note in its place.
 struct SourceList {
     std::vector<ModuleSource> sources;
-    std::vector<std::string> notes; ///< worth telling, no failure: a directory or project without modules
+    std::unordered_set<std::string> realPaths; ///< of the modules' files and the projects, links resolved
+
+    std::size_t moduleCount() const;
 };
 SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName);
 
