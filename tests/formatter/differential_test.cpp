@@ -1,5 +1,5 @@
-#include "base/run_time_error.h"
 #include "base/text.h"
+#include "formatter/reference_comparison.h"
 #include "formatter/reference_engine.h"
 #include "formatter/run_engine.h"
 
@@ -14,7 +14,6 @@ namespace corvelle::formatter {
 namespace {
 
 using test::Lines;
-using test::RecordingObserver;
 
 class RandomLines {
   public:
@@ -145,80 +144,28 @@ class RandomLines {
 
 TEST(Differential, scannerFunctionsAgreeWithTheReference) {
     RandomLines random(1);
-    std::string room;
-    for (int i = 0; i < 50'000; ++i) {
+    for (int i = 0; i < 50'000; ++i) ASSERT_EQ(reference::differenceOfLine(random.anyLine()), "");
+}
+
+TEST(Differential, checkCharAgreesWithTheReference) {
+    RandomLines random(5);
+    for (int i = 0; i < 20'000; ++i) {
         const std::string line = random.anyLine();
-        SCOPED_TRACE("line " + std::to_string(i) + ": " + line);
-        ASSERT_EQ(Scanner::myTrim(line, room), reference::myTrim(line));
-        ASSERT_EQ(Scanner::isOnlySpace(line), reference::isOnlySpace(line));
-        ASSERT_EQ(Scanner::isCommentLine(line), reference::isCommentLine(line));
-        ASSERT_EQ(Scanner::SafeUncomment(line), reference::SafeUncomment(line));
-        ASSERT_EQ(Scanner::Check_IF_THEN_(line), reference::Check_IF_THEN_(line));
-        ASSERT_EQ(Scanner::codeStarted(line), reference::codeStarted(line));
-        ASSERT_EQ(Scanner::Check_Enum_Type(line, "Enum"), reference::Check_Enum_Type(line, "Enum"));
         const auto pos = static_cast<std::int32_t>(1 + random.below(40));
         const auto code = static_cast<std::int16_t>(random.below(2) == 0 ? 32 : random.below(256));
-        ASSERT_EQ(Scanner::CheckChar(line, pos, code), reference::CheckChar(line, pos, code));
-        ASSERT_EQ(Scanner::CheckChar(line, pos, code, true), reference::CheckChar(line, pos, code, true));
+        ASSERT_EQ(Scanner::CheckChar(line, pos, code), reference::CheckChar(line, pos, code)) << line;
+        ASSERT_EQ(Scanner::CheckChar(line, pos, code, true), reference::CheckChar(line, pos, code, true))
+            << line;
     }
 }
 
 TEST(Differential, checkKeyAndItsIndicesAgreeWithTheReference) {
     RandomLines random(2);
-    Scanner scanner;
-    reference::Scanner expected;
-    for (int i = 0; i < 50'000; ++i) {
-        const std::string line = random.below(2) == 0 ? random.anyLine() : random.blockLine();
-        SCOPED_TRACE("line " + std::to_string(i) + ": " + line);
-        ASSERT_EQ(static_cast<int>(scanner.CheckKey(line)), expected.CheckKey(line));
-        ASSERT_EQ(scanner.startKeyIndex, expected.startKeyIndex);
-        ASSERT_EQ(scanner.endKeyIndex, expected.endKeyIndex);
-    }
-}
-
-// One module through both: every line of the buffer, everything told on the way, the result and the error.
-void compareModule(const Lines& raw, FormatOptions options, long stopAfterLines) {
-    reference::Engine expected;
-    expected.bNoEmpty = options.bNoEmpty;
-    expected.bNoCmntLn = options.bNoCmntLn;
-    expected.bNoAllCmnt = options.bNoAllCmnt;
-    expected.mTab = options.mTab;
-    expected.stopAfterLines = stopAfterLines;
-    for (const std::string& line : raw) expected.clean(line);
-    const auto maxIndx = static_cast<std::int32_t>(expected.LineBuffer.size()) - 1;
-    long expectedResult = 0;
-    int expectedError = 0;
-    try {
-        expectedResult = expected.VB_Format(maxIndx);
-    } catch (const reference::RunTimeError& error) {
-        expectedError = error.number;
-    }
-
-    RecordingObserver observer;
-    Engine engine(observer);
-    engine.options = options;
-    observer.onEvents = [&](int yields) {
-        if (stopAfterLines >= 0 && yields == maxIndx + 1 + stopAfterLines + 1) engine.DisableProc();
-    };
-    engine.beginCleaning(raw.size());
-    for (const std::string& line : raw) engine.cleanLine(line);
-    ASSERT_EQ(engine.lineBuffer().maxIndx(), maxIndx);
-    std::int32_t result = 0;
-    int error = 0;
-    try {
-        result = engine.VB_Format(maxIndx);
-    } catch (const base::RunTimeError& raised) {
-        error = raised.number();
-    }
-
     Lines lines;
-    for (std::int32_t i = 0; i <= maxIndx; ++i) lines.push_back(engine.lineBuffer().line(i));
-    ASSERT_EQ(lines, expected.LineBuffer);
-    ASSERT_EQ(error, expectedError);
-    ASSERT_EQ(result, expectedResult);
-    ASSERT_EQ(observer.told, expected.told);
-    ASSERT_EQ(engine.indentLevel(), expected.indentLevel);
-    ASSERT_EQ(engine.position(), expected.position);
+    for (int i = 0; i < 50'000; ++i) {
+        lines.push_back(random.below(2) == 0 ? random.anyLine() : random.blockLine());
+    }
+    EXPECT_EQ(reference::differenceOfKeys(lines), "");
 }
 
 FormatOptions anyOptions(RandomLines& random) {
@@ -238,10 +185,8 @@ TEST(Differential, wholeRunsAgreeWithTheReference) {
         for (unsigned lines = random.below(80); lines > 0; --lines) {
             raw.push_back(random.below(5) == 0 ? random.anyLine() : random.blockLine());
         }
-        SCOPED_TRACE("module " + std::to_string(module));
         const long stop = random.below(10) == 0 ? static_cast<long>(random.below(40)) : -1;
-        compareModule(raw, anyOptions(random), stop);
-        if (HasFatalFailure()) return;
+        ASSERT_EQ(reference::differenceOfRun(raw, anyOptions(random), stop), "") << "module " << module;
     }
 }
 
@@ -252,9 +197,7 @@ TEST(Differential, deepRunsAgreeWithTheReferenceUpToTheirOverflow) {
         for (int i = 0; i < 200; ++i) raw.push_back(random.below(3) == 0 ? random.blockLine() : "Do");
         FormatOptions options;
         options.mTab = width;
-        SCOPED_TRACE("width " + std::to_string(width));
-        compareModule(raw, options, -1);
-        if (HasFatalFailure()) return;
+        EXPECT_EQ(reference::differenceOfRun(raw, options, -1), "") << "width " << int{width};
     }
 }
 
