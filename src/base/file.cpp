@@ -37,6 +37,15 @@ std::string readToEnd(int file, std::uint64_t expected, const std::filesystem::p
     return bytes;
 }
 
+// Nobody may write it; the system would let root.
+bool isReadOnly(const std::filesystem::path& path) {
+    using std::filesystem::perms;
+    std::error_code ignored;
+    const auto status = std::filesystem::status(path, ignored);
+    constexpr auto anyWrite = perms::owner_write | perms::group_write | perms::others_write;
+    return std::filesystem::is_regular_file(status) && (status.permissions() & anyWrite) == perms::none;
+}
+
 } // namespace
 
 std::string readFile(const std::filesystem::path& path, FileStamp* stamp) {
@@ -71,6 +80,7 @@ void FileWriter::writeSlowly(std::string_view bytes) {
 }
 
 void writeFile(const std::filesystem::path& path, std::string_view bytes) {
+    if (isReadOnly(path)) throw FileError(ErrorNumber::PathFileAccessError);
     FileDescriptor file = openToTruncate(path);
     if (!file.isOpen() || !writeAll(file.number(), bytes.data(), bytes.size()) || !file.close())
         throw fileErrorOfErrno(path);

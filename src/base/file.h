@@ -57,7 +57,8 @@ class FileWriter {
 void replaceFile(const std::filesystem::path& path, const std::function<void(FileWriter&)>& write,
                  const std::optional<FileStamp>& stamp = std::nullopt);
 
-/// Writes the bytes into the file, which is created or truncated.
+/// Writes the bytes into the file, which is created or truncated. A file without any write permission is
+/// refused (75), whoever asks.
 void writeFile(const std::filesystem::path& path, std::string_view bytes);
 
 } // namespace corvelle::base

@@ -1,0 +1,71 @@
+// Pipes, links, permissions and devices as POSIX systems have them.
+#ifndef _WIN32
+
+#include "base/file.h"
+#include "base/temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+namespace corvelle::base {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TemporaryFolder;
+
+std::int32_t errorOf(const std::function<void()>& statement) {
+    try {
+        statement();
+    } catch (const FileError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+TEST(ReadFile, ReadsAPipeToItsEnd) {
+    const TemporaryFolder folder;
+    const auto pipe = folder.path() / "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const std::string bytes(200001, 'x');
+    std::thread writer([&] { writeFile(pipe, bytes); });
+    EXPECT_EQ(readFile(pipe), bytes);
+    writer.join();
+}
+
+TEST(ReadFile, ReadsAFileThatTellsNoSize) {
+    // Files that the kernel makes up have size 0 and yet text.
+    EXPECT_NE(readFile("/proc/self/status").find("Name:"), std::string::npos);
+}
+
+TEST(ReadFile, RefusesMoreThanFourGigabytes) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("large.bas", "");
+    fs::resize_file(path, std::uintmax_t{1} << 32); // takes no room on the disk
+    EXPECT_EQ(errorOf([&] { readFile(path); }), 7);
+}
+
+TEST(ReadFile, RefusesAFileThatMayNotBeRead) {
+    if (geteuid() == 0) GTEST_SKIP() << "root reads everything";
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "x");
+    fs::permissions(path, fs::perms::none);
+    EXPECT_EQ(errorOf([&] { readFile(path); }), 70);
+}
+
+TEST(ReadStandardInput, ReadsToTheEnd) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.txt", std::string(100000, 'x') + '\r' + '\n');
+    ASSERT_NE(std::freopen(path.c_str(), "rb", stdin), nullptr);
+    EXPECT_EQ(readStandardInput(), std::string(100000, 'x') + "\r\n");
+}
+
+TEST(WriteFile, TellsThatTheDiskIsFull) {
+    EXPECT_EQ(errorOf([] { writeFile("/dev/full", "x"); }), 61);
+}
+
+} // namespace
+} // namespace corvelle::base
+
+#endif

@@ -1,0 +1,27 @@
+#include "base/file_error.h"
+#include "base/path_text.h"
+
+#include <gtest/gtest.h>
+
+namespace corvelle::base {
+namespace {
+
+TEST(PathText, KeepsBytesOfAnyCodePage) {
+    std::string bytes;
+    for (int c = 1; c < 256; ++c) bytes += static_cast<char>(c);
+    EXPECT_EQ(textOf(pathOf(bytes)), bytes);
+    EXPECT_EQ(textOf(pathOf("")), "");
+}
+
+TEST(PathText, JoinsWithOtherPaths) {
+    EXPECT_EQ(std::filesystem::path("folder") / pathOf("a/b.bas"), std::filesystem::path("folder/a/b.bas"));
+}
+
+#ifdef _WIN32
+TEST(PathText, RefusesANameThatTheCodePageCannotHold) {
+    EXPECT_THROW(textOf(std::filesystem::path(L"\x4E2D.bas")), FileError);
+}
+#endif
+
+} // namespace
+} // namespace corvelle::base
