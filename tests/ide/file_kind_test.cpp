@@ -1,3 +1,4 @@
+#include "base/path_text.h"
 #include "ide/workspace/file_kind.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,7 @@ TEST(FileKind, TellsModulesByTheirEnding) {
     EXPECT_EQ(moduleTypeOfPath("a.pag"), ComponentType::PropPage);
     EXPECT_EQ(moduleTypeOfPath("a.dob"), ComponentType::DocObject);
     EXPECT_EQ(moduleTypeOfPath("a.Dsr"), ComponentType::ActiveXDesigner);
-    EXPECT_EQ(moduleTypeOfPath("a\xE4.b.frm"), ComponentType::VBForm);
+    EXPECT_EQ(moduleTypeOfPath(base::pathOf("a\xE4.b.frm")), ComponentType::VBForm);
 }
 
 TEST(FileKind, KnowsWhatIsNoModule) {

@@ -1,5 +1,6 @@
 #include "ide/workspace/component.h"
 
+#include "base/path_text.h"
 #include "ide/workspace/part_of.h"
 
 #include <utility>
@@ -14,7 +15,7 @@ using base::RunTimeError;
 std::string nameOf(const ModuleFile& file, std::string_view lineName, const std::filesystem::path& path) {
     if (file.hasNameAttribute()) return file.name();
     if (!lineName.empty()) return std::string(lineName);
-    return file.name().empty() ? path.stem().string() : file.name();
+    return file.name().empty() ? base::textOf(path.stem()) : file.name();
 }
 
 } // namespace
@@ -34,7 +35,7 @@ std::shared_ptr<ide::CodePane> Component::CodePane() {
 
 std::string Component::FileNames(std::int32_t index) {
     if (index != 1) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-    return path_.string();
+    return base::textOf(path_);
 }
 
 void Component::Save() {

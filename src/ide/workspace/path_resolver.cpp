@@ -1,5 +1,6 @@
 #include "ide/workspace/path_resolver.h"
 
+#include "base/path_text.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -32,19 +33,16 @@ std::string withSlashes(std::string_view written) {
 } // namespace
 
 fs::path pathInProject(const fs::path& folder, std::string_view written) {
-    return folder / withSlashes(written);
+    return folder / base::pathOf(withSlashes(written));
 }
 
 #ifdef _WIN32
 
 std::optional<fs::path> PathResolver::resolve(const fs::path& folder, std::string_view written) {
-    try {
-        auto path = pathInProject(folder, written);
-        if (!written.empty() && fs::exists(path)) return path;
-    } catch (const std::system_error&) {
-        // A name that the system cannot even spell is no file's.
-    }
-    return std::nullopt;
+    std::error_code ignored;
+    auto path = pathInProject(folder, written);
+    if (written.empty() || !fs::exists(path, ignored)) return std::nullopt;
+    return path;
 }
 
 #else

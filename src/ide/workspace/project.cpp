@@ -1,5 +1,6 @@
 #include "ide/workspace/project.h"
 
+#include "base/path_text.h"
 #include "base/text.h"
 #include "ide/workspace/part_of.h"
 
@@ -13,6 +14,10 @@ using base::RunTimeError;
 Project::Project(std::weak_ptr<void> whole, std::filesystem::path path, std::string name,
                  ide::ProjectType type)
     : whole_(std::move(whole)), path_(std::move(path)), name_(std::move(name)), type_(type) {}
+
+std::string Project::FileName() {
+    return base::textOf(path_);
+}
 
 std::shared_ptr<ide::VBComponents> Project::VBComponents() {
     return partOf<ide::VBComponents>(whole_, collection_);

@@ -20,7 +20,7 @@ class Project : public ide::VBProject {
     Project(std::weak_ptr<void> whole, std::filesystem::path path, std::string name, ide::ProjectType type);
 
     std::string Name() override { return name_; }
-    std::string FileName() override { return path_.string(); }
+    std::string FileName() override;
     ide::ProjectType Type() override { return type_; }
     /// Never: what is open here is what the disk holds.
     bool IsDirty() override { return false; }

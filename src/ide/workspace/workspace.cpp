@@ -1,5 +1,6 @@
 #include "ide/workspace/workspace.h"
 
+#include "base/path_text.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/group_file.h"
 #include "ide/workspace/part_of.h"
@@ -51,7 +52,7 @@ void Workspace::openGroup(const std::filesystem::path& path) {
 void Workspace::openProject(const std::filesystem::path& path) {
     const ProjectFile file(base::readFile(path));
     auto project = std::make_unique<Project>(
-        weak_from_this(), path, file.name().empty() ? path.stem().string() : file.name(), file.type());
+        weak_from_this(), path, file.name().empty() ? base::textOf(path.stem()) : file.name(), file.type());
     for (const auto& member : file.members()) openMember(*project, member, path.parent_path());
     projects_.push_back(std::move(project));
 }
