@@ -72,6 +72,7 @@ std::int32_t Engine::VB_Format(std::int32_t maxIndx) {
             return -1;
         }
         position_ = i;
+        if (i > buffer_.maxIndx()) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
         formatLine(i);
         observer_.lineFormatted(i, maxIndx);
     }

@@ -40,8 +40,9 @@ class Engine {
 
     /// The indentation pass over lines 0 to maxIndx of the buffer. Returns the number of structural errors,
     /// or -1 when DisableProc stopped it; the lines from there on stay without indentation. Raises "Overflow"
-    /// when a 16-bit counter or a level times mTab leaves its range, and "Invalid procedure call or argument"
-    /// for a negative number of spaces; position() then tells the line.
+    /// when a 16-bit counter or a level times mTab leaves its range, "Invalid procedure call or argument" for
+    /// a negative number of spaces, and "Subscript out of range" for a line that the buffer does not hold
+    /// (the owner may have reset it while the pass yielded); position() then tells the line.
     std::int32_t VB_Format(std::int32_t maxIndx);
 
     /// Stops a running VB_Format at the next line.

@@ -255,6 +255,31 @@ TEST(RunTimeErrors, aNegativeNumberOfSpacesIsReckonedForACaseThatEndsInAColonToo
     EXPECT_EQ(errorOf({"Select Case x", "Case 1", "Next", "Next", "Case 2:"}, 2), invalidCall);
 }
 
+TEST(RunTimeErrors, aLineThatTheBufferDoesNotHoldIsOutOfRange) {
+    PassObserver observer;
+    Engine engine(observer);
+    engine.ResetAll();
+    try {
+        engine.VB_Format(1);
+        FAIL() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number(), static_cast<int>(ErrorNumber::SubscriptOutOfRange));
+    }
+    EXPECT_EQ(engine.position(), 1);
+}
+
+TEST(RunTimeErrors, aBufferThatIsResetWhileThePassYieldsEndsThePass) {
+    RecordingObserver observer;
+    Engine engine(observer);
+    engine.beginCleaning(3);
+    for (const char* line : {"Sub A()", "x", "End Sub"}) engine.cleanLine(line);
+    observer.onEvents = [&](int yields) {
+        if (yields == 3 + 2) engine.ResetAll(); // before line 1
+    };
+    EXPECT_THROW(engine.VB_Format(2), RunTimeError);
+    EXPECT_EQ(engine.lineBuffer().maxIndx(), 0);
+}
+
 TEST(RunTimeErrors, areDescribedAsTheLanguageDescribesThem) {
     EXPECT_EQ(RunTimeError(ErrorNumber::Overflow).description(), "Overflow");
     EXPECT_EQ(RunTimeError(ErrorNumber::InvalidProcedureCall).description(),
