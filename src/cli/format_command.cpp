@@ -3,6 +3,7 @@
 #include "base/file.h"
 #include "cli/format_job.h"
 #include "cli/progress.h"
+#include "cli/slots.h"
 #include "cli/source_list.h"
 #include "cli/standard_streams.h"
 #include "cli/turnstile.h"
@@ -24,7 +25,7 @@ namespace {
 class Run {
   public:
     Run(const FormatSettings& settings, const SourceList& list)
-        : settings_(settings), list_(list), sources_(list.sources),
+        : settings_(settings), list_(list), sources_(list.sources), slots_(settings.jobs),
           progress_(sources_.size(), settings.quiet) {}
 
     int run() {
@@ -38,7 +39,10 @@ class Run {
   private:
     std::vector<std::thread> startHelpers() {
         std::vector<std::thread> threads;
-        const std::size_t workers = std::min<std::size_t>(settings_.jobs, sources_.size());
+        // Formatting keeps a processor busy, saving waits for the disk, which serves several files at once.
+        constexpr std::size_t savedAtOnce = 16;
+        const std::size_t busy = settings_.jobs + (settings_.writesFiles() ? savedAtOnce : 0);
+        const std::size_t workers = std::min(busy, sources_.size());
         try {
             while (threads.size() + 1 < workers) threads.emplace_back([this] { work(); });
         } catch (const std::system_error&) {
@@ -50,7 +54,7 @@ class Run {
     void work() {
         for (std::size_t i = next_++; i < sources_.size(); i = next_++) {
             FormatJob job(sources_[i], settings_);
-            job.format();
+            slots_.use([&] { job.format(); });
             if (settings_.backupDir) names_.pass(i, [&] { job.chooseBackup(backupNames_); });
             job.save(list_.realPaths);
             output_.pass(i, [&] { print(job); });
@@ -95,6 +99,7 @@ class Run {
     const std::filesystem::path outName_ = "standard output", errName_ = "standard error";
     base::FileWriter out_{1, outName_};
     base::FileWriter err_{2, errName_};
+    Slots slots_;
     Progress progress_;
     std::atomic<std::size_t> next_ = 0;
     Turnstile names_, output_;

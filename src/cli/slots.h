@@ -1,0 +1,45 @@
+#pragma once
+
+#include <condition_variable>
+#include <cstddef>
+#include <mutex>
+
+namespace corvelle::cli {
+
+/// Lets so many workers at once do something, the others wait.
+class Slots {
+  public:
+    explicit Slots(std::size_t count) : free_(count) {}
+
+    /// Runs the function when a slot is free; the slot is given back even if it throws.
+    template <class Function>
+    void use(Function&& function) {
+        take();
+        const struct GiveBack {
+            Slots& slots;
+            ~GiveBack() { slots.give(); }
+        } giveBack{*this};
+        function();
+    }
+
+  private:
+    void take() {
+        std::unique_lock lock(mutex_);
+        freed_.wait(lock, [this] { return free_ > 0; });
+        --free_;
+    }
+
+    void give() {
+        {
+            const std::lock_guard lock(mutex_);
+            ++free_;
+        }
+        freed_.notify_one();
+    }
+
+    std::mutex mutex_;
+    std::condition_variable freed_;
+    std::size_t free_;
+};
+
+} // namespace corvelle::cli
