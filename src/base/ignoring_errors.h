@@ -8,7 +8,8 @@ namespace corvelle::base {
 
 /// Runs one statement of a procedure that ignores errors. What the statement did before it failed stays;
 /// false if it failed.
-template <class Statement> bool ignoringErrors(Statement&& statement) {
+template <class Statement>
+bool ignoringErrors(Statement&& statement) {
     try {
         statement();
         return true;

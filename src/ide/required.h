@@ -7,7 +7,8 @@
 namespace corvelle::ide {
 
 /// The object that a call is made on. Raises "Object variable or With block variable not set" for Nothing.
-template <class Object> Object& required(const std::shared_ptr<Object>& object) {
+template <class Object>
+Object& required(const std::shared_ptr<Object>& object) {
     if (!object) throw base::RunTimeError(base::ErrorNumber::ObjectVariableNotSet);
     return *object;
 }
