@@ -197,7 +197,7 @@ void cleanAndIndent(benchmark::State& state) {
     Silent observer;
     Engine engine(observer);
     if (state.range(0) != 0) engine.options = allRemovals();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         clean(engine);
         benchmark::DoNotOptimize(engine.VB_Format(engine.lineBuffer().maxIndx()));
     }
@@ -209,7 +209,7 @@ void cleaningPass(benchmark::State& state) {
     Silent observer;
     Engine engine(observer);
     if (state.range(0) != 0) engine.options = allRemovals();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         clean(engine);
         benchmark::DoNotOptimize(engine.lineBuffer().maxIndx());
     }
@@ -221,7 +221,7 @@ void indentationPass(benchmark::State& state) {
     Silent observer;
     Engine engine(observer);
     clean(engine);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(engine.VB_Format(engine.lineBuffer().maxIndx()));
     }
     report(state);
@@ -234,7 +234,7 @@ void classification(benchmark::State& state) {
     Engine engine(observer);
     clean(engine);
     Scanner scanner;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         for (std::int32_t i = 0; i <= engine.lineBuffer().maxIndx(); ++i) {
             benchmark::DoNotOptimize(scanner.CheckKey(engine.lineBuffer().text(i)));
         }
