@@ -144,7 +144,7 @@ class RandomLines {
 
 TEST(Differential, scannerFunctionsAgreeWithTheReference) {
     RandomLines random(1);
-    for (int i = 0; i < 50'000; ++i) ASSERT_EQ(reference::differenceOfLine(random.anyLine()), "");
+    for (int i = 0; i < 25'000; ++i) ASSERT_EQ(reference::differenceOfLine(random.anyLine()), "");
 }
 
 TEST(Differential, checkCharAgreesWithTheReference) {
@@ -162,7 +162,7 @@ TEST(Differential, checkCharAgreesWithTheReference) {
 TEST(Differential, checkKeyAndItsIndicesAgreeWithTheReference) {
     RandomLines random(2);
     Lines lines;
-    for (int i = 0; i < 50'000; ++i) {
+    for (int i = 0; i < 25'000; ++i) {
         lines.push_back(random.below(2) == 0 ? random.anyLine() : random.blockLine());
     }
     EXPECT_EQ(reference::differenceOfKeys(lines), "");
@@ -180,7 +180,7 @@ FormatOptions anyOptions(RandomLines& random) {
 
 TEST(Differential, wholeRunsAgreeWithTheReference) {
     RandomLines random(3);
-    for (int module = 0; module < 3'000; ++module) {
+    for (int module = 0; module < 1'000; ++module) {
         Lines raw;
         for (unsigned lines = random.below(80); lines > 0; --lines) {
             raw.push_back(random.below(5) == 0 ? random.anyLine() : random.blockLine());
