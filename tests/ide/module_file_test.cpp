@@ -266,6 +266,7 @@ TEST(ModuleFile, AllowsAHeaderWithoutAVersion) {
     EXPECT_THAT(codeOf("Attribute VB_Name = \"C\"\r\nx\r\n", ComponentType::ClassModule), ElementsAre("x"));
     EXPECT_THAT(codeOf("x\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule),
                 ElementsAre("x", "Begin", "End"));
+    EXPECT_THAT(codeOf("\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule), ElementsAre("", "Begin", "End"));
 }
 
 TEST(ModuleFile, SeesADesignerInAStandardModuleOnlyBehindAVersion) {
