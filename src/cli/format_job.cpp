@@ -65,7 +65,10 @@ void FormatJob::format() {
     }
     try {
         read();
-        if (!file_) return;
+        if (!file_) {
+            fate_ = Fate::Failed;
+            return;
+        }
         Errors errors;
         Engine engine(errors);
         engine.options = settings_.options;
