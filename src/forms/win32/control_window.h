@@ -27,6 +27,8 @@ class ControlWindow {
     void create(HWND parent, int number);
     /// The property has changed.
     virtual void update(Aspect aspect);
+    /// All windows of the form are there: what raises an event.
+    virtual void start() {}
     /// Brings to the screen what update() put off.
     virtual void writeLateText() {}
 

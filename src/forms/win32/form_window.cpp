@@ -69,6 +69,9 @@ void FormWindow::make() {
     client_ = {inside.right, inside.bottom};
     desktop_.add(*this);
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this)); // from here on it listens
+    for (const auto& control : controls_) {
+        if (form_->isLoaded()) control->start();
+    }
 }
 
 void FormWindow::makeControls() {

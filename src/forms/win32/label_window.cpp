@@ -13,9 +13,9 @@ class LabelWindow : public ControlWindow {
 
     void update(Aspect aspect) override {
         if (aspect == Aspect::Text) {
-            if (!late_) form_.textIsLate(*this);
+            if (late_) return;
             late_ = true;
-            return;
+            return form_.textIsLate(*this);
         }
         if (aspect == Aspect::Bounds || aspect == Aspect::Colours) {
             setStyle(SS_TYPEMASK, alignment());

@@ -22,9 +22,10 @@ class SurfaceWindow : public ControlWindow {
         if (aspect == Aspect::Bounds) sizeCanvas();
     }
 
+    void start() override { sizeCanvas(); }
+
   protected:
     Native native() const override { return {form_.desktop().plainClass(), 0, 0}; }
-    void created() override { sizeCanvas(); }
     bool isPartOfForm() const override { return true; }
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {

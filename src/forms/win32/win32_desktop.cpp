@@ -145,7 +145,7 @@ void Win32Desktop::endModal(Form& form) {
 // Messages
 
 void Win32Desktop::doEvents() {
-    if (textLate_ && GetTickCount() - lastFlush_ >= flushPeriod) flush();
+    flushInTime();
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) {
@@ -175,8 +175,13 @@ void Win32Desktop::dispatch(MSG& message) {
 void Win32Desktop::textIsLate() {
     if (textLate_) return;
     textLate_ = true;
-    if (GetTickCount() - lastFlush_ >= flushPeriod) return flush();
-    if (!flushTimerOn_) flushTimerOn_ = SetTimer(timerWindow_, flushTimer, flushPeriod, nullptr) != 0;
+    flushInTime();
+    if (textLate_ && !flushTimerOn_)
+        flushTimerOn_ = SetTimer(timerWindow_, flushTimer, flushPeriod, nullptr) != 0;
+}
+
+void Win32Desktop::flushInTime() {
+    if (textLate_ && GetTickCount() - lastFlush_ >= flushPeriod) flush();
 }
 
 void Win32Desktop::flush() {
@@ -242,7 +247,7 @@ void Win32Desktop::stopTimer(Timer& timer) {
 
 void Win32Desktop::tick(UINT_PTR number) {
     if (number == flushTimer) {
-        if (textLate_) return flush();
+        if (textLate_) return flushInTime();
         KillTimer(timerWindow_, flushTimer);
         flushTimerOn_ = false;
         return;

@@ -95,6 +95,7 @@ class Win32Desktop : public Desktop {
     void tick(UINT_PTR number);
     HWND topModal() const;
     void flush();
+    void flushInTime();
     void dispatch(MSG& message);
     void report(const char* text) noexcept;
     void reportNumber(int number) noexcept;
