@@ -62,7 +62,8 @@ void EveryControl::Form_QueryUnload(bool& cancel, UnloadMode mode) {
 
 void EveryControl::happened(const std::string& event) {
     log.push_back(event);
-    if (onEvent) onEvent(event);
+    const auto also = onEvent; // which may set another one
+    if (also) also(event);
 }
 
 void EveryControl::listen(Control& control) {
