@@ -17,6 +17,7 @@ namespace {
 
 constexpr UINT_PTR flushTimer = 1; // the forms' timers are numbered from the next on
 constexpr DWORD flushPeriod = 40;  // milliseconds: late text appears 25 times a second
+constexpr int manyYields = 64;     // that found nothing, in a row
 
 int screenDpi() {
     const HDC screen = GetDC(nullptr);
@@ -146,8 +147,15 @@ void Win32Desktop::endModal(Form& form) {
 
 void Win32Desktop::doEvents() {
     flushInTime();
+    // A loop that yields once a module line would spend its time on asking a queue that is empty: after many
+    // times in vain it asks once a tick of the clock.
+    const DWORD now = GetTickCount();
+    if (vainYields_ >= manyYields && now == lastVainYield_) return;
+    ++vainYields_;
+    lastVainYield_ = now;
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        vainYields_ = 0;
         if (message.message == WM_QUIT) {
             quitting_ = true;
             PostQuitMessage(static_cast<int>(message.wParam)); // for the loop around
@@ -161,6 +169,7 @@ bool Win32Desktop::waitForEvents() {
     if (quitting_) return false;
     flush();
     MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    vainYields_ = 0; // something is there
     doEvents();
     return !quitting_;
 }

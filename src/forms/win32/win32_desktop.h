@@ -118,6 +118,8 @@ class Win32Desktop : public Desktop {
     bool textLate_ = false;
     bool flushTimerOn_ = false;
     DWORD lastFlush_ = 0;
+    int vainYields_ = 0;
+    DWORD lastVainYield_ = 0;
 };
 
 } // namespace corvelle::forms

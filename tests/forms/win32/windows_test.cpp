@@ -176,6 +176,15 @@ TEST_F(Windows, DoEventsServesAllThatWaits) {
     EXPECT_EQ(50, form->count("cmdOk click"));
 }
 
+TEST_F(Windows, ALoopThatYieldsOftenSeesAClickInTime) {
+    const auto form = shownForm();
+    for (int i = 0; i < 1000; ++i) desktop().doEvents();
+    postClick(windowOf(form->cmdOk));
+    const DWORD start = GetTickCount();
+    while (form->count("cmdOk click") == 0 && GetTickCount() - start < 2000) desktop().doEvents();
+    EXPECT_LT(GetTickCount() - start, 200U);
+}
+
 TEST_F(Windows, HandlersNestInDoEvents) {
     const auto form = shownForm();
     bool nested = false;
