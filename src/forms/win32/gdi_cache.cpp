@@ -66,7 +66,7 @@ HBITMAP GdiCache::bitmap(const std::string& picture) {
             name += "_120";
         }
         made.reset(
-            static_cast<HBITMAP>(LoadImageA(module_, name.c_str(), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+            static_cast<HBITMAP>(LoadImageA(module_, name.c_str(), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
     }
     return made.get();
 }
