@@ -23,7 +23,8 @@ void setEnabled(HWND window, bool enabled) {
 
 DisabledWindows::DisabledWindows(HWND except) {
     for (HWND window : threadWindows()) {
-        if (window == except || !IsWindowVisible(window) || !IsWindowEnabled(window)) continue;
+        const bool counts = IsWindowVisible(window) || FormWindow::of(window) != nullptr;
+        if (window == except || !counts || !IsWindowEnabled(window)) continue;
         windows_.push_back(window);
         setEnabled(window, false);
     }

@@ -5,8 +5,8 @@
 
 namespace corvelle::forms {
 
-/// Disables every visible top-level window of the thread but one, and enables them again at its end or
-/// before.
+/// Disables every visible top-level window of the thread and every form but one, and enables them again at
+/// its end or before.
 class DisabledWindows {
   public:
     explicit DisabledWindows(HWND except);

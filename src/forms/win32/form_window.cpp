@@ -98,7 +98,7 @@ void FormWindow::detach() {
     desktop_.endModal(form);
     if (window_ == nullptr) return;
     releaseOwned();
-    activate();
+    handFocusOn();
     ShowWindow(window_, SW_HIDE);
     gone_ = true;
     if (serving_ == 0) destroy();
@@ -166,6 +166,12 @@ void FormWindow::show() {
         countsAsModeless_ = true;
         desktop_.modelessShown(1);
     }
+    focusDue_ = !IsWindowEnabled(window_);
+    if (focusDue_) {
+        ShowWindow(window_, SW_SHOWNOACTIVATE);
+        if (first) laidOut();
+        return;
+    }
     showing_ = true;
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
@@ -184,17 +190,23 @@ void FormWindow::hide() {
     countsAsModeless_ = false;
     desktop_.endModal(*form_);
     modal_ = false;
-    activate();
+    handFocusOn();
     ShowWindow(window_, SW_HIDE);
 }
 
-// Before this window goes its owner gets the focus; the others take input again already.
-void FormWindow::activate() {
-    const HWND owner = GetWindow(window_, GW_OWNER);
-    if (GetActiveWindow() == window_ && owner != nullptr && IsWindowVisible(owner) &&
-        IsWindowEnabled(owner)) {
-        SetActiveWindow(owner);
+// Before this window goes another one gets the focus; they take input again already.
+void FormWindow::handFocusOn() {
+    if (GetActiveWindow() != window_) return;
+    if (const FormWindow* const waiting = desktop_.waitingForFocus()) {
+        SetActiveWindow(waiting->window());
+        return;
     }
+    const HWND owner = GetWindow(window_, GW_OWNER);
+    if (owner != nullptr && IsWindowVisible(owner) && IsWindowEnabled(owner)) SetActiveWindow(owner);
+}
+
+bool FormWindow::waitsForFocus() const {
+    return focusDue_ && IsWindowVisible(window_) && IsWindowEnabled(window_);
 }
 
 void FormWindow::bringToFront() {
@@ -405,13 +417,14 @@ void FormWindow::activated(bool active, HWND other) {
         leftForAnother_ = leftForAnother_ || another;
         return;
     }
-    if ((another || leftForAnother_) && !showing_) PostMessageA(window_, activateLater, 0, 0);
-    leftForAnother_ = false;
+    if ((another || leftForAnother_ || focusDue_) && !showing_) PostMessageA(window_, activateLater, 0, 0);
+    leftForAnother_ = focusDue_ = false;
 }
 
 void FormWindow::boxesClosed() {
     if (activationWaits_) PostMessageA(window_, activateLater, 0, 0);
     activationWaits_ = false;
+    if (waitsForFocus()) SetActiveWindow(window_);
 }
 
 } // namespace corvelle::forms

@@ -53,6 +53,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     bool isThere() const { return window_ != nullptr; }
     void writeLateText();
     void boxesClosed();
+    bool waitsForFocus() const;
 
     // For the control windows.
     Win32Desktop& desktop() const { return desktop_; }
@@ -87,7 +88,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void showIcon();
     void setClientSize();
     void placeOver(HWND owner);
-    void activate();
+    void handFocusOn();
     void activated(bool active, HWND other);
     void restoreFocus();
     void leaveUnreachable();
@@ -117,7 +118,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     bool countsAsModeless_ = false;
     bool showing_ = false; // show() tells the form itself that it is active
     bool leftForAnother_ = false;
-    bool activationWaits_ = false;
+    bool activationWaits_ = false; // for a box to be closed
+    bool focusDue_ = false;        // it was shown while a modal window or a box had disabled it
     int serving_ = 0;
     bool gone_ = false; // to be destroyed when nothing is served any more
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <commctrl.h>
+#include <iterator>
 #include <string>
 
 namespace corvelle::forms {
@@ -55,7 +56,9 @@ class Win32Desktop::Box {
     ~Box() {
         --desktop_.openBoxes_;
         if (desktop_.openBoxes_ > 0) return;
-        for (FormWindow* window : desktop_.windows_) window->boxesClosed();
+        disabled_.enable();
+        // The focus that comes back is an event, whose handler may unload a form.
+        for (std::size_t i = 0; i < desktop_.windows_.size(); ++i) desktop_.windows_[i]->boxesClosed();
     }
     Box(const Box&) = delete;
     Box& operator=(const Box&) = delete;
@@ -111,6 +114,12 @@ HWND Win32Desktop::topModal() const {
     return peer == nullptr ? nullptr : static_cast<const Win32Peer*>(peer)->formWindow()->window();
 }
 
+FormWindow* Win32Desktop::waitingForFocus() const {
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                    [](const FormWindow* window) { return window->waitsForFocus(); });
+    return found == windows_.rend() ? nullptr : *found;
+}
+
 void Win32Desktop::modelessShown(int more) {
     modeless_ += more;
     if (modeless_ == 0) {
@@ -124,23 +133,29 @@ void Win32Desktop::runModal(Form& form) {
     flush();
     const auto window = static_cast<Win32Peer*>(form.peer())->formWindow();
     window->setModal(ownerNow(window->window()));
-    modals_.push_back({&form, std::make_unique<DisabledWindows>(window->window())});
+    const int number = ++lastModal_;
+    modals_.push_back({number, &form, std::make_unique<DisabledWindows>(window->window())});
     const struct End { // in every case the windows are enabled again
         Win32Desktop& desktop;
         Form& form;
         ~End() { desktop.endModal(form); }
     } end{*this, form};
     form.show();
-    while (form.visible() && window->isThere() && waitForEvents()) {
+    // Once hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
+    const auto open = [this, number] {
+        return std::any_of(modals_.begin(), modals_.end(),
+                           [number](const Modal& modal) { return modal.number == number; });
+    };
+    while (open() && window->isThere() && waitForEvents()) {
     }
 }
 
 void Win32Desktop::endModal(Form& form) {
-    const auto found = std::find_if(modals_.begin(), modals_.end(),
+    const auto found = std::find_if(modals_.rbegin(), modals_.rend(),
                                     [&form](const Modal& modal) { return modal.form == &form; });
-    if (found == modals_.end()) return;
+    if (found == modals_.rend()) return;
     const auto ended = std::move(found->disabled);
-    modals_.erase(found);
+    modals_.erase(std::next(found).base());
 }
 
 // Messages

@@ -57,6 +57,8 @@ class Win32Desktop : public Desktop {
     bool boxIsOpen() const { return openBoxes_ > 0; }
     void add(FormWindow& window) { windows_.push_back(&window); }
     void remove(FormWindow& window);
+    /// A form that was shown while it was disabled and may have the focus now; null if there is none.
+    FormWindow* waitingForFocus() const;
     /// A modeless window has appeared or gone: the hook for its keys is there as long as one is.
     void modelessShown(int more);
     /// A modal window goes: the others take input again.
@@ -87,6 +89,7 @@ class Win32Desktop : public Desktop {
   private:
     class Box;
     struct Modal {
+        int number;
         Form* form;
         std::unique_ptr<DisabledWindows> disabled;
     };
@@ -112,6 +115,7 @@ class Win32Desktop : public Desktop {
     std::vector<FormWindow*> windows_;
     std::vector<Modal> modals_;
     std::optional<MessageHook> hook_;
+    int lastModal_ = 0;
     int modeless_ = 0;
     int openBoxes_ = 0;
     bool quitting_ = false;

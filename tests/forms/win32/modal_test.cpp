@@ -106,13 +106,27 @@ TEST_F(Modal, AFormThatItShowsAsItGoesIsActive) {
     form->onEvent = [&](const std::string& event) {
         if (event == "activate") postClick(windowOf(form->cmdOk));
         if (event == "cmdOk click") form->unload();
-        if (event == "unload") page->show();
+        if (event != "unload") return;
+        page->show();
+        EXPECT_TRUE(IsWindowVisible(windowOf(*page)));
+        EXPECT_FALSE(page->enabled());
+        EXPECT_EQ(1, page->count("activate"));
     };
     form->showModal();
     pump();
     EXPECT_TRUE(page->enabled());
     EXPECT_EQ(windowOf(*page), GetActiveWindow());
     EXPECT_EQ(2, page->count("activate"));
+}
+
+TEST_F(Modal, ShownAgainAfterItWasHiddenItIsModalNoMore) {
+    runModal([&] {
+        form->hide();
+        form->show();
+    });
+    EXPECT_TRUE(form->visible());
+    EXPECT_TRUE(IsWindowEnabled(host.window()));
+    form->unload();
 }
 
 TEST_F(Modal, QuittingEndsItAndEnablesTheHost) {
