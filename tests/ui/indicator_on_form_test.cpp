@@ -131,6 +131,18 @@ TEST_F(IndicatorOnForm, LoadedAnewInsideAStopTheNewOneIsLeftAlone) {
     EXPECT_EQ(indic.RunTimeInterval(), 120);
 }
 
+TEST_F(IndicatorOnForm, LoadedAnewInsideATicksYieldTheTickIsNotTheNewOnes) {
+    window->show();
+    indic.StartNow();
+    desktop.atYield([&] {
+        window->unload();
+        window->show();
+    });
+    desktop.passTime(1000);
+    EXPECT_EQ(window->loads, 2);
+    EXPECT_EQ(indic.RunTimeInterval(), 0);
+}
+
 TEST_F(IndicatorOnForm, TheWindowMayBeDestroyedInsideATick) {
     const std::weak_ptr<Window> life = window;
     window->show();
