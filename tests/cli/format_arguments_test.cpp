@@ -1,5 +1,4 @@
 // What may stand on the command line, and what the program says of anything else.
-#ifndef _WIN32
 
 #include "cli/format_fixture.h"
 
@@ -45,12 +44,14 @@ TEST(Program, ListsItsCommandsInItsHelp) {
     EXPECT_EQ(outcome.err, "");
 }
 
+#ifndef _WIN32
 TEST(Program, NoticesThatNobodyCouldBeToldTheVersion) {
     Surroundings full;
     full.outputTo = "/dev/full";
     EXPECT_EQ(runCorvelle({"--version"}, full).status, 2);
     EXPECT_EQ(runCorvelle({"format", "--help"}, full).status, 2);
 }
+#endif
 
 TEST(Program, WantsACommand) {
     const Outcome outcome = runCorvelle({});
@@ -155,8 +156,12 @@ TEST_F(Arguments, BehindTwoDashesAreNoOptions) {
 }
 
 TEST_F(Arguments, AreTakenAsTheyAreWritten) {
-    for (const std::string name : {"[a.bas]", "[b,c].bas", "[d,e]", "f g.bas", "\"h\".bas", "%%.bas",
-                                   "i=1.bas", "@j.bas", "format", "m\xE4rz.bas", "#1.bas"}) {
+    std::vector<std::string> names{"[a.bas]", "[b,c].bas", "[d,e]",  "f g.bas",     "%%.bas",
+                                   "i=1.bas", "@j.bas",    "format", "m\xE4rz.bas", "#1.bas"};
+#ifndef _WIN32
+    names.push_back("\"h\".bas"); // no name there holds a quote
+#endif
+    for (const std::string& name : names) {
         const std::string path = name.find(".bas") + 4 == name.size() ? name : name + "/x.bas";
         folder.write(path, untidy);
         const Outcome outcome = format({"--quiet", name});
@@ -173,5 +178,3 @@ TEST_F(Arguments, DoNotNameABackupFolderOfNoName) {
 
 } // namespace
 } // namespace corvelle::test
-
-#endif

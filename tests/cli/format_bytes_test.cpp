@@ -1,5 +1,4 @@
 // The bytes of a file: what is kept as it is, and how lines end.
-#ifndef _WIN32
 
 #include "cli/format_fixture.h"
 
@@ -122,5 +121,3 @@ TEST_F(Bytes, OfALineThatWasTooLongBeforeMayBeMore) {
 
 } // namespace
 } // namespace corvelle::test
-
-#endif

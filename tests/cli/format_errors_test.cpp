@@ -1,5 +1,4 @@
 // Structural errors, run-time errors and files that are no modules: the lines they are reported for.
-#ifndef _WIN32
 
 #include "cli/format_fixture.h"
 
@@ -160,5 +159,3 @@ TEST_F(Errors, InGreatNumberAreFoundInOneWalk) {
 
 } // namespace
 } // namespace corvelle::test
-
-#endif

@@ -1,5 +1,4 @@
 // Whole projects: the same on any number of threads, and nothing left to do the second time.
-#ifndef _WIN32
 
 #include "cli/format_fixture.h"
 #include "ide/workspace/file_kind.h"
@@ -19,7 +18,7 @@ std::map<std::string, std::string> filesIn(const TemporaryFolder& folder) {
     for (const auto& entry : fs::recursive_directory_iterator(folder.path())) {
         if (!entry.is_regular_file()) continue;
         const auto name = entry.path().lexically_relative(folder.path());
-        files[name.string()] = folder.read(name);
+        files[name.generic_string()] = folder.read(name);
     }
     return files;
 }
@@ -155,5 +154,3 @@ TEST_F(Examples, KeepEveryByteOfTheirHeaders) {
 
 } // namespace
 } // namespace corvelle::test
-
-#endif

@@ -1,5 +1,4 @@
 // One module from standard input to standard output.
-#ifndef _WIN32
 
 #include "cli/format_fixture.h"
 
@@ -99,6 +98,7 @@ TEST_F(StandardInput, StandsAmongFilesInItsPlace) {
                                "3 rewritten, 0 left unchanged, 0 refused\n");
 }
 
+#ifndef _WIN32
 TEST_F(StandardInput, ThatCannotBeReadIsReported) {
     Surroundings directory;
     directory.inputFrom = "/";
@@ -112,6 +112,7 @@ TEST_F(StandardInput, ThatCannotBeReadIsReported) {
     EXPECT_THAT(outcome.err, HasSubstr("<stdin>: "));
     EXPECT_EQ(outcome.out, "");
 }
+#endif
 
 TEST_F(StandardInput, ThatIsBinaryIsRefused) {
     const Outcome outcome = pass(std::string(100, '\1'));
@@ -122,5 +123,3 @@ TEST_F(StandardInput, ThatIsBinaryIsRefused) {
 
 } // namespace
 } // namespace corvelle::test
-
-#endif

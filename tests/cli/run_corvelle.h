@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-// The program as its users start it: a process of its own. POSIX systems only.
+// The program as its users start it: a process of its own. On Windows its streams cannot be closed, nor disks
+// full.
 namespace corvelle::test {
 
 /// How the program is started, where that is not the plain way.
