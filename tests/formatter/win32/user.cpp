@@ -130,7 +130,10 @@ bool User::isChecked(HWND window, const std::string& checkBox) {
     return ask(control(window, "Button", checkBox), BM_GETCHECK) == BST_CHECKED;
 }
 
-void User::click(HWND window, const std::string& button) {
+void User::click(HWND window, const std::string& button) const {
+    const unsigned before = waits_;
+    PostThreadMessageA(thread_, WM_NULL, 0, 0);
+    waitUntil("the last command to end", [&] { return waits_ != before; });
     const HWND pressed = control(window, "Button", button);
     waitUntil(button + " to take input", [&] { return IsWindowEnabled(window) && IsWindowEnabled(pressed); });
     PostMessageA(pressed, BM_CLICK, 0, 0);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <string>
 #include <vector>
@@ -11,7 +12,8 @@ namespace corvelle::formatter::tests {
 /// from another thread. What is not there within a few seconds throws std::runtime_error.
 class User {
   public:
-    explicit User(DWORD thread) : thread_(thread) {}
+    /// `waits` counts how often the thread has waited for messages.
+    User(DWORD thread, const std::atomic<unsigned>& waits) : thread_(thread), waits_(waits) {}
 
     /// The window that shows such a button and takes input.
     HWND windowWith(const std::string& button) const;
@@ -32,8 +34,9 @@ class User {
     static bool isEnabled(HWND window, const std::string& button);
     static bool isChecked(HWND window, const std::string& checkBox);
 
-    /// Presses a button or check box, which must take input.
-    static void click(HWND window, const std::string& button);
+    /// Presses a button or check box, which must take input, once the last command has ended: until then the
+    /// others do nothing.
+    void click(HWND window, const std::string& button) const;
     static void press(HWND control, int keyCode);
     /// The close box.
     static void close(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
@@ -48,6 +51,7 @@ class User {
     HWND findBox(const std::string& title) const;
 
     DWORD thread_;
+    const std::atomic<unsigned>& waits_;
 };
 
 } // namespace corvelle::formatter::tests

@@ -8,6 +8,11 @@
 
 namespace corvelle::formatter::tests {
 
+bool WatchedDesktop::waitForEvents() {
+    ++waits;
+    return Win32Desktop::waitForEvents();
+}
+
 void Manager::Hide() {
     ++hides;
     if (const auto shown = std::exchange(page, nullptr)) shown->unload();
@@ -72,7 +77,7 @@ void WizardOnScreen::letUserWork(const std::function<void(const User&)>& user) {
     const DWORD thread = GetCurrentThreadId();
     std::thread works([&] {
         try {
-            user(User(thread));
+            user(User(thread, desktop.waits));
         } catch (const std::exception& error) {
             ADD_FAILURE() << error.what();
         }
@@ -84,7 +89,7 @@ void WizardOnScreen::letUserWork(const std::function<void(const User&)>& user) {
 }
 
 HWND WizardOnScreen::openDialog(const User& user) {
-    User::click(user.windowWith("&Next   >>"), "&Next   >>");
+    user.click(user.windowWith("&Next   >>"), "&Next   >>");
     return user.windowWith("&Format Code");
 }
 

@@ -7,6 +7,7 @@
 #include "forms/win32/win32_desktop.h"
 #include "ide/workspace/workspace.h"
 
+#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -14,6 +15,15 @@
 #include <vector>
 
 namespace corvelle::formatter::tests {
+
+/// Counts how often it has waited for messages; it does so only when nothing is under way.
+class WatchedDesktop : public forms::Win32Desktop {
+  public:
+    using Win32Desktop::Win32Desktop;
+    bool waitForEvents() override;
+
+    std::atomic<unsigned> waits{0};
+};
 
 /// The connect object: owns the page and lets go of it.
 class Manager : public AddInManager {
@@ -47,7 +57,7 @@ class WizardOnScreen : public testing::Test {
     static std::string status(const std::string& text) { return " Status: " + text; }
 
     corvelle::test::TemporaryFolder folder;
-    forms::Win32Desktop desktop{GetModuleHandleA(nullptr)};
+    WatchedDesktop desktop{GetModuleHandleA(nullptr)};
     std::shared_ptr<workspace::Workspace> ide;
     std::shared_ptr<Manager> manager = std::make_shared<Manager>();
 };

@@ -46,7 +46,7 @@ Lines errorsIn(const Lines& lines) {
 // Saves a backup through the system's dialog.
 void saveBackup(const User& user, HWND dialog, const std::string& path) {
     constexpr int nameField = 0x47C;
-    User::click(dialog, "&Select ...");
+    user.click(dialog, "&Select ...");
     const HWND save = user.box("Save As");
     User::waitUntil("the proposed name", [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
     Sleep(200); // it fills itself first
@@ -87,9 +87,9 @@ TEST_F(WizardOnScreen, FormatsAModuleFromThePageToTheCodeAndBack) {
         EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
 
         EXPECT_TRUE(User::isChecked(dialog, noEmpty));
-        User::click(dialog, noEmpty);
+        user.click(dialog, noEmpty);
         User::waitUntil("no tick", [&] { return !User::isChecked(dialog, noEmpty); });
-        User::click(dialog, noComments);
+        user.click(dialog, noComments);
         User::waitUntil("a tick", [&] { return User::isChecked(dialog, noComments); });
         const HWND lblTab = User::control(dialog, "Static", "2");
         const HWND slider = User::controls(dialog, "msctls_trackbar32").at(0);
@@ -97,7 +97,7 @@ TEST_F(WizardOnScreen, FormatsAModuleFromThePageToTheCodeAndBack) {
         User::press(slider, VK_RIGHT);
         User::waitUntil("the tab width", [&] { return User::text(lblTab) == "4"; });
 
-        User::click(dialog, "&Format Code");
+        user.click(dialog, "&Format Code");
         User::waitForText(dialog, "Edit", status(succeeded));
         User::waitForText(dialog, "Static", resultsOf(before.size(), expected.size()));
         EXPECT_TRUE(User::isEnabled(dialog, "&Add to Module"));
@@ -107,13 +107,13 @@ TEST_F(WizardOnScreen, FormatsAModuleFromThePageToTheCodeAndBack) {
         User::waitForText(dialog, "Edit", backup);
         EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
 
-        User::click(dialog, "&Format Code");
+        user.click(dialog, "&Format Code");
         User::waitForText(dialog, "Edit", status(succeeded));
-        User::click(dialog, "&Add to Module");
+        user.click(dialog, "&Add to Module");
         User::waitForText(dialog, "Edit", status("Formatted code written to the code module.."));
         EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
 
-        User::click(dialog, "<< Go &Back");
+        user.click(dialog, "<< Go &Back");
         EXPECT_EQ(page, user.windowWith("&Next   >>"));
         EXPECT_FALSE(IsWindow(dialog));
         EXPECT_FALSE(user.seesBox("Add code ..?"));
@@ -131,14 +131,14 @@ TEST_F(WizardOnScreen, AsksBeforeFormattedCodeIsLost) {
     letUserWork([&](const User& user) {
         const HWND page = user.windowWith("&Next   >>");
         HWND dialog = openDialog(user);
-        User::click(dialog, "<< Go &Back"); // nothing is lost: no question
+        user.click(dialog, "<< Go &Back"); // nothing is lost: no question
         EXPECT_EQ(page, user.windowWith("&Next   >>"));
 
-        User::click(page, "&Next   >>");
+        user.click(page, "&Next   >>");
         EXPECT_EQ("Please confirm that you wish to format \nModule: modText which was just formatted",
                   user.answer("Repeate formatting ..?", IDYES));
         dialog = user.windowWith("&Format Code");
-        User::click(dialog, "&Format Code");
+        user.click(dialog, "&Format Code");
         User::waitForText(dialog, "Edit", status(succeeded));
         User::close(dialog);
         EXPECT_EQ(question, user.answer("Add code ..?", IDNO));
@@ -156,7 +156,7 @@ TEST_F(WizardOnScreen, CloseClosesTheWholeWizard) {
     letUserWork([&](const User& user) {
         const HWND page = user.windowWith("&Next   >>");
         const HWND dialog = openDialog(user);
-        User::click(dialog, "&Close");
+        user.click(dialog, "&Close");
         User::waitUntil("both windows to go", [&] { return !IsWindow(dialog) && !IsWindow(page); });
     });
     EXPECT_GE(manager->hides, 1);
@@ -170,7 +170,7 @@ TEST_F(WizardOnScreen, ListsTheStructuralErrors) {
     ASSERT_FALSE(expected.empty());
     letUserWork([&](const User& user) {
         const HWND dialog = openDialog(user);
-        User::click(dialog, "&Format Code");
+        user.click(dialog, "&Format Code");
         const HWND list = user.windowTitled("Formatting Errors");
         EXPECT_FALSE(IsWindowEnabled(dialog));
         const Lines errors = User::entries(User::controls(list, "ListBox").at(0));
@@ -179,10 +179,10 @@ TEST_F(WizardOnScreen, ListsTheStructuralErrors) {
         User::waitForText(list, "Static", "Total " + count + " errors detected..");
         User::waitForText(dialog, "Edit",
                           status("Formatting was not successful." + count + " errors detected.."));
-        User::click(list, "&Close");
+        user.click(list, "&Close");
         EXPECT_EQ(dialog, user.windowWith("&Format Code"));
         EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
-        User::click(dialog, "<< Go &Back");
+        user.click(dialog, "<< Go &Back");
         user.answer("Add code ..?", IDYES);
         user.windowWith("&Next   >>");
     });
