@@ -9,14 +9,17 @@ namespace corvelle::formatter {
 void LineBuffer::reset() {
     // Swapped, not cleared: a large module's memory goes back when its run is over.
     std::string().swap(text_);
-    std::vector<Line>{{0, 0}}.swap(lines_);
+    std::vector<std::uint32_t>{0}.swap(ends_);
+    std::vector<std::int16_t>{0}.swap(spaces_);
 }
 
 void LineBuffer::beginLoading(std::size_t lines, std::size_t bytes) {
     text_.clear();
-    lines_.clear();
+    ends_.clear();
+    spaces_.clear();
     text_.reserve(bytes);
-    lines_.reserve(lines);
+    ends_.reserve(lines);
+    spaces_.reserve(lines);
 }
 
 void LineBuffer::append(std::string_view text) {
@@ -24,7 +27,8 @@ void LineBuffer::append(std::string_view text) {
         throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
     }
     text_.append(text);
-    lines_.push_back({static_cast<std::uint32_t>(text_.size()), 0});
+    ends_.push_back(static_cast<std::uint32_t>(text_.size()));
+    spaces_.push_back(0);
 }
 
 std::string LineBuffer::line(std::int32_t index) const {

@@ -24,32 +24,29 @@ class LineBuffer {
     void append(std::string_view text);
 
     /// Index of the last line; -1 when there is none.
-    std::int32_t maxIndx() const { return static_cast<std::int32_t>(lines_.size()) - 1; }
+    std::int32_t maxIndx() const { return static_cast<std::int32_t>(ends_.size()) - 1; }
 
     /// The line without the spaces before it; 0 to maxIndx().
     std::string_view text(std::int32_t index) const {
         const auto i = static_cast<std::size_t>(index);
-        const std::size_t begin = i == 0 ? 0 : lines_[i - 1].end;
-        return {text_.data() + begin, lines_[i].end - begin};
+        const std::size_t begin = i == 0 ? 0 : ends_[i - 1];
+        return {text_.data() + begin, ends_[i] - begin};
     }
 
     /// How many spaces stand before the line, 0 to 32767.
-    std::int16_t spaces(std::int32_t index) const { return lines_[static_cast<std::size_t>(index)].spaces; }
+    std::int16_t spaces(std::int32_t index) const { return spaces_[static_cast<std::size_t>(index)]; }
     void setSpaces(std::int32_t index, std::int16_t spaces) {
-        lines_[static_cast<std::size_t>(index)].spaces = spaces;
+        spaces_[static_cast<std::size_t>(index)] = spaces;
     }
 
     /// The whole line, spaces included.
     std::string line(std::int32_t index) const;
 
   private:
-    struct Line {
-        std::uint32_t end; // in text_; the line begins where the one before it ends
-        std::int16_t spaces;
-    };
-
     std::string text_;
-    std::vector<Line> lines_;
+    // Apart, because together they would fill eight bytes a line.
+    std::vector<std::uint32_t> ends_; // in text_; a line begins where the one before it ends
+    std::vector<std::int16_t> spaces_;
 };
 
 } // namespace corvelle::formatter
