@@ -42,7 +42,10 @@ configure() {
 
 # build PRESET [TARGET...]: brings the targets up to date; prints only what goes wrong.
 build() {
-  local preset=$1
+  local folder=$root/build/$1
   shift
-  ninja --quiet -C "$root/build/$preset" "$@" >&2
+  ninja -C "$folder" "$@" >"$folder/build.log" 2>&1 || {
+    cat "$folder/build.log" >&2
+    return 1
+  }
 }

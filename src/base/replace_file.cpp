@@ -68,7 +68,8 @@ void give(int file, const Permissions& permissions, const fs::path& path) {
         if (::fchown(file, user, group) != 0 && ::fchown(file, static_cast<uid_t>(-1), group) != 0)
             mode &= 0777;
     }
-    if (::fchmod(file, mode) != 0) throw fileErrorOfErrno(path);
+    // A disk without permissions of its own shows every file with the same ones and lets none be set.
+    if ((now.st_mode & 07777) != mode && ::fchmod(file, mode) != 0) throw fileErrorOfErrno(path);
 }
 
 // The file is replaced already and cannot be brought back, so a folder that cannot be flushed is no failure.

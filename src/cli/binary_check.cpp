@@ -6,8 +6,10 @@ namespace corvelle::cli {
 
 std::string_view whatInsteadOfText(std::string_view bytes) {
     const std::string_view mark = bytes.substr(0, 2);
-    // Some editors and copy programs filled the last block of a text file with NULs.
-    bytes = bytes.substr(0, bytes.find_last_not_of('\0') + 1).substr(0, std::size_t{1} << 16);
+    // Some editors and copy programs filled the last block of a text file with NULs. Formatted, they are the
+    // last line.
+    constexpr std::string_view fill("\0\r\n ", 4);
+    bytes = bytes.substr(0, bytes.find_last_not_of(fill) + 1).substr(0, std::size_t{1} << 16);
     std::size_t controls = 0;
     for (const char c : bytes) { // no branches, so that the compiler looks at many bytes at once
         const auto byte = static_cast<unsigned char>(c);

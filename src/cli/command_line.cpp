@@ -168,6 +168,7 @@ int runCommandLine(int argc, const char* const* argv) {
     CLI::App app(
         "The code formatter and the help context ID indexer for Visual Basic 6 projects, without the IDE",
         "corvelle");
+    app.allow_windows_style_options(false); // what begins with a slash is a path there too
     app.set_version_flag("--version", "corvelle " CORVELLE_VERSION);
     app.require_subcommand(0, 1);
     FormatSettings settings;

@@ -1,5 +1,6 @@
 #include "cli/format_job.h"
 
+#include "base/path_text.h"
 #include "base/run_time_error.h"
 #include "cli/binary_check.h"
 #include "cli/formatted_file.h"
@@ -8,6 +9,7 @@
 #include "formatter/token_check.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <new>
 #include <stdexcept>
 #include <system_error>
@@ -63,7 +65,10 @@ void FormatJob::format() {
     }
     try {
         read();
-        if (!file_) return;
+        if (!file_) {
+            fate_ = Fate::Failed;
+            return;
+        }
         Errors errors;
         Engine engine(errors);
         engine.options = settings_.options;
@@ -152,24 +157,24 @@ void FormatJob::findUnsafeLines() {
 
 void FormatJob::chooseBackup(BackupNames& names) {
     if (fate_ != Fate::Rewritten || !settings_.backupDir || source_.isStandardInput()) return;
-    std::string name = source_.path.stem().string();
+    std::string name = base::textOf(source_.path.stem());
     if (isPlainName(file_->name())) name = file_->name();
     if (!file_->hasNameAttribute() && isPlainName(source_.projectName)) name = source_.projectName;
     backupName_ = names.next(name, file_->type());
 }
 
-void FormatJob::saveBackup(const std::unordered_set<std::string>& inUse) const {
-    const std::filesystem::path folder = *settings_.backupDir;
-    const std::filesystem::path backup = folder / backupName_;
+void FormatJob::saveBackup(const RealPaths& inUse) const {
+    const std::filesystem::path folder = base::pathOf(*settings_.backupDir);
+    const std::filesystem::path backup = folder / base::pathOf(backupName_);
     const auto fail = [&](const std::string& reason) {
-        throw std::runtime_error("not rewritten, its backup " + backup.string() +
+        throw std::runtime_error("not rewritten, its backup " + base::textOf(backup) +
                                  " could not be saved: " + reason);
     };
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) fail(base::fileErrorOf(error, folder).description());
     const auto real = std::filesystem::canonical(backup, error);
-    if (!error && inUse.count(real.string()) != 0) fail("that file is one of those to format");
+    if (!error && inUse.count(real.native()) != 0) fail("that file is one of those to format");
     try {
         base::replaceFile(backup, [&](base::FileWriter& out) {
             for (std::uint32_t line = 0; line < file_->codeLineCount(); ++line) {
@@ -182,7 +187,7 @@ void FormatJob::saveBackup(const std::unordered_set<std::string>& inUse) const {
     }
 }
 
-void FormatJob::save(const std::unordered_set<std::string>& inUse) {
+void FormatJob::save(const RealPaths& inUse) {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
         if (!backupName_.empty()) saveBackup(inUse);

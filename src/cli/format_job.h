@@ -3,16 +3,14 @@
 #include "base/file.h"
 #include "cli/backup_names.h"
 #include "cli/format_settings.h"
-#include "cli/module_source.h"
+#include "cli/source_list.h"
 #include "formatter/engine.h"
 #include "ide/workspace/module_file.h"
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace corvelle::cli {
@@ -33,8 +31,8 @@ class FormatJob {
     /// Chooses the backup's name if the file is to be rewritten with a backup.
     void chooseBackup(BackupNames& names);
     /// Saves the backup and rewrites the file, if that is what is to be done. No backup may take the place
-    /// of one of the files `inUse`, given by their real paths.
-    void save(const std::unordered_set<std::string>& inUse);
+    /// of one of the files `inUse`.
+    void save(const RealPaths& inUse);
     void printMessages(base::FileWriter& err) const;
     /// Prints what goes to standard output.
     void printResult(base::FileWriter& out) const;
@@ -49,7 +47,7 @@ class FormatJob {
     bool clean(formatter::Engine& engine);
     void indent(formatter::Engine& engine, const Errors& errors);
     void findUnsafeLines();
-    void saveBackup(const std::unordered_set<std::string>& inUse) const;
+    void saveBackup(const RealPaths& inUse) const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
     void printDiff(base::FileWriter& out) const;

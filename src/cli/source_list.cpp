@@ -1,6 +1,7 @@
 #include "cli/source_list.h"
 
 #include "base/file.h"
+#include "base/path_text.h"
 #include "base/run_time_error.h"
 #include "cli/binary_check.h"
 #include "ide/workspace/file_kind.h"
@@ -25,6 +26,13 @@ std::string joined(const std::string& directory, const std::string& rest) {
     return directory.back() == '/' ? directory + rest : directory + "/" + rest;
 }
 
+// A path as messages show it.
+std::string shown(const fs::path& path) {
+    auto text = path.native();
+    std::replace(text.begin(), text.end(), fs::path::preferred_separator, fs::path::value_type('/'));
+    return base::textOf(text);
+}
+
 class Collector {
   public:
     explicit Collector(SourceList& list) : list_(list) {}
@@ -33,13 +41,13 @@ class Collector {
         if (standardInputTaken_) return;
         standardInputTaken_ = true;
         ModuleSource source{.shownPath = name.empty() ? "<stdin>" : name};
-        if (const auto type = workspace::moduleTypeOfPath(name)) source.type = *type;
+        if (const auto type = workspace::moduleTypeOfPath(base::pathOf(name))) source.type = *type;
         list_.sources.push_back(std::move(source));
     }
 
     void addArgument(const std::string& argument) {
         std::error_code error;
-        const fs::path path(argument);
+        const fs::path path = base::pathOf(argument);
         const auto status = fs::status(path, error);
         if (argument.empty()) {
             addProblem(argument, "the path is empty");
@@ -47,11 +55,11 @@ class Collector {
             addProblem(argument, base::fileErrorOf(error, path).description());
         } else if (fs::is_directory(status)) {
             addDirectory(argument, path);
-        } else if (const auto type = workspace::moduleTypeOfPath(argument)) {
+        } else if (const auto type = workspace::moduleTypeOfPath(path)) {
             addModule({.shownPath = argument, .path = path, .type = *type});
-        } else if (workspace::isProjectPath(argument)) {
+        } else if (workspace::isProjectPath(path)) {
             addProject(path);
-        } else if (workspace::isGroupPath(argument)) {
+        } else if (workspace::isGroupPath(path)) {
             addGroup(path);
         } else {
             addProblem(argument, "not a module, a project, a project group or a directory");
@@ -60,6 +68,7 @@ class Collector {
 
   private:
     void addProblem(std::string shownPath, std::string problem) {
+        ++met_;
         list_.sources.push_back({.shownPath = std::move(shownPath), .problem = std::move(problem)});
     }
 
@@ -71,35 +80,43 @@ class Collector {
     bool isNew(const fs::path& path) {
         std::error_code error;
         const fs::path real = fs::canonical(path, error);
-        return list_.realPaths.insert((error ? path : real).string()).second;
+        return list_.realPaths.insert((error ? path : real).native()).second;
     }
 
     void addModule(ModuleSource source) {
+        ++met_;
         if (isNew(source.path)) list_.sources.push_back(std::move(source));
     }
 
-    void addDirectory(const std::string& shown, const fs::path& path) {
-        const std::size_t before = list_.sources.size();
-        walk(shown, path);
-        if (list_.sources.size() == before) addNote(shown, "no modules in this directory");
+    void addDirectory(const std::string& folder, const fs::path& path) {
+        const std::size_t before = met_;
+        walk(folder, path);
+        if (met_ == before) addNote(folder, "no modules in this directory");
     }
 
-    void walk(const std::string& shown, const fs::path& path) {
+    void walk(const std::string& folder, const fs::path& path) {
         std::error_code error;
         std::vector<fs::directory_entry> entries;
         for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
             entries.push_back(*entry);
         }
-        if (error) addProblem(shown, base::fileErrorOf(error, path).description());
+        if (error) addProblem(folder, base::fileErrorOf(error, path).description());
         std::sort(entries.begin(), entries.end()); // by name, folders among the files
         for (const fs::directory_entry& entry : entries) {
-            const std::string name = joined(shown, entry.path().filename().string());
-            if (entry.is_directory(error) && !entry.is_symlink(error)) { // links could lead in circles
-                walk(name, entry.path());
-            } else if (const auto type = workspace::moduleTypeOfPath(name);
-                       type && !entry.is_directory(error)) {
-                addModule({.shownPath = name, .path = entry.path(), .type = *type});
+            try {
+                addEntry(joined(folder, shown(entry.path().filename())), entry);
+            } catch (const base::FileError& failure) {
+                addProblem(folder, "a name in this directory cannot be spelled: " + failure.description());
             }
+        }
+    }
+
+    void addEntry(const std::string& name, const fs::directory_entry& entry) {
+        std::error_code error;
+        if (entry.is_directory(error)) {
+            if (!entry.is_symlink(error)) walk(name, entry.path()); // links could lead in circles
+        } else if (const auto type = workspace::moduleTypeOfPath(entry.path())) {
+            addModule({.shownPath = name, .path = entry.path(), .type = *type});
         }
     }
 
@@ -109,13 +126,13 @@ class Collector {
         if (!project) return;
         for (const auto& member : project->members()) {
             if (const auto found = find(path, member.path)) {
-                addModule({.shownPath = found->generic_string(),
+                addModule({.shownPath = shown(*found),
                            .path = *found,
                            .type = member.type,
                            .projectName = member.name});
             }
         }
-        if (project->members().empty()) addNote(path.string(), "no modules in this project");
+        if (project->members().empty()) addNote(shown(path), "no modules in this project");
     }
 
     void addGroup(const fs::path& path) {
@@ -124,7 +141,7 @@ class Collector {
         for (const std::string& member : group->projects()) {
             if (const auto found = find(path, member)) addProject(*found);
         }
-        if (group->projects().empty()) addNote(path.string(), "no projects in this group");
+        if (group->projects().empty()) addNote(shown(path), "no projects in this group");
     }
 
     template <class File>
@@ -133,9 +150,9 @@ class Collector {
             const std::string bytes = base::readFile(path);
             const std::string_view what = whatInsteadOfText(bytes);
             if (what.empty()) return File(bytes);
-            addProblem(path.string(), "this is " + std::string(what) + ", not a project or a group");
+            addProblem(shown(path), "this is " + std::string(what) + ", not a project or a group");
         } catch (const base::RunTimeError& error) {
-            addProblem(path.string(), error.description());
+            addProblem(shown(path), error.description());
         }
         return std::nullopt;
     }
@@ -145,9 +162,9 @@ class Collector {
         const fs::path folder = namedIn.parent_path();
         auto found = resolver_.resolve(folder, written);
         if (!found) {
-            addProblem(workspace::pathInProject(folder, written).generic_string(),
+            addProblem(shown(workspace::pathInProject(folder, written)),
                        base::RunTimeError(base::ErrorNumber::FileNotFound).description() + " (named in " +
-                           namedIn.string() + ")");
+                           shown(namedIn) + ")");
         }
         return found;
     }
@@ -155,6 +172,7 @@ class Collector {
     SourceList& list_;
     workspace::PathResolver resolver_;
     bool standardInputTaken_ = false;
+    std::size_t met_ = 0; // modules and problems, those that were known already too
 };
 
 } // namespace

@@ -3,11 +3,15 @@
 #include "cli/module_source.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <unordered_set>
 #include <vector>
 
 namespace corvelle::cli {
+
+/// Files as the system names them: absolute, links resolved.
+using RealPaths = std::unordered_set<std::filesystem::path::string_type>;
 
 /// What the paths of a command line stand for: module files, projects (all their modules), project groups
 /// (all their projects), directories (every module file below) and "-" (standard input, named `stdinName` or
@@ -16,7 +20,7 @@ namespace corvelle::cli {
 /// directory, project or group that holds nothing is a note in its place.
 struct SourceList {
     std::vector<ModuleSource> sources;
-    std::unordered_set<std::string> realPaths; ///< of the modules' files and the projects, links resolved
+    RealPaths realPaths; ///< of the modules' files and the projects
 
     std::size_t moduleCount() const;
 };

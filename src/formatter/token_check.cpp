@@ -155,8 +155,11 @@ std::optional<std::string> TokenCheck::keptWithChanges(std::string_view oldLine,
 std::optional<std::string> TokenCheck::droppedWithText(std::string_view oldLine) {
     VbLexer oldLexer(oldLine, was_);
     std::optional<std::string> loss;
+    const bool carriesOn = was_ == VbLineState::Comment;
     const VbToken first = nextThatCounts(oldLexer);
-    if (first.kind != VbTokenKind::End) loss = named(oldLine, first);
+    // An empty line that carries a comment on holds nothing to lose but the comment's end.
+    const bool holdsText = first.kind != VbTokenKind::End && !(carriesOn && first.text.empty());
+    if (holdsText) loss = named(oldLine, first);
     settle(oldLexer.stateAfter(), is_, loss);
     return loss;
 }

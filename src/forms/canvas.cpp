@@ -27,8 +27,30 @@ void Canvas::fillBox(int x1, int y1, int x2, int y2, Colour colour) {
 }
 
 void Canvas::outlineBox(int x1, int y1, int x2, int y2, Colour outline, Colour fill) {
-    fillBox(x1, y1, x2, y2, outline);
-    fillBox(x1 + 1, y1 + 1, x2 - 1, y2 - 1, fill);
+    fillBox(x1, y1, x2, y2, fill);
+    frameBox(x1, y1, x2, y2, outline);
+}
+
+void Canvas::frameBox(int x1, int y1, int x2, int y2, Colour outline) {
+    const int left = std::min(x1, x2), right = std::max(x1, x2);
+    const int top = std::min(y1, y2), bottom = std::max(y1, y2);
+    if (left == right || top == bottom) return;
+    fillBox(left, top, right, top + 1, outline);
+    fillBox(left, bottom - 1, right, bottom, outline);
+    fillBox(left, top, left + 1, bottom, outline);
+    fillBox(right - 1, top, right, bottom, outline);
+}
+
+void Canvas::put(const Canvas& picture, int x, int y) {
+    const int left = std::max(x, 0), right = std::min(x + picture.width_, width_);
+    const int top = std::max(y, 0), bottom = std::min(y + picture.height_, height_);
+    if (left >= right) return;
+    for (int row = top; row < bottom; ++row) {
+        const auto from =
+            picture.pixels_.begin() + static_cast<std::ptrdiff_t>(picture.index(left - x, row - y));
+        std::copy(from, from + (right - left),
+                  pixels_.begin() + static_cast<std::ptrdiff_t>(index(left, row)));
+    }
 }
 
 } // namespace corvelle::forms

@@ -22,6 +22,10 @@ class Canvas {
     void fillBox(int x1, int y1, int x2, int y2, Colour colour);
     /// The same box filled with one colour and outlined, inside its edge, with another.
     void outlineBox(int x1, int y1, int x2, int y2, Colour outline, Colour fill);
+    /// The outline alone.
+    void frameBox(int x1, int y1, int x2, int y2, Colour outline);
+    /// Copies the picture with its left upper corner to (x, y).
+    void put(const Canvas& picture, int x, int y);
 
     /// 0 <= x < width(), 0 <= y < height().
     Colour pixel(int x, int y) const { return pixels_[index(x, y)]; }

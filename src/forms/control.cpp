@@ -43,7 +43,7 @@ void Control::touch() const {
 }
 
 void Control::raise(const std::function<void()>& handler) {
-    if (handler && !form_.isBeingDesigned()) form_.run(handler);
+    if (handler && form_.raisesEvents()) form_.run(handler);
 }
 
 void Control::changed(Aspect aspect) {

@@ -72,7 +72,8 @@ class Control {
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
 
-    /// Whether the user can reach the control: it, its containers and the form are visible and enabled.
+    /// Whether the user can reach the control when its form takes input: it and its containers are visible
+    /// and enabled.
     bool reachable() const;
 
     // What the user did; called by the window that shows the control.
@@ -87,7 +88,7 @@ class Control {
   protected:
     /// Loads the form if need be.
     void touch() const;
-    /// Runs an event handler, if one is set, unless the form is being designed.
+    /// Runs an event handler, if one is set and the form raises events.
     void raise(const std::function<void()>& handler);
     /// Tells the window.
     void changed(Aspect aspect);

@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "forms/desktop.h"
 
+#include <new>
 #include <utility>
 
 namespace corvelle::forms {
@@ -13,18 +14,32 @@ Form::~Form() = default;
 
 void Form::load() {
     if (state_ != State::NotLoaded) return;
+    const auto alive = shared_from_this();
+    makeWindow();
+    if (state_ == State::Loaded) run([this] { Form_Load(); });
+}
+
+void Form::makeWindow() {
+    const struct Making { // a form without a window is not loaded
+        Form& form;
+        ~Making() {
+            if (form.peer_) return;
+            form.state_ = State::NotLoaded;
+        }
+    } making{*this};
     state_ = State::Designing;
     window_ = Window();
     resetControls();
     design();
     state_ = State::Loaded;
-    peer_ = desktop_.makePeer(*this);
-    Form_Load();
+    auto peer = desktop_.makePeer(*this);
+    if (state_ == State::Loaded) peer_ = std::move(peer); // a surface's resize may have unloaded the form
 }
 
 void Form::show() {
     const auto alive = shared_from_this();
     load();
+    if (!peer_ || state_ == State::Closing) return;
     if (window_.visible) return peer_->bringToFront();
     window_.visible = true;
     peer_->show();
@@ -33,12 +48,13 @@ void Form::show() {
 void Form::showModal() {
     const auto alive = shared_from_this();
     load();
-    desktop_.runModal(*this);
+    if (peer_ && state_ != State::Closing) desktop_.runModal(*this);
 }
 
 void Form::hide() {
+    const auto alive = shared_from_this();
     load();
-    if (!window_.visible) return;
+    if (!peer_ || !window_.visible) return;
     window_.visible = false;
     peer_->hide();
 }
@@ -46,21 +62,38 @@ void Form::hide() {
 bool Form::unload(UnloadMode mode) {
     if (state_ != State::Loaded) return true;
     const auto alive = shared_from_this();
-    state_ = State::Unloading;
-    const struct Asking { // an error in a handler cancels the unload
+    const struct Asking {
         Form& form;
         ~Asking() {
-            if (form.state_ == State::Unloading) form.state_ = State::Loaded;
+            if (form.isLoaded()) form.state_ = State::Loaded;
         }
     } asking{*this};
-    bool cancel = false;
-    Form_QueryUnload(cancel, mode);
-    if (!cancel) Form_Unload(cancel);
-    if (cancel) return false;
-    window_.visible = false;
-    peer_.reset();
-    state_ = State::NotLoaded;
+    if (!agreesToUnload(mode)) return false;
+    close();
     return true;
+}
+
+bool Form::agreesToUnload(UnloadMode mode) {
+    state_ = State::Unloading;
+    bool cancel = false;
+    const bool ran = run([&] {
+        Form_QueryUnload(cancel, mode);
+        if (!cancel) Form_Unload(cancel);
+    });
+    return ran && !cancel;
+}
+
+void Form::close() {
+    state_ = State::Closing;
+    if (window_.visible) {
+        window_.visible = false;
+        // Another form may become the active one here; when the window goes there is nothing left to happen.
+        if (peer_) peer_->hide();
+    }
+    peer_.reset();
+    resetControls();
+    window_ = Window();
+    state_ = State::NotLoaded;
 }
 
 void Form::setCaption(const std::string& caption) {
@@ -100,17 +133,19 @@ Control* Form::activeControl() {
     return peer_ ? peer_->focused() : nullptr;
 }
 
-void Form::run(const std::function<void()>& handler) {
+bool Form::run(const std::function<void()>& handler) {
     const auto alive = shared_from_this();
     try {
         // The handler may unload the form and so let go of what it was copied from.
         const auto kept = handler;
         kept();
+        return true;
     } catch (const base::RunTimeError& error) {
         desktop_.msgBox(error.description(), 0);
     } catch (const std::bad_alloc&) {
         desktop_.msgBox(base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)), 0);
     }
+    return false;
 }
 
 void Form::userClosed() {
@@ -122,18 +157,19 @@ void Form::userActivated() {
 }
 
 void Form::userClicked() {
-    run([this] { Form_Click(); });
+    if (raisesEvents()) run([this] { Form_Click(); });
 }
 
 void Form::userMovedMouse() {
-    run([this] { Form_MouseMove(); });
+    if (raisesEvents()) run([this] { Form_MouseMove(); });
 }
 
 void Form::userReleasedKey(int keyCode) {
-    run([this, keyCode] { Form_KeyUp(keyCode); });
+    if (raisesEvents()) run([this, keyCode] { Form_KeyUp(keyCode); });
 }
 
 void Form::userResized(Size clientArea) {
+    if (!raisesEvents()) return;
     window_.size = clientArea;
     run([this] { Form_Resize(); });
 }

@@ -46,13 +46,17 @@ class Form : public std::enable_shared_from_this<Form> {
     void load();
     bool isLoaded() const { return state_ != State::NotLoaded; }
     bool isBeingDesigned() const { return state_ == State::Designing; }
-    /// Loads, shows and activates the window; one that is visible comes to the front.
+    /// Whether what happens to it and its controls raises events: from the design's end to the unload's.
+    bool raisesEvents() const { return state_ == State::Loaded || state_ == State::Unloading; }
+    /// Loads, shows and activates the window; one that is visible comes to the front. Nothing happens if the
+    /// form unloads itself as it loads.
     void show();
     /// The same; returns when the form is hidden or unloaded, or the program quits.
     void showModal();
     void hide();
-    /// Asks Form_QueryUnload and Form_Unload, then takes the window away. False if the unload was cancelled.
-    /// Nothing happens to a form that is not loaded or is inside its own unload.
+    /// Asks Form_QueryUnload and Form_Unload, then takes the window away. False if the unload was cancelled;
+    /// an error in one of the two cancels it too. Nothing happens to a form that is not loaded or is inside
+    /// its own unload.
     bool unload(UnloadMode mode = UnloadMode::Code);
 
     const std::string& caption() const { return used().window_.caption; }
@@ -64,6 +68,7 @@ class Form : public std::enable_shared_from_this<Form> {
     /// The client area's size.
     Size size() const { return used().window_.size; }
     void setSize(Size size);
+    /// Looking at this or the next does not load the form.
     bool visible() const { return isLoaded() && window_.visible; }
     /// Whether the window takes input: false while a modal window is above it.
     bool enabled() const { return isLoaded() && window_.enabled; }
@@ -81,7 +86,8 @@ class Form : public std::enable_shared_from_this<Form> {
     FormPeer* peer() { return peer_.get(); }
 
     /// Runs a handler: keeps the form alive meanwhile, and shows an error that leaves it in a message box.
-    void run(const std::function<void()>& handler);
+    /// False if one did.
+    bool run(const std::function<void()>& handler);
 
     // What the user did, or the window system; called by the window behind the form.
     void userClosed();
@@ -116,7 +122,7 @@ class Form : public std::enable_shared_from_this<Form> {
     void setCancelButton(Control& button) { window_.cancelButton = &button; }
 
   private:
-    enum class State { NotLoaded, Designing, Loaded, Unloading };
+    enum class State { NotLoaded, Designing, Loaded, Unloading, Closing };
 
     struct Window {
         std::string caption;
@@ -133,6 +139,9 @@ class Form : public std::enable_shared_from_this<Form> {
 
     const Form& used() const { return const_cast<Form*>(this)->load(), *this; }
     void resetControls();
+    void makeWindow();
+    bool agreesToUnload(UnloadMode mode);
+    void close();
 
     Desktop& desktop_;
     std::string name_;

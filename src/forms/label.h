@@ -18,16 +18,20 @@ class Label : public Captioned {
     /// Whether a sunken line is drawn around it.
     bool bordered() const { return touch(), bordered_; }
     void setBordered(bool bordered) { change(bordered_, bordered, Aspect::Bounds); }
+    /// Whether what lies below it shows between its letters.
+    bool transparent() const { return touch(), transparent_; }
+    void setTransparent(bool transparent) { change(transparent_, transparent, Aspect::Colours); }
 
     void reset() override {
         Captioned::reset();
         alignment_ = Alignment::Left;
-        bordered_ = false;
+        bordered_ = transparent_ = false;
     }
 
   private:
     Alignment alignment_ = Alignment::Left;
     bool bordered_ = false;
+    bool transparent_ = false;
 };
 
 } // namespace corvelle::forms

@@ -2,7 +2,14 @@
 
 #include "base/run_time_error.h"
 
+#include <algorithm>
+
 namespace corvelle::forms {
+
+void Slider::setRange(const Range& range) {
+    if (range.min > range.max) throw base::RunTimeError(base::ErrorNumber::InvalidPropertyValue);
+    if (change(range_, range, Aspect::Items)) setValue(std::clamp(value_, range.min, range.max));
+}
 
 void Slider::setValue(int value) {
     touch();

@@ -25,7 +25,8 @@ class Slider : public Control {
     std::function<void()> onScroll;
 
     const Range& range() const { return touch(), range_; }
-    void setRange(const Range& range) { change(range_, range, Aspect::Items); }
+    /// A value outside the new range moves to its nearer end.
+    void setRange(const Range& range);
     int value() const { return touch(), value_; }
     /// Raises Change if the value is another one; a value outside the range is an "Invalid property value".
     void setValue(int value);

@@ -13,21 +13,24 @@ class Surface : public Control {
     Surface(Form& form, std::string name, Control* container = nullptr)
         : Control(form, ControlKind::Surface, std::move(name), container) {}
 
-    /// Raised when the canvas has another size, and once when the window is made.
+    /// Raised when the canvas has another size, and once when the window is made, before Form_Load.
     std::function<void()> onResize;
+    /// Raised when the surface loses its values: as the form loads, before design(), and when it has
+    /// unloaded. The handler must not use a control.
+    std::function<void()> onReset;
 
     Canvas& canvas() { return touch(), canvas_; }
     /// Shows what has been drawn.
     void refresh() { touch(), changed(Aspect::Drawing); }
 
     /// The window's inside has that many pixels.
-    void userResized(int width, int height) {
-        canvas_.resize(width, height, colours::black);
-        raise(onResize);
-    }
+    void userResized(int width, int height);
+
+    void reset() override;
 
   private:
     Canvas canvas_;
+    bool sized_ = false; // since the window was made
 };
 
 } // namespace corvelle::forms

@@ -16,16 +16,15 @@ class TabStrip : public Control {
 
     const std::vector<std::string>& tabs() const { return touch(), tabs_; }
     /// The first tab becomes the selected one.
-    void setTabs(std::vector<std::string> captions) {
+    void setTabs(const std::vector<std::string>& captions) {
+        touch();
         selected_ = 1;
         change(tabs_, captions, Aspect::Items);
     }
     /// Index of the selected tab, 1-based.
     int selected() const { return touch(), selected_; }
-    /// Raises Click if the tab is another one.
-    void select(int index) {
-        if (change(selected_, index, Aspect::Value)) raise(onClick);
-    }
+    /// Raises Click if the tab is another one; "Invalid property value" for a tab that is not there.
+    void select(int index);
 
     void reset() override {
         Control::reset();

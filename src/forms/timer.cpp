@@ -31,13 +31,14 @@ void Timer::restart() {
 }
 
 void Timer::ticked() {
-    if (!enabled_ || inHandler_ || !onTimer) return;
-    inHandler_ = true;
-    const struct Done {
-        bool& flag;
-        ~Done() { flag = false; }
-    } done{inHandler_};
-    onTimer();
+    if (!enabled_ || *inHandler_ || !onTimer) return;
+    const auto handler = onTimer; // the timer may be destroyed inside
+    const struct Inside {
+        std::shared_ptr<bool> flag;
+        ~Inside() { *flag = false; }
+    } inside{inHandler_};
+    *inHandler_ = true;
+    handler();
 }
 
 } // namespace corvelle::forms

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 namespace corvelle::forms {
 
@@ -26,7 +27,7 @@ class Timer {
     /// Enabling starts a full interval.
     void setEnabled(bool enabled);
 
-    /// An interval has passed; called by the desktop.
+    /// An interval has passed; called by the desktop. The timer may be gone afterwards.
     void ticked();
 
   private:
@@ -36,7 +37,8 @@ class Timer {
     std::int32_t interval_ = 0;
     bool enabled_ = false;
     bool running_ = false; // as the desktop knows it
-    bool inHandler_ = false;
+    // Outlives the timer if its own handler destroys it.
+    std::shared_ptr<bool> inHandler_ = std::make_shared<bool>(false);
 };
 
 } // namespace corvelle::forms

@@ -57,8 +57,12 @@ TEST(ReadFile, RefusesAFileThatMayNotBeRead) {
 TEST(ReadStandardInput, ReadsToTheEnd) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.txt", std::string(100000, 'x') + '\r' + '\n');
-    ASSERT_NE(std::freopen(path.c_str(), "rb", stdin), nullptr);
+    const int before = dup(0);
+    const FileDescriptor file = openToRead(path);
+    ASSERT_EQ(dup2(file.number(), 0), 0);
     EXPECT_EQ(readStandardInput(), std::string(100000, 'x') + "\r\n");
+    dup2(before, 0);
+    close(before);
 }
 
 TEST(WriteFile, TellsThatTheDiskIsFull) {

@@ -143,6 +143,7 @@ TEST(ReplaceFile, WorksOnManyFilesOfOneFolderAtOnce) {
             replaceFile(folder.path() / (std::to_string(i) + ".bas"), writing("new " + std::to_string(i)));
     };
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) threads.emplace_back(replaceSome, i);
     for (auto& thread : threads) thread.join();
     for (int i = 0; i < 40; ++i)

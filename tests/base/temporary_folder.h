@@ -30,7 +30,7 @@ class TemporaryFolder {
 
     /// Writes a file, making the folders on the way; gives its path.
     std::filesystem::path write(const std::filesystem::path& name, std::string_view bytes) const {
-        const auto path = path_ / name;
+        auto path = path_ / name;
         std::filesystem::create_directories(path.parent_path());
         std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         return path;

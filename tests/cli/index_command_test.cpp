@@ -1,7 +1,7 @@
 // Runs the program, which is found in CORVELLE_BINARY.
 #ifndef _WIN32
 
-#include "cli/run_program.h"
+#include "cli/run_in_shell.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@ namespace corvelle::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ProgramRun;
+using test::ShellRun;
 using test::TemporaryFolder;
 using testing::ContainsRegex;
 using testing::ElementsAre;
@@ -39,7 +39,7 @@ class IndexCommand : public testing::Test {
         fs::create_directory(folder.path() / "o");
     }
 
-    ProgramRun run(const std::string& arguments) { return test::runCorvelle(folder, arguments); }
+    ShellRun run(const std::string& arguments) { return test::runInShell(folder, arguments); }
     std::vector<std::string> outputs() {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(folder.path() / "o"))
@@ -307,10 +307,10 @@ TEST_F(IndexCommand, TellsWhichFileCouldNotBeWritten) {
 }
 
 TEST_F(IndexCommand, LeavesTheTextsAloneWhenTheDiskIsFull) {
-    const auto texts = ".topic  IDH_AAAB\r\n" + std::string(3000, 'x') + "\r\n";
+    const auto texts = std::string(".topic  IDH_AAAB\r\n").append(3000, 'x').append("\r\n");
     folder.write("o/a.txt", texts);
     // No file may grow beyond two blocks of 512 bytes.
-    const auto result = test::runCorvelle(folder, files + "--text o/a.txt", "ulimit -f 2;");
+    const auto result = test::runInShell(folder, files + "--text o/a.txt", "ulimit -f 2;");
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.err, HasSubstr("Errors occured while saving file."));
     EXPECT_EQ(folder.read("o/a.txt"), texts);

@@ -112,6 +112,28 @@ TEST(EditedModule, FollowsMembersThatChangePlaces) {
               "Sub b()\nAttribute B.VB_X = 2\nEnd Sub\nSub a()\nAttribute A.VB_X = 1\nEnd Sub\n");
 }
 
+TEST(EditedModule, FollowsAMemberAwayFromALineThatIsNowAnothers) {
+    auto edited = module("Sub A( _\n)\nAttribute A.VB_X = 1\nEnd Sub\n");
+    edited.deleteLines(0, 1);
+    edited.insertLine(0, "Sub B( _");
+    edited.insertLine(3, "Sub A()");
+    edited.insertLine(4, "End Sub");
+    EXPECT_EQ(edited.bytes(), "Sub B( _\n)\nEnd Sub\nSub A()\nAttribute A.VB_X = 1\nEnd Sub\n");
+}
+
+TEST(EditedModule, TellsTheMemberByTheFirstPartOfTheName) {
+    EXPECT_EQ(refilled("Sub A()\nAttribute A.VB_ProcData.VB_Invoke_Func = \" \\n14\"\nEnd Sub\n",
+                       {"", "Sub A()", "End Sub"}),
+              "\nSub A()\nAttribute A.VB_ProcData.VB_Invoke_Func = \" \\n14\"\nEnd Sub\n");
+}
+
+TEST(EditedModule, KeepsTheHiddenLinesOfAMemberInTheirOrder) {
+    std::string attributes;
+    for (int i = 0; i < 100; ++i) attributes += "Attribute A.VB_X = " + std::to_string(i) + "\n";
+    EXPECT_EQ(refilled("Sub A()\n" + attributes + "End Sub\n", {"Sub A()", "End Sub"}),
+              "Sub A()\n" + attributes + "End Sub\n");
+}
+
 TEST(EditedModule, DropsHiddenLinesWithTheirMember) {
     EXPECT_EQ(refilled("Sub A()\nAttribute A.VB_X = 1\nEnd Sub\n", {"Sub B()", "End Sub"}),
               "Sub B()\nEnd Sub\n");
@@ -145,9 +167,9 @@ TEST(EditedModule, KeepsHiddenLinesThatNameNoMemberWhereTheyWere) {
     EXPECT_EQ(refilled(bytes, {"A", "B", "C"}), "A\nB\nAttribute VB_X = 1\nC\nAttribute z.VB_Y = 1\n");
     EXPECT_EQ(refilled(bytes, {"A"}), "A\nAttribute VB_X = 1\nAttribute z.VB_Y = 1\n");
     EXPECT_EQ(refilled(bytes, {}), "Attribute VB_X = 1\nAttribute z.VB_Y = 1\n");
-    auto edited = module(bytes);
-    edited.deleteLines(1, 2);
-    EXPECT_EQ(edited.bytes(), "a\nAttribute VB_X = 1\nAttribute z.VB_Y = 1\n");
+    auto edited = module(bytes + "d\n");
+    edited.deleteLines(1, 1);
+    EXPECT_EQ(edited.bytes(), "a\nAttribute VB_X = 1\nc\nAttribute z.VB_Y = 1\nd\n");
 }
 
 TEST(EditedModule, TakesLargeModulesInStride) {

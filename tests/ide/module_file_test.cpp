@@ -266,6 +266,7 @@ TEST(ModuleFile, AllowsAHeaderWithoutAVersion) {
     EXPECT_THAT(codeOf("Attribute VB_Name = \"C\"\r\nx\r\n", ComponentType::ClassModule), ElementsAre("x"));
     EXPECT_THAT(codeOf("x\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule),
                 ElementsAre("x", "Begin", "End"));
+    EXPECT_THAT(codeOf("\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule), ElementsAre("", "Begin", "End"));
 }
 
 TEST(ModuleFile, SeesADesignerInAStandardModuleOnlyBehindAVersion) {
@@ -325,9 +326,8 @@ TEST(ModuleFile, NumbersTheLinesOfAFileWithManyHiddenRuns) {
 }
 
 TEST(ModuleFile, StaysWholeWhenItMoves) {
-    std::vector<ModuleFile> files;
-    for (int i = 0; i < 10; ++i) files.emplace_back("a\nb\n", ComponentType::StdModule);
-    const ModuleFile moved = std::move(files[0]);
+    ModuleFile file("a\nb\n", ComponentType::StdModule); // short enough to stand inside the string
+    const ModuleFile moved = std::move(file);
     EXPECT_THAT(codeOf(moved), ElementsAre("a", "b"));
     EXPECT_EQ(moved.newLine(), "\n");
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <stdexcept>
 
 namespace corvelle::forms {
@@ -51,11 +52,11 @@ void HeadlessDesktop::passTime(std::int64_t milliseconds) {
         const auto next = std::min_element(timers_.begin(), timers_.end(),
                                            [](const Running& a, const Running& b) { return a.due < b.due; });
         if (next == timers_.end() || next->due > end) break;
-        clock_ = next->due;
+        clock_ = std::max(clock_, next->due); // a handler may have let time pass itself
         next->due += next->interval;
         next->timer->ticked();
     }
-    clock_ = end;
+    clock_ = std::max(clock_, end);
 }
 
 bool HeadlessDesktop::scriptIsDone() const {
@@ -69,49 +70,56 @@ void HeadlessDesktop::unexpected(const std::string& what) {
 
 // The user
 
-bool HeadlessDesktop::takesInput(Control& control) const {
-    Form& form = control.form();
-    if (!takesInput(form)) return false;
-    return control.reachable();
+bool HeadlessDesktop::takesInput(const Control& control) const {
+    return takesInput(control.form()) && control.reachable();
+}
+
+// The handlers of what loses and gets the focus may do anything: false if the control is out of reach then.
+bool HeadlessDesktop::bringUp(Control& control) {
+    if (!takesInput(control)) return false;
+    raise(control.form());
+    if (!takesInput(control)) return false;
+    control.setFocus();
+    return takesInput(control);
 }
 
 bool HeadlessDesktop::tabTo(Control& control) {
-    if (!takesInput(control)) return false;
-    raise(control.form());
-    control.setFocus();
-    return true;
+    if (!HeadlessPeer::takesFocus(control)) return false;
+    const auto alive = control.form().shared_from_this();
+    return bringUp(control);
 }
 
 bool HeadlessDesktop::click(Control& control) {
     if (!takesInput(control)) return false;
     const auto alive = control.form().shared_from_this();
-    raise(control.form());
-    switch (control.kind()) {
-    case ControlKind::Label:
-    case ControlKind::Image:
-    case ControlKind::Frame:
-        break; // these take no focus
-    default:
-        control.setFocus();
-    }
-    if (takesInput(control)) control.userClicked(); // what left the focus may have changed that
+    if (bringUp(control)) control.userClicked();
     return true;
 }
 
 bool HeadlessDesktop::type(TextBox& box, const std::string& text) {
-    if (box.locked() || !tabTo(box)) return false;
+    const auto alive = box.form().shared_from_this();
+    if (!takesInput(box) || box.locked() || !bringUp(box)) return false;
     box.userTyped(text);
     return true;
 }
 
 bool HeadlessDesktop::choose(ListControl& list, int row) {
-    if (!tabTo(list)) return false;
+    const auto alive = list.form().shared_from_this();
+    if (!bringUp(list) || row < 0 || row >= list.listCount()) return false;
     list.setListIndex(row);
     return true;
 }
 
+bool HeadlessDesktop::choose(TabStrip& tabs, int tab) {
+    const auto alive = tabs.form().shared_from_this();
+    if (!bringUp(tabs) || tab < 1 || tab > static_cast<int>(tabs.tabs().size())) return false;
+    tabs.select(tab);
+    return true;
+}
+
 bool HeadlessDesktop::drag(Slider& slider, int value) {
-    if (!tabTo(slider)) return false;
+    const auto alive = slider.form().shared_from_this();
+    if (!bringUp(slider) || value < slider.range().min || value > slider.range().max) return false;
     slider.userDragged(value);
     return true;
 }
@@ -123,25 +131,43 @@ bool HeadlessDesktop::press(Form& form, int keyCode) {
 }
 
 bool HeadlessDesktop::pressEnter(Form& form) {
-    return takesInput(form) && form.defaultButton() != nullptr && click(*form.defaultButton());
+    if (!takesInput(form)) return false;
+    Control* const focused = form.activeControl();
+    Control* const button =
+        focused != nullptr && focused->kind() == ControlKind::CommandButton ? focused : form.defaultButton();
+    if (button == nullptr || !button->reachable()) return false;
+    button->userClicked();
+    return true;
 }
 
 bool HeadlessDesktop::pressEscape(Form& form) {
-    return takesInput(form) && form.cancelButton() != nullptr && click(*form.cancelButton());
+    if (!takesInput(form)) return false;
+    Control* const button = form.cancelButton();
+    if (button == nullptr || !button->reachable()) return false;
+    button->userClicked();
+    return true;
 }
 
-void HeadlessDesktop::moveMouse(Control& control) {
-    if (takesInput(control.form())) control.userMovedMouse();
+bool HeadlessDesktop::moveMouse(Control& control) {
+    if (!takesInput(control.form())) return false;
+    for (const Control* shown = &control; shown != nullptr; shown = shown->container()) {
+        if (!shown->visible()) return false;
+    }
+    control.userMovedMouse();
+    return true;
 }
 
-void HeadlessDesktop::moveMouse(Form& form) {
-    if (takesInput(form)) form.userMovedMouse();
+bool HeadlessDesktop::moveMouse(Form& form) {
+    if (!takesInput(form)) return false;
+    form.userMovedMouse();
+    return true;
 }
 
 bool HeadlessDesktop::click(Form& form) {
     if (!takesInput(form)) return false;
+    const auto alive = form.shared_from_this();
     raise(form);
-    form.userClicked();
+    if (takesInput(form)) form.userClicked();
     return true;
 }
 
@@ -157,11 +183,18 @@ bool HeadlessDesktop::activate(Form& form) {
     return true;
 }
 
+bool HeadlessDesktop::resize(Form& form, Size clientArea) {
+    if (!takesInput(form) || form.borderStyle() != BorderStyle::Sizable) return false;
+    form.userResized(clientArea);
+    return true;
+}
+
 // Windows
 
 std::unique_ptr<FormPeer> HeadlessDesktop::makePeer(Form& form) {
+    auto peer = std::make_unique<HeadlessPeer>(*this, form);
     for (Control* control : form.controls()) HeadlessPeer::sizeSurface(*control);
-    return std::make_unique<HeadlessPeer>(*this, form);
+    return peer;
 }
 
 void HeadlessDesktop::raise(Form& form) {
@@ -183,19 +216,34 @@ void HeadlessDesktop::activateTop() {
     Form* const next = top == windows_.rend() ? nullptr : *top;
     if (next == active_) return;
     active_ = next;
-    if (next != nullptr) next->userActivated();
+    if (next == nullptr) return;
+    const auto alive = next->shared_from_this();
+    next->userActivated();
+    if (active_ == next && next->peer() != nullptr) static_cast<HeadlessPeer*>(next->peer())->restoreFocus();
 }
 
 void HeadlessDesktop::runModal(Form& form) {
     modals_.push_back(form.name());
-    Modal modal{&form, {}};
-    for (Form* window : windows_) {
+    const int number = ++lastModal_;
+    Modal modal{number, &form, {}};
+    for (Form* window : loaded_) {
         if (window == &form || !window->enabled()) continue;
         window->setEnabled(false);
         modal.disabled.push_back(window);
     }
     modalStack_.push_back(modal);
+    const struct End { // in every case the windows are enabled again
+        HeadlessDesktop& desktop;
+        Form& form;
+        ~End() { desktop.endModal(form); }
+    } end{*this, form};
+    // Hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
+    const auto open = [&] {
+        return !quitting_ && std::any_of(modalStack_.begin(), modalStack_.end(),
+                                         [&](const Modal& shown) { return shown.number == number; });
+    };
     form.show();
+    if (!open()) return; // gone in its own Form_Activate
     if (modalActions_.empty()) {
         unexpected("modal window " + form.name() + " was not expected");
     } else {
@@ -203,22 +251,21 @@ void HeadlessDesktop::runModal(Form& form) {
         modalActions_.pop_front();
         action(form);
     }
-    while (form.visible() && !quitting_ && !yieldActions_.empty()) doEvents();
-    if (form.visible() && !quitting_) {
+    while (open() && !yieldActions_.empty()) doEvents();
+    if (open()) {
         unexpected("modal window " + form.name() + " was left open");
         form.hide();
     }
-    endModal(form);
 }
 
 void HeadlessDesktop::endModal(Form& form) {
-    const auto found = std::find_if(modalStack_.begin(), modalStack_.end(),
+    const auto found = std::find_if(modalStack_.rbegin(), modalStack_.rend(),
                                     [&form](const Modal& modal) { return modal.form == &form; });
-    if (found == modalStack_.end()) return;
+    if (found == modalStack_.rend()) return;
     const Modal modal = *found;
-    modalStack_.erase(found);
+    modalStack_.erase(std::next(found).base());
     for (Form* window : modal.disabled) {
-        if (std::find(windows_.begin(), windows_.end(), window) != windows_.end()) window->setEnabled(true);
+        if (std::find(loaded_.begin(), loaded_.end(), window) != loaded_.end()) window->setEnabled(true);
     }
 }
 
@@ -244,18 +291,33 @@ bool HeadlessDesktop::waitForEvents() {
     return !quitting_;
 }
 
+// While a box is open the user reaches nothing else.
+class HeadlessDesktop::OpenBox {
+  public:
+    explicit OpenBox(HeadlessDesktop& desktop) : desktop_(desktop) { ++desktop_.openBoxes_; }
+    ~OpenBox() { --desktop_.openBoxes_; }
+    OpenBox(const OpenBox&) = delete;
+    OpenBox& operator=(const OpenBox&) = delete;
+
+  private:
+    HeadlessDesktop& desktop_;
+};
+
 int HeadlessDesktop::showMessageBox(const std::string& text, int flags, const std::string& title) {
     boxes_.push_back({text, flags, title});
+    const OpenBox open(*this);
     const bool asks = (flags & box::yesNo) != 0;
+    const int cautious = asks ? answer::no : answer::ok;
     if (answers_.empty()) {
         unexpected("message box was not expected: " + title + ": " + text);
-        return asks ? answer::no : answer::ok;
+        return cautious;
     }
     const Answer next = std::move(answers_.front());
     answers_.pop_front();
     if (next.before) next.before();
-    if (asks != (next.answer != answer::ok)) unexpected("the box has no such answer: " + title + ": " + text);
-    return next.answer;
+    if (next.answer == cautious || (asks && next.answer == answer::yes)) return next.answer;
+    unexpected("the box has no such answer: " + title + ": " + text);
+    return cautious;
 }
 
 std::optional<std::string> HeadlessDesktop::chooseFile(const CommonDialog& dialog, bool save) {

@@ -5,6 +5,7 @@
 #include "forms/form.h"
 #include "forms/list_control.h"
 #include "forms/slider.h"
+#include "forms/tab_strip.h"
 #include "forms/text_box.h"
 
 #include <deque>
@@ -30,8 +31,9 @@ class MapSettings : public Settings {
 };
 
 /// A window system without a screen, with a scripted user: what the user will answer and do is queued before,
-/// what was shown is recorded. Whatever the script did not expect (a message box, a file dialog, a modal
-/// window left open, a wait without end) is reported to onUnexpected and answered with the cautious choice.
+/// what was shown is recorded. Whatever the script did not expect (a message box, an answer that the box does
+/// not offer, a file dialog, a modal window, one left open, a wait without end) is reported to onUnexpected
+/// and answered with the cautious choice.
 class HeadlessDesktop : public Desktop {
   public:
     struct Box {
@@ -63,7 +65,8 @@ class HeadlessDesktop : public Desktop {
     /// The next file dialog is answered with the path, or cancelled.
     void chooseNextFile(const std::string& path);
     void cancelNextFile();
-    /// What the user does in the next modal window, which must be gone afterwards.
+    /// What the user does in the next modal window, which must be gone afterwards, at the latest when nothing
+    /// waits for a yield any more.
     void inNextModal(std::function<void(Form&)> action);
     /// Runs at a yield: at the next one, or after so many more.
     void atYield(std::function<void()> action, int yieldsBefore = 0);
@@ -72,25 +75,30 @@ class HeadlessDesktop : public Desktop {
     /// Tells the program to quit.
     void quit() { quitting_ = true; }
 
-    // The user. Each returns whether it could be done: the window is visible and takes input, and the control
-    // can be reached.
+    // The user. Each returns whether it could be done: the window is visible and takes input, no message box
+    // is open, the control can be reached and has what is wanted.
 
     bool click(Control& control);
     bool type(TextBox& box, const std::string& text);
     bool choose(ListControl& list, int row);
+    bool choose(TabStrip& tabs, int tab);
     bool drag(Slider& slider, int value);
     bool press(Form& form, int keyCode);
-    /// Presses the form's default or cancel button.
+    /// Presses the button that has the focus, else the form's default button.
     bool pressEnter(Form& form);
+    /// Presses the form's cancel button.
     bool pressEscape(Form& form);
     /// Moves the focus to the control, as Tab does.
     bool tabTo(Control& control);
-    void moveMouse(Control& control);
-    void moveMouse(Form& form);
+    /// Moves the mouse over the control, be it enabled or not.
+    bool moveMouse(Control& control);
+    bool moveMouse(Form& form);
     bool click(Form& form);
     bool close(Form& form);
     /// Clicks on the window's title: it becomes the active one.
     bool activate(Form& form);
+    /// Drags the edge of a window that can be sized.
+    bool resize(Form& form, Size clientArea);
 
     // What was shown.
 
@@ -142,17 +150,20 @@ class HeadlessDesktop : public Desktop {
         std::function<void()> action;
     };
     struct Modal {
+        int number;
         Form* form;
         std::vector<Form*> disabled;
     };
+    class OpenBox;
 
     void unexpected(const std::string& what);
     void raise(Form& form);
     void remove(Form& form);
     void endModal(Form& form);
     void activateTop();
-    bool takesInput(Form& form) const { return form.visible() && form.enabled(); }
-    bool takesInput(Control& control) const;
+    bool takesInput(const Form& form) const { return openBoxes_ == 0 && form.visible() && form.enabled(); }
+    bool takesInput(const Control& control) const;
+    bool bringUp(Control& control);
 
     MapSettings settings_;
     std::deque<Answer> answers_;
@@ -163,10 +174,13 @@ class HeadlessDesktop : public Desktop {
     std::int64_t clock_ = 0;
     bool quitting_ = false;
     int yields_ = 0;
+    int openBoxes_ = 0;
 
-    std::vector<Form*> windows_;
+    std::vector<Form*> loaded_;  // forms with a window, in no order
+    std::vector<Form*> windows_; // of these the visible ones
     Form* active_ = nullptr;
     std::vector<Modal> modalStack_;
+    int lastModal_ = 0;
 
     std::vector<Box> boxes_;
     std::vector<FileDialog> fileDialogs_;

@@ -9,13 +9,13 @@
 namespace corvelle::test {
 
 /// What a program that has ended left behind.
-struct ProgramRun {
+struct ShellRun {
     int status = -1;
     std::string out, err;
 };
 
-/// Runs the command line in a folder by the shell; the arguments are the shell's words.
-inline ProgramRun runCorvelle(const TemporaryFolder& folder, const std::string& arguments,
+/// Runs `corvelle` in a folder by way of the shell, as its users type it: the arguments are the shell's words.
+inline ShellRun runInShell(const TemporaryFolder& folder, const std::string& arguments,
                               const std::string& prefix = {}) {
     const TemporaryFolder streams;
     const auto quoted = [](const std::filesystem::path& path) { return "'" + path.string() + "'"; };

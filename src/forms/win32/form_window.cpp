@@ -1,0 +1,430 @@
+#include "forms/win32/form_window.h"
+
+#include "base/run_time_error.h"
+#include "forms/command_button.h"
+#include "forms/win32/thread_windows.h"
+#include "forms/win32/win32_desktop.h"
+
+#include <algorithm>
+
+namespace corvelle::forms {
+
+namespace {
+
+constexpr UINT activateLater = WM_APP; // the focus has come back from another window of the thread
+constexpr int firstControlNumber = 100;
+
+struct WindowFrame {
+    DWORD style, extendedStyle;
+};
+
+WindowFrame frameOf(BorderStyle style) {
+    constexpr DWORD dialog = WS_POPUP | WS_CLIPCHILDREN | WS_CAPTION;
+    switch (style) {
+    case BorderStyle::Sizable:
+        return {dialog | WS_SYSMENU | WS_THICKFRAME | WS_MAXIMIZEBOX, WS_EX_CONTROLPARENT};
+    case BorderStyle::FixedWithoutCloseBox:
+        return {dialog, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME};
+    case BorderStyle::FixedDialog:
+        break;
+    }
+    return {dialog | WS_SYSMENU, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME};
+}
+
+} // namespace
+
+FormWindow* FormWindow::of(HWND top) {
+    if (top == nullptr || reinterpret_cast<WNDPROC>(GetClassLongPtrA(top, GCLP_WNDPROC)) != &procedure) {
+        return nullptr;
+    }
+    return reinterpret_cast<FormWindow*>(GetWindowLongPtrA(top, GWLP_USERDATA));
+}
+
+FormWindow::~FormWindow() {
+    destroy();
+}
+
+// Making and destroying
+
+void FormWindow::make() {
+    const WindowFrame frame = frameOf(form_->borderStyle());
+    window_ =
+        CreateWindowExA(frame.extendedStyle, desktop_.formClass(), form_->caption().c_str(), frame.style,
+                        CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, desktop_.module(), nullptr);
+    if (window_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    setClientSize();
+    if (form_->borderStyle() == BorderStyle::FixedDialog) {
+        const HMENU menu = GetSystemMenu(window_, FALSE);
+        for (const UINT command : {SC_RESTORE, SC_SIZE, SC_MINIMIZE, SC_MAXIMIZE}) {
+            DeleteMenu(menu, command, MF_BYCOMMAND);
+        }
+    }
+    makeControls();
+    showIcon();
+    showDefaultButton();
+    // As in all VB windows the accelerators are underlined from the start.
+    SendMessageA(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
+    RECT inside{};
+    GetClientRect(window_, &inside);
+    client_ = {inside.right, inside.bottom};
+    desktop_.add(*this);
+    SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this)); // from here on it listens
+    for (const auto& control : controls_) {
+        if (form_->isLoaded()) control->start();
+    }
+}
+
+void FormWindow::makeControls() {
+    int number = firstControlNumber;
+    for (Control* control : form_->controls()) {
+        HWND parent = window_;
+        if (control->container() != nullptr) {
+            if (const ControlWindow* const frame = find(*control->container())) parent = frame->window();
+        }
+        controls_.push_back(ControlWindow::make(*this, *control));
+        controls_.back()->create(parent, number++);
+    }
+}
+
+void FormWindow::detach() {
+    if (form_ == nullptr) return;
+    Form& form = *form_;
+    form_ = nullptr;
+    focused_ = nullptr;
+    late_.clear();
+    desktop_.remove(*this);
+    if (countsAsModeless_) desktop_.modelessShown(-1);
+    countsAsModeless_ = false;
+    desktop_.endModal(form);
+    if (window_ == nullptr) return;
+    releaseOwned();
+    handFocusOn();
+    ShowWindow(window_, SW_HIDE);
+    gone_ = true;
+    if (serving_ == 0) destroy();
+}
+
+void FormWindow::destroy() {
+    gone_ = false;
+    if (window_ == nullptr) return;
+    const HWND window = window_;
+    window_ = nullptr;
+    SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+    DestroyWindow(window);
+}
+
+FormWindow::Serving::~Serving() {
+    if (--window_->serving_ == 0 && window_->gone_) window_->destroy();
+}
+
+// Windows that belong to this one must not go with it.
+void FormWindow::releaseOwned() {
+    const HWND owner = GetWindow(window_, GW_OWNER);
+    for (const HWND window : threadWindows()) {
+        if (GetWindow(window, GW_OWNER) != window_ || of(window) == nullptr) continue;
+        SetWindowLongPtrA(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+    }
+}
+
+ControlWindow* FormWindow::find(const Control& control) const {
+    for (const auto& window : controls_) {
+        if (&window->control() == &control) return window.get();
+    }
+    return nullptr;
+}
+
+ControlWindow* FormWindow::find(HWND window) const {
+    for (const auto& control : controls_) {
+        if (control->window() == window) return control.get();
+    }
+    return nullptr;
+}
+
+HWND FormWindow::windowOf(const Control& control) const {
+    const ControlWindow* const found = find(control);
+    return found == nullptr ? window_ : found->window();
+}
+
+// What the form asks for
+
+void FormWindow::setModal(HWND owner) {
+    modal_ = true;
+    modalOwner_ = owner;
+}
+
+void FormWindow::show() {
+    if (window_ == nullptr) return;
+    const Serving serving(*this);
+    HWND owner = modal_ ? modalOwner_ : desktop_.ownerNow(window_);
+    // A modeless window belongs to the host's, not to one of ours that may go before it.
+    if (!modal_ && owner != nullptr) owner = GetAncestor(owner, GA_ROOTOWNER);
+    if (owner != nullptr && owner != window_ && of(owner) == this) owner = nullptr;
+    SetWindowLongPtrA(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+    const bool first = !std::exchange(placed_, true);
+    if (first) placeOver(owner);
+    if (!modal_ && !countsAsModeless_) {
+        countsAsModeless_ = true;
+        desktop_.modelessShown(1);
+    }
+    focusDue_ = !IsWindowEnabled(window_);
+    if (focusDue_) {
+        ShowWindow(window_, SW_SHOWNOACTIVATE);
+        if (first) laidOut();
+        return;
+    }
+    showing_ = true;
+    ShowWindow(window_, SW_SHOW);
+    SetForegroundWindow(window_);
+    SetActiveWindow(window_);
+    showing_ = false;
+    leftForAnother_ = activationWaits_ = false;
+    if (first && form_ != nullptr) laidOut();
+    if (form_ != nullptr) form_->userActivated();
+    if (form_ != nullptr && GetFocus() == window_) restoreFocus();
+}
+
+void FormWindow::hide() {
+    if (window_ == nullptr) return;
+    const Serving serving(*this);
+    if (countsAsModeless_) desktop_.modelessShown(-1);
+    countsAsModeless_ = false;
+    desktop_.endModal(*form_);
+    modal_ = false;
+    handFocusOn();
+    ShowWindow(window_, SW_HIDE);
+}
+
+// Before this window goes another one gets the focus; they take input again already.
+void FormWindow::handFocusOn() {
+    if (GetActiveWindow() != window_) return;
+    if (const FormWindow* const waiting = desktop_.waitingForFocus()) {
+        SetActiveWindow(waiting->window());
+        return;
+    }
+    const HWND owner = GetWindow(window_, GW_OWNER);
+    if (owner != nullptr && IsWindowVisible(owner) && IsWindowEnabled(owner)) SetActiveWindow(owner);
+}
+
+bool FormWindow::waitsForFocus() const {
+    return focusDue_ && IsWindowVisible(window_) && IsWindowEnabled(window_);
+}
+
+void FormWindow::bringToFront() {
+    const Serving serving(*this);
+    SetForegroundWindow(window_);
+    SetActiveWindow(window_);
+}
+
+void FormWindow::formChanged(FormAspect aspect) {
+    if (window_ == nullptr) return;
+    switch (aspect) {
+    case FormAspect::Caption:
+        SetWindowTextA(window_, form_->caption().c_str());
+        break;
+    case FormAspect::Icon:
+        showIcon();
+        break;
+    case FormAspect::MousePointer: {
+        POINT place{};
+        GetCursorPos(&place);
+        const HWND under = WindowFromPoint(place);
+        if (under == window_ || IsChild(window_, under)) {
+            SendMessageA(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        }
+        break;
+    }
+    case FormAspect::Size:
+        setClientSize();
+        break;
+    case FormAspect::Enabled:
+        EnableWindow(window_, form_->enabled());
+        break;
+    }
+}
+
+void FormWindow::controlChanged(Control& control, Aspect aspect) {
+    ControlWindow* const found = find(control);
+    if (found == nullptr || found->window() == nullptr) return;
+    const Serving serving(*this);
+    found->update(aspect);
+    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) leaveUnreachable();
+}
+
+void FormWindow::showIcon() {
+    const std::string& icon = form_->icon().name();
+    for (const auto& [kind, metric] : {std::pair{ICON_SMALL, SM_CXSMICON}, std::pair{ICON_BIG, SM_CXICON}}) {
+        const HICON image = icon.empty() ? nullptr : desktop_.gdi().icon(icon, GetSystemMetrics(metric));
+        SendMessageA(window_, WM_SETICON, static_cast<WPARAM>(kind), reinterpret_cast<LPARAM>(image));
+    }
+}
+
+void FormWindow::setClientSize() {
+    const Scale& scale = desktop_.scale();
+    RECT outside{0, 0, scale.pixels(form_->size().width), scale.pixels(form_->size().height)};
+    AdjustWindowRectEx(&outside, static_cast<DWORD>(GetWindowLongPtrA(window_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrA(window_, GWL_EXSTYLE)));
+    SetWindowPos(window_, nullptr, 0, 0, outside.right - outside.left, outside.bottom - outside.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::placeOver(HWND owner) {
+    RECT own{};
+    GetWindowRect(window_, &own);
+    const HMONITOR monitor = MonitorFromWindow(owner == nullptr ? window_ : owner, MONITOR_DEFAULTTONEAREST);
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    GetMonitorInfoA(monitor, &screen);
+    RECT over = screen.rcWork;
+    if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &over);
+    const LONG width = own.right - own.left;
+    const LONG height = own.bottom - own.top;
+    LONG left = over.left + (over.right - over.left - width) / 2;
+    LONG top = over.top + (over.bottom - over.top - height) / 2;
+    left = std::max(std::min(left, screen.rcWork.right - width), screen.rcWork.left);
+    top = std::max(std::min(top, screen.rcWork.bottom - height), screen.rcWork.top);
+    SetWindowPos(window_, nullptr, static_cast<int>(left), static_cast<int>(top), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// Late text
+
+void FormWindow::textIsLate(ControlWindow& control) {
+    late_.push_back(&control);
+    desktop_.textIsLate();
+}
+
+void FormWindow::writeLateText() {
+    for (ControlWindow* control : std::exchange(late_, {})) control->writeLateText();
+}
+
+// Messages
+
+LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (self == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    const Serving serving(*self);
+    if (message == WM_NCDESTROY) { // somebody else's doing: with its owner, for one
+        SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+        self->window_ = nullptr;
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    return self->desktop_.guarded<LRESULT>(0, [&] { return self->handle(message, wParam, lParam); });
+}
+
+LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    if (form_ == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    LRESULT result = 0;
+    if (reflect(message, wParam, lParam, result)) return result;
+    switch (message) {
+    case WM_CLOSE:
+        if (form_->borderStyle() != BorderStyle::FixedWithoutCloseBox) form_->userClosed();
+        return 0;
+    case WM_ACTIVATE:
+        activated(LOWORD(wParam) != WA_INACTIVE, reinterpret_cast<HWND>(lParam));
+        break;
+    case activateLater:
+        activationWaits_ = desktop_.boxIsOpen();
+        if (!activationWaits_) form_->userActivated();
+        return 0;
+    case WM_SETFOCUS:
+        if (!showing_) restoreFocus();
+        return 0;
+    case WM_SIZE:
+        if (wParam != SIZE_MINIMIZED) sized(LOWORD(lParam), HIWORD(lParam));
+        return 0;
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+    case WM_CAPTURECHANGED:
+        mouse(window, message, lParam, true);
+        return 0;
+    case WM_KEYUP:
+    case WM_SYSKEYUP:
+        keyReleased(static_cast<int>(wParam));
+        break;
+    case WM_SETCURSOR:
+        if (LOWORD(lParam) == HTCLIENT && usesHourglass()) {
+            SetCursor(LoadCursor(nullptr, IDC_WAIT));
+            return TRUE;
+        }
+        break;
+    case WM_SYSCOLORCHANGE:
+        for (const auto& control : controls_) SendMessageA(control->window(), message, wParam, lParam);
+        InvalidateRect(window, nullptr, TRUE);
+        break;
+    default:
+        break;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+bool FormWindow::reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+    case WM_COMMAND:
+        if (ControlWindow* const from = find(reinterpret_cast<HWND>(lParam))) from->commanded(HIWORD(wParam));
+        return true;
+    case WM_HSCROLL:
+        if (ControlWindow* const from = find(reinterpret_cast<HWND>(lParam))) from->scrolled(LOWORD(wParam));
+        return true;
+    case WM_NOTIFY: {
+        const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+        if (ControlWindow* const from = find(header.hwndFrom)) from->notified(header);
+        return false;
+    }
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORBTN:
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORLISTBOX:
+        if (const ControlWindow* const from = find(reinterpret_cast<HWND>(lParam))) {
+            result = reinterpret_cast<LRESULT>(from->colours(reinterpret_cast<HDC>(wParam)));
+            return true;
+        }
+        return false;
+    default:
+        return false;
+    }
+}
+
+void FormWindow::sized(int width, int height) {
+    if (client_.cx == width && client_.cy == height) return;
+    client_ = {width, height};
+    laidOut();
+}
+
+void FormWindow::laidOut() {
+    const Scale& scale = desktop_.scale();
+    form_->userResized(
+        {scale.twips(static_cast<int>(client_.cx)), scale.twips(static_cast<int>(client_.cy))});
+}
+
+bool FormWindow::usesHourglass() const {
+    return form_->mousePointer() == MousePointer::Hourglass;
+}
+
+// Activation: an event when the focus comes back from another window of the thread, but not from a box of
+// ours or from another program.
+
+bool FormWindow::belongsToThread(HWND window) const {
+    return window != nullptr && GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+}
+
+void FormWindow::activated(bool active, HWND other) {
+    const bool another = belongsToThread(other) && !desktop_.boxIsOpen();
+    if (!active) {
+        leftForAnother_ = leftForAnother_ || another;
+        return;
+    }
+    if ((another || leftForAnother_ || focusDue_) && !showing_) PostMessageA(window_, activateLater, 0, 0);
+    leftForAnother_ = focusDue_ = false;
+}
+
+void FormWindow::boxesClosed() {
+    if (activationWaits_) PostMessageA(window_, activateLater, 0, 0);
+    activationWaits_ = false;
+    if (waitsForFocus()) SetActiveWindow(window_);
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,74 @@
+#include "forms/win32/gdi_cache.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace corvelle::forms {
+
+namespace {
+
+std::string upperCase(std::string text) {
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return text;
+}
+
+// Resources go by the picture's name, "icon101" and its like by their number.
+std::string resourceName(const std::string& picture) {
+    constexpr std::size_t prefix = 4;
+    if (picture.compare(0, prefix, "icon") == 0 && picture.size() > prefix &&
+        picture.find_first_not_of("0123456789", prefix) == std::string::npos) {
+        std::string number = picture.substr(prefix - 1);
+        number.front() = '#';
+        return number;
+    }
+    return upperCase(picture);
+}
+
+} // namespace
+
+HFONT GdiCache::font(const Font& font) {
+    const int height = scale_.fontPixels(font.size);
+    auto& made = fonts_[{font.name, height, font.bold}];
+    if (!made) {
+        LOGFONTA wanted{};
+        wanted.lfHeight = -height;
+        wanted.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
+        wanted.lfCharSet = DEFAULT_CHARSET;
+        font.name.copy(wanted.lfFaceName, LF_FACESIZE - 1);
+        made.reset(CreateFontIndirectA(&wanted));
+    }
+    return made.get();
+}
+
+HBRUSH GdiCache::brush(Colour colour) {
+    auto& made = brushes_[colour];
+    if (!made) made.reset(CreateSolidBrush(colour));
+    return made.get();
+}
+
+HICON GdiCache::icon(const std::string& picture, int size) {
+    auto& made = icons_[{picture, size}];
+    if (!made) {
+        made.reset(static_cast<HICON>(
+            LoadImageA(module_, resourceName(picture).c_str(), IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
+    }
+    return made.get();
+}
+
+HBITMAP GdiCache::bitmap(const std::string& picture) {
+    auto& made = bitmaps_[picture];
+    if (!made) {
+        std::string name = resourceName(picture);
+        if (scale_.dpi() > 120) {
+            name += "_144";
+        } else if (scale_.dpi() > 96) {
+            name += "_120";
+        }
+        made.reset(
+            static_cast<HBITMAP>(LoadImageA(module_, name.c_str(), IMAGE_BITMAP, 0, 0, LR_DEFAULTCOLOR)));
+    }
+    return made.get();
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,60 @@
+#include "forms/tab_strip.h"
+#include "forms/win32/control_windows.h"
+
+#include <commctrl.h>
+
+namespace corvelle::forms {
+
+namespace {
+
+class TabStripWindow : public ControlWindow {
+  public:
+    TabStripWindow(FormWindow& form, TabStrip& tabs) : ControlWindow(form, tabs), tabs_(tabs) {}
+
+    bool takesFocus() const override { return true; }
+
+    void update(Aspect aspect) override {
+        switch (aspect) {
+        case Aspect::Items:
+            send(TCM_DELETEALLITEMS);
+            for (std::size_t i = 0; i < tabs_.tabs().size(); ++i) {
+                std::string caption = tabs_.tabs()[i];
+                TCITEMA item{};
+                item.mask = TCIF_TEXT;
+                item.pszText = caption.data();
+                send(TCM_INSERTITEMA, i, reinterpret_cast<LPARAM>(&item));
+            }
+            update(Aspect::Value);
+            break;
+        case Aspect::Value:
+            send(TCM_SETCURSEL, static_cast<WPARAM>(tabs_.selected() - 1));
+            break;
+        default:
+            ControlWindow::update(aspect);
+        }
+    }
+
+    void notified(const NMHDR& header) override {
+        if (header.code == TCN_SELCHANGE) tabs_.select(static_cast<int>(send(TCM_GETCURSEL)) + 1);
+    }
+
+  protected:
+    Native native() const override { return {WC_TABCONTROLA, 0, 0}; }
+
+    void created() override {
+        // Its area belongs to the form: whatever stands there is in front of it.
+        SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        update(Aspect::Items);
+    }
+
+  private:
+    TabStrip& tabs_;
+};
+
+} // namespace
+
+std::unique_ptr<ControlWindow> makeTabStripWindow(FormWindow& form, TabStrip& tabs) {
+    return std::make_unique<TabStripWindow>(form, tabs);
+}
+
+} // namespace corvelle::forms

@@ -1,0 +1,308 @@
+#include "forms/win32/win32_desktop.h"
+
+#include "forms/form.h"
+#include "forms/timer.h"
+#include "forms/win32/file_dialog.h"
+#include "forms/win32/form_window.h"
+#include "forms/win32/thread_windows.h"
+#include "forms/win32/win32_peer.h"
+
+#include <algorithm>
+#include <commctrl.h>
+#include <iterator>
+#include <string>
+
+namespace corvelle::forms {
+
+namespace {
+
+constexpr UINT_PTR flushTimer = 1; // the forms' timers are numbered from the next on
+constexpr DWORD flushPeriod = 40;  // milliseconds: late text appears 25 times a second
+constexpr int manyYields = 64;     // that found nothing, in a row
+
+int screenDpi() {
+    const HDC screen = GetDC(nullptr);
+    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
+    ReleaseDC(nullptr, screen);
+    return dpi > 0 ? dpi : 96;
+}
+
+// Two desktops of one module, on two threads, each have classes of their own.
+std::string className(const char* name, const void* desktop) {
+    return std::string("Corvelle.") + name + "." + std::to_string(reinterpret_cast<std::uintptr_t>(desktop));
+}
+
+HBRUSH systemBrush(int colour) {
+    return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(colour + 1));
+}
+
+bool isMainWindowOfHost(HWND window) {
+    return IsWindowVisible(window) && GetWindow(window, GW_OWNER) == nullptr &&
+           (GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION &&
+           FormWindow::of(window) == nullptr;
+}
+
+} // namespace
+
+// While a box is open it is modal to the program, and the focus that comes and goes with it is nobody's
+// event.
+class Win32Desktop::Box {
+  public:
+    explicit Box(Win32Desktop& desktop)
+        : desktop_(desktop), owner_(desktop.ownerNow(nullptr)), disabled_(owner_) {
+        desktop_.flush();
+        ++desktop_.openBoxes_;
+    }
+    ~Box() {
+        --desktop_.openBoxes_;
+        if (desktop_.openBoxes_ > 0) return;
+        disabled_.enable();
+        // The focus that comes back is an event, whose handler may unload a form.
+        for (std::size_t i = 0; i < desktop_.windows_.size(); ++i) desktop_.windows_[i]->boxesClosed();
+    }
+    Box(const Box&) = delete;
+    Box& operator=(const Box&) = delete;
+
+    HWND owner() const { return owner_; }
+
+  private:
+    Win32Desktop& desktop_;
+    HWND owner_; // the system disables and enables this one
+    DisabledWindows disabled_;
+};
+
+Win32Desktop::Win32Desktop(HINSTANCE module, int dpi)
+    : module_(module), scale_(dpi > 0 ? dpi : screenDpi()), gdi_(module, scale_),
+      formClass_(module, className("Form", this), FormWindow::procedure, systemBrush(COLOR_BTNFACE)),
+      plainClass_(module, className("Plain", this), DefWindowProcA, nullptr),
+      timerClass_(module, className("Timer", this), onTimerMessage, nullptr), lastTimer_(flushTimer) {
+    INITCOMMONCONTROLSEX wanted{sizeof wanted, ICC_BAR_CLASSES | ICC_TAB_CLASSES};
+    InitCommonControlsEx(&wanted);
+    timerWindow_ =
+        CreateWindowExA(0, timerClass_.name(), "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, module_, nullptr);
+    if (timerWindow_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    SetWindowLongPtrA(timerWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+Win32Desktop::~Win32Desktop() {
+    SetWindowLongPtrA(timerWindow_, GWLP_USERDATA, 0);
+    DestroyWindow(timerWindow_);
+}
+
+// Windows
+
+std::unique_ptr<FormPeer> Win32Desktop::makePeer(Form& form) {
+    return std::make_unique<Win32Peer>(*this, form);
+}
+
+void Win32Desktop::remove(FormWindow& window) {
+    windows_.erase(std::remove(windows_.begin(), windows_.end(), &window), windows_.end());
+}
+
+HWND Win32Desktop::ownerNow(HWND except) const {
+    HWND owner = GetActiveWindow();
+    if (owner != nullptr && owner != except && IsWindowVisible(owner)) return owner;
+    // The thread is in the background.
+    if (!modals_.empty() && topModal() != except) return topModal();
+    const std::vector<HWND> windows = threadWindows();
+    const auto found = std::find_if(windows.begin(), windows.end(), isMainWindowOfHost);
+    return found == windows.end() ? nullptr : *found;
+}
+
+HWND Win32Desktop::topModal() const {
+    const FormPeer* const peer = modals_.back().form->peer();
+    return peer == nullptr ? nullptr : static_cast<const Win32Peer*>(peer)->formWindow()->window();
+}
+
+FormWindow* Win32Desktop::waitingForFocus() const {
+    const auto found = std::find_if(windows_.rbegin(), windows_.rend(),
+                                    [](const FormWindow* window) { return window->waitsForFocus(); });
+    return found == windows_.rend() ? nullptr : *found;
+}
+
+void Win32Desktop::modelessShown(int more) {
+    modeless_ += more;
+    if (modeless_ == 0) {
+        hook_.reset();
+    } else if (!hook_) {
+        hook_.emplace();
+    }
+}
+
+void Win32Desktop::runModal(Form& form) {
+    flush();
+    const auto window = static_cast<Win32Peer*>(form.peer())->formWindow();
+    window->setModal(ownerNow(window->window()));
+    const int number = ++lastModal_;
+    modals_.push_back({number, &form, std::make_unique<DisabledWindows>(window->window())});
+    const struct End { // in every case the windows are enabled again
+        Win32Desktop& desktop;
+        Form& form;
+        ~End() { desktop.endModal(form); }
+    } end{*this, form};
+    form.show();
+    // Once hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
+    const auto open = [this, number] {
+        return std::any_of(modals_.begin(), modals_.end(),
+                           [number](const Modal& modal) { return modal.number == number; });
+    };
+    while (open() && window->isThere() && waitForEvents()) {
+    }
+}
+
+void Win32Desktop::endModal(Form& form) {
+    const auto found = std::find_if(modals_.rbegin(), modals_.rend(),
+                                    [&form](const Modal& modal) { return modal.form == &form; });
+    if (found == modals_.rend()) return;
+    const auto ended = std::move(found->disabled);
+    modals_.erase(std::next(found).base());
+}
+
+// Messages
+
+void Win32Desktop::doEvents() {
+    flushInTime();
+    // A loop that yields once a module line would spend its time on asking a queue that is empty: after many
+    // times in vain it asks once a tick of the clock.
+    const DWORD now = GetTickCount();
+    if (vainYields_ >= manyYields && now == lastVainYield_) return;
+    ++vainYields_;
+    lastVainYield_ = now;
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        vainYields_ = 0;
+        if (message.message == WM_QUIT) {
+            quitting_ = true;
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the loop around
+            return;
+        }
+        dispatch(message);
+    }
+}
+
+bool Win32Desktop::waitForEvents() {
+    if (quitting_) return false;
+    flush();
+    MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    vainYields_ = 0; // something is there
+    doEvents();
+    return !quitting_;
+}
+
+void Win32Desktop::dispatch(MSG& message) {
+    // Where the hook is, it has taken the keys of our windows already.
+    if (!hook_ && FormWindow::takeKey(message)) return;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+}
+
+void Win32Desktop::textIsLate() {
+    if (textLate_) return;
+    textLate_ = true;
+    flushInTime();
+    if (textLate_ && !flushTimerOn_)
+        flushTimerOn_ = SetTimer(timerWindow_, flushTimer, flushPeriod, nullptr) != 0;
+}
+
+void Win32Desktop::flushInTime() {
+    if (textLate_ && GetTickCount() - lastFlush_ >= flushPeriod) flush();
+}
+
+void Win32Desktop::flush() {
+    if (!textLate_) return;
+    textLate_ = false;
+    lastFlush_ = GetTickCount();
+    for (FormWindow* window : windows_) window->writeLateText();
+}
+
+// Services
+
+int Win32Desktop::showMessageBox(const std::string& text, int flags, const std::string& title) {
+    std::string lines; // the box breaks lines at line feeds
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool alone = text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n');
+        lines += alone ? '\n' : text[i];
+    }
+    const bool asks = (flags & box::yesNo) != 0;
+    const Box box(*this);
+    const int given = MessageBoxA(box.owner(), lines.c_str(), title.c_str(), static_cast<UINT>(flags));
+    if (!asks) return answer::ok;
+    return given == IDYES ? answer::yes : answer::no; // also where no box could be shown
+}
+
+std::optional<std::string> Win32Desktop::chooseFile(const CommonDialog& dialog, bool save) {
+    const Box box(*this);
+    return showFileDialog(box.owner(), dialog, save);
+}
+
+void Win32Desktop::showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) {
+    HWND window = GetActiveWindow();
+    if (caller != nullptr && caller->form().peer() != nullptr) {
+        window = static_cast<Win32Peer*>(caller->form().peer())->formWindow()->windowOf(*caller);
+    }
+    help_.show(window, file, command, data);
+}
+
+Colour Win32Desktop::resolve(Colour colour) const {
+    if (!isSystemColour(colour)) return colour & 0xFFFFFFU;
+    return GetSysColor(static_cast<int>(colour & 0xFFU));
+}
+
+// Timers
+
+void Win32Desktop::startTimer(Timer& timer, std::int32_t interval) {
+    const UINT_PTR number = ++lastTimer_;
+    if (SetTimer(timerWindow_, number, static_cast<UINT>(interval), nullptr) == 0) {
+        throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    }
+    timers_[number] = &timer;
+}
+
+void Win32Desktop::stopTimer(Timer& timer) {
+    for (auto it = timers_.begin(); it != timers_.end();) {
+        if (it->second == &timer) {
+            KillTimer(timerWindow_, it->first);
+            it = timers_.erase(it);
+        } else {
+            ++it;
+        }
+    }
+}
+
+void Win32Desktop::tick(UINT_PTR number) {
+    if (number == flushTimer) {
+        if (textLate_) return flushInTime();
+        KillTimer(timerWindow_, flushTimer);
+        flushTimerOn_ = false;
+        return;
+    }
+    const auto found = timers_.find(number); // a tick of a stopped timer may still have waited
+    if (found != timers_.end()) found->second->ticked();
+}
+
+LRESULT CALLBACK Win32Desktop::onTimerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const desktop = reinterpret_cast<Win32Desktop*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (desktop == nullptr || message != WM_TIMER) return DefWindowProcA(window, message, wParam, lParam);
+    return desktop->guarded<LRESULT>(0, [desktop, wParam] {
+        desktop->tick(wParam);
+        return 0;
+    });
+}
+
+// Errors
+
+void Win32Desktop::report(const char* text) noexcept {
+    try {
+        msgBox(text, box::okOnly);
+    } catch (...) { // there is no room for a box either
+    }
+}
+
+void Win32Desktop::reportNumber(int number) noexcept {
+    try {
+        msgBox(base::describeError(number), box::okOnly);
+    } catch (...) {
+    }
+}
+
+} // namespace corvelle::forms
