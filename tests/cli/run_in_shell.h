@@ -14,11 +14,14 @@ struct ShellRun {
     std::string out, err;
 };
 
-/// Runs `corvelle` in a folder by way of the shell, as its users type it: the arguments are the shell's words.
+/// Runs `corvelle` in a folder by way of the shell, as its users type it: the arguments are the shell's
+/// words.
 inline ShellRun runInShell(const TemporaryFolder& folder, const std::string& arguments,
-                              const std::string& prefix = {}) {
+                           const std::string& prefix = {}) {
     const TemporaryFolder streams;
-    const auto quoted = [](const std::filesystem::path& path) { return "'" + path.string() + "'"; };
+    const auto quoted = [](const std::filesystem::path& path) {
+        return std::string("'").append(path.string()).append("'");
+    };
     const auto command = "cd " + quoted(folder.path()) + " && " + prefix + " '" CORVELLE_BINARY "' " +
                          arguments + " >" + quoted(streams.path() / "out") + " 2>" +
                          quoted(streams.path() / "err");
