@@ -14,7 +14,7 @@
 #include "indexer/files.h"
 #include "indexer/general_date.h"
 #include "indexer/mapping_module.h"
-#include "indexer/project_info.h"
+#include "indexer/save_results.h"
 #include "indexer/text_entries.h"
 
 #include <algorithm>
@@ -50,17 +50,17 @@ std::string withTerminalLineEnds(std::string text) {
     return text;
 }
 
-// Prints each message once.
+// Prints each message, but one that is repeated only once.
 class Messages : public indexer::IndexerObserver {
   public:
     void msgBox(const indexer::Message& message) override {
-        if (!printed_) std::cerr << withTerminalLineEnds(message.text) << std::endl;
-        printed_ = true;
+        if (message.text != last_) std::cerr << withTerminalLineEnds(message.text) << std::endl;
+        last_ = message.text;
     }
-    bool anyPrinted() const { return printed_; }
+    bool anyPrinted() const { return !last_.empty(); }
 
   private:
-    bool printed_ = false;
+    std::string last_;
 };
 
 // One run over a project. Up to the generation nothing is written; every step tells what is wrong with it.
@@ -70,7 +70,7 @@ class IndexRun {
 
     int run() {
         if (open() && readDesigners() && checkOutputs() && readOptions()) {
-            analysis_.analyseProject(*project_, job_.options, messages_);
+            analysis_.analyseProject(project_, job_.options, messages_);
             report_.AddInfo_Rpt(dateAndTime_, analysis_.captions());
             if (prepareJob() && create()) {
                 saveTexts();
@@ -272,9 +272,8 @@ class IndexRun {
         info[indexer::slot::text] = settings_.text.value_or("");
         info[indexer::slot::moduleName] = settings_.module.value_or("");
         info[indexer::slot::moduleFile] = settings_.moduleFile.value_or("");
-        const auto lines = indexer::projectFileLines(dateAndTime_, info);
-        if (!indexer::WriteLines(*settings_.projectFile, lines))
-            return fail(exitFailed, *settings_.projectFile + ": Errors occured while saving file. ");
+        const auto saved = indexer::saveProject(*settings_.projectFile, dateAndTime_, info);
+        if (!saved.saved) return fail(exitFailed, *settings_.projectFile + ": " + saved.message->text);
         written_.push_back(*settings_.projectFile);
         if (!settings_.text)
             std::cerr << *settings_.projectFile
@@ -283,7 +282,7 @@ class IndexRun {
 
     void saveReport() {
         if (!settings_.report) return;
-        if (!indexer::WriteLines(*settings_.report, report_.lines()))
+        if (!indexer::saveReport(*settings_.report, report_).saved)
             return fail(exitFailed, *settings_.report + ": the report could not be written");
         written_.push_back(*settings_.report);
     }

@@ -34,13 +34,15 @@ void Analysis::ResetCounts() {
     mdiForms_ = 0;
 }
 
-void Analysis::analyseProject(ide::VBProject& project, const IndexOptions& options,
+void Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
                               IndexerObserver& observer) {
     ResetCounts();
     selected_.clear();
-    captions_.lblProj = "Project Name: " + project.Name();
-    const auto components = project.VBComponents();
-    const auto count = required(components).Count();
+    ignoringErrors([&] { captions_.lblProj = "Project Name: " + required(project).Name(); });
+    std::shared_ptr<ide::VBComponents> components;
+    std::int32_t count = 0;
+    ignoringErrors([&] { components = required(project).VBComponents(); });
+    ignoringErrors([&] { count = required(components).Count(); });
     captions_.LblForms = "Total Forms: " + std::to_string(count);
     observer.captionsChanged(captions_);
     for (std::int32_t i = 1; i <= count; ++i)
@@ -51,7 +53,10 @@ void Analysis::analyseProject(ide::VBProject& project, const IndexOptions& optio
     totalControls_ = 0;
     for (const auto& component : selected_) countControls(*component, observer);
     captions_.lblControls = "Total Controls: " + std::to_string(totalControls_);
-    captions_.lblPrjStat = std::string("Project has been saved: ") + (project.IsDirty() ? "False" : "True");
+    ignoringErrors([&] {
+        captions_.lblPrjStat =
+            std::string("Project has been saved: ") + (required(project).IsDirty() ? "False" : "True");
+    });
     observer.captionsChanged(captions_);
 }
 

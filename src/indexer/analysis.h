@@ -15,9 +15,9 @@ namespace corvelle::indexer {
 class Analysis {
   public:
     /// Counts the project's designers and controls and selects the designers by the options. Errors are
-    /// ignored: what fails for one component counts nothing. Raises RunTimeError where the project itself
-    /// cannot be asked.
-    void analyseProject(ide::VBProject& project, const IndexOptions& options, IndexerObserver& observer);
+    /// ignored: what fails counts nothing, and a caption that needs it stays as it was.
+    void analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
+                        IndexerObserver& observer);
 
     const AnalysisCaptions& captions() const { return captions_; }
     /// In the order of the project.

@@ -142,7 +142,7 @@ TEST(RandomProjects, HaveFilesThatAgree) {
         job.options.ChkIDMap = 1;
         job.options.ChkAutoLoad = seed % 3 != 0 ? 1 : 0;
         job.excludeList = {"", "TIMER"};
-        analysis.analyseProject(*project, job.options, observer);
+        analysis.analyseProject(project, job.options, observer);
         EXPECT_EQ(analysis.TotalControls(), random.controls());
         job.project = project;
         job.SelectedDesigners = analysis.SelectedDesigners();
