@@ -33,11 +33,12 @@ struct Place {
     std::size_t begin = 0, end = 0; // what the new line replaces, line end included
 };
 
-// Where the byte's line begins and ends.
+// Where the byte's line begins and ends. A byte order mark is no part of the first line.
 Place lineAt(std::string_view bytes, std::size_t offset) {
     const auto before = bytes.substr(0, offset).rfind('\n');
     const auto end = bytes.find('\n', offset);
-    return {before + 1, end == std::string_view::npos ? bytes.size() : end + 1}; // npos + 1 is 0
+    return {before == std::string_view::npos ? linesOf(bytes).position() : before + 1,
+            end == std::string_view::npos ? bytes.size() : end + 1};
 }
 
 Place placeOf(std::string_view bytes, const ProjectFile& project, const fs::path& folder,
