@@ -58,9 +58,9 @@ class Collector {
         } else if (const auto type = workspace::moduleTypeOfPath(path)) {
             addModule({.shownPath = argument, .path = path, .type = *type});
         } else if (workspace::isProjectPath(path)) {
-            addProject(path);
+            addProject(argument, path);
         } else if (workspace::isGroupPath(path)) {
-            addGroup(path);
+            addGroup(argument, path);
         } else {
             addProblem(argument, "not a module, a project, a project group or a directory");
         }
@@ -120,51 +120,52 @@ class Collector {
         }
     }
 
-    void addProject(const fs::path& path) {
+    void addProject(const std::string& name, const fs::path& path) {
         if (!isNew(path)) return;
-        const auto project = read<workspace::ProjectFile>(path);
+        const auto project = read<workspace::ProjectFile>(name, path);
         if (!project) return;
         for (const auto& member : project->members()) {
-            if (const auto found = find(path, member.path)) {
+            if (const auto found = find(name, path, member.path)) {
                 addModule({.shownPath = shown(*found),
                            .path = *found,
                            .type = member.type,
                            .projectName = member.name});
             }
         }
-        if (project->members().empty()) addNote(shown(path), "no modules in this project");
+        if (project->members().empty()) addNote(name, "no modules in this project");
     }
 
-    void addGroup(const fs::path& path) {
-        const auto group = read<workspace::GroupFile>(path);
+    void addGroup(const std::string& name, const fs::path& path) {
+        const auto group = read<workspace::GroupFile>(name, path);
         if (!group) return;
         for (const std::string& member : group->projects()) {
-            if (const auto found = find(path, member)) addProject(*found);
+            if (const auto found = find(name, path, member)) addProject(shown(*found), *found);
         }
-        if (group->projects().empty()) addNote(shown(path), "no projects in this group");
+        if (group->projects().empty()) addNote(name, "no projects in this group");
     }
 
     template <class File>
-    std::optional<File> read(const fs::path& path) {
+    std::optional<File> read(const std::string& name, const fs::path& path) {
         try {
             const std::string bytes = base::readFile(path);
             const std::string_view what = whatInsteadOfText(bytes);
             if (what.empty()) return File(bytes);
-            addProblem(shown(path), "this is " + std::string(what) + ", not a project or a group");
+            addProblem(name, "this is " + std::string(what) + ", not a project or a group");
         } catch (const base::RunTimeError& error) {
-            addProblem(shown(path), error.description());
+            addProblem(name, error.description());
         }
         return std::nullopt;
     }
 
     // The file that a project or group names; one that is missing is a problem in its place.
-    std::optional<fs::path> find(const fs::path& namedIn, const std::string& written) {
-        const fs::path folder = namedIn.parent_path();
+    std::optional<fs::path> find(const std::string& namedIn, const fs::path& path,
+                                 const std::string& written) {
+        const fs::path folder = path.parent_path();
         auto found = resolver_.resolve(folder, written);
         if (!found) {
             addProblem(shown(workspace::pathInProject(folder, written)),
                        base::RunTimeError(base::ErrorNumber::FileNotFound).description() + " (named in " +
-                           shown(namedIn) + ")");
+                           namedIn + ")");
         }
         return found;
     }

@@ -88,7 +88,7 @@ void frmAbt::Form_Load() {
 }
 
 void frmAbt::Form_Click() {
-    instance().reset();
+    if (instance().lock().get() == this) instance().reset();
     unload();
 }
 

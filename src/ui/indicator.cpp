@@ -163,7 +163,7 @@ void Indicator::show() {
     if (edge() != 0) {
         canvas.frameBox(0, 0, canvas.width(), canvas.height(), desktop_.resolve(windowFrame));
     }
-    if (state_.shapeVisible) {
+    if (state_.shapeVisible && canvas.width() > 2 && canvas.height() > 2) {
         canvas.frameBox(1, 1, canvas.width() - 1, canvas.height() - 1, desktop_.resolve(state_.borderColor));
     }
     home_.refresh();

@@ -1,7 +1,8 @@
 // Runs the program, which is found in CORVELLE_BINARY.
 #ifndef _WIN32
 
-#include "cli/run_in_shell.h"
+#include "base/temporary_folder.h"
+#include "cli/run_corvelle.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +11,7 @@ namespace corvelle::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using test::ShellRun;
+using test::Outcome;
 using test::TemporaryFolder;
 using testing::ContainsRegex;
 using testing::ElementsAre;
@@ -39,7 +40,11 @@ class IndexCommand : public testing::Test {
         fs::create_directory(folder.path() / "o");
     }
 
-    ShellRun run(const std::string& arguments) { return test::runInShell(folder, arguments); }
+    // The arguments are the shell's words.
+    Outcome run(const std::string& arguments, test::Surroundings surroundings = {}) const {
+        surroundings.folder = folder.path();
+        return test::runProgram("sh", {"-c", "exec \"$0\" " + arguments, CORVELLE_BINARY}, surroundings);
+    }
     std::vector<std::string> outputs() {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(folder.path() / "o"))
@@ -314,8 +319,9 @@ TEST_F(IndexCommand, TellsWhichFileCouldNotBeWritten) {
 TEST_F(IndexCommand, LeavesTheTextsAloneWhenTheDiskIsFull) {
     const auto texts = std::string(".topic  IDH_AAAB\r\n").append(3000, 'x').append("\r\n");
     folder.write("o/a.txt", texts);
-    // No file may grow beyond two blocks of 512 bytes.
-    const auto result = test::runInShell(folder, files + "--text o/a.txt", "ulimit -f 2;");
+    test::Surroundings fullDisk;
+    fullDisk.largestFile = 1000;
+    const auto result = run(files + "--text o/a.txt", fullDisk);
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(result.err, HasSubstr("Errors occured while saving file."));
     EXPECT_EQ(folder.read("o/a.txt"), texts);
@@ -331,7 +337,9 @@ TEST_F(IndexCommand, LeavesAReadOnlyProjectAlone) {
 }
 
 TEST_F(IndexCommand, TellsThatNobodyGetsItsOutput) {
-    const auto result = run(files + ">/dev/full; exit $?; echo ");
+    test::Surroundings fullDisk;
+    fullDisk.outputTo = "/dev/full";
+    const auto result = run(files, fullDisk);
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(outputs(), UnorderedElementsAre("a.h", "a.hcnf"));
 }

@@ -1,6 +1,7 @@
 #include "fakes/calls.h"
 
 #include <algorithm>
+#include <new>
 #include <optional>
 
 namespace corvelle::test {
@@ -26,6 +27,11 @@ void Calls::fail(const std::string& member, int n, const base::RunTimeError& err
 
 void Calls::failForGood(const std::string& member, int n, const base::RunTimeError& error) {
     faults_.push_back({member, n - 1, error, true});
+}
+
+void Calls::failWithoutMemory() {
+    anyFailed_ = true;
+    throw std::bad_alloc();
 }
 
 int Calls::count(const std::string& member) const {

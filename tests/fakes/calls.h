@@ -18,6 +18,8 @@ class Calls {
     void fail(const std::string& member, int n, const base::RunTimeError& error);
     /// The same, and so does every later call of it.
     void failForGood(const std::string& member, int n, const base::RunTimeError& error);
+    /// The call under way fails for lack of memory.
+    void failWithoutMemory();
     void failNoMore() { faults_.clear(); }
 
     /// Runs at the start of every call, before it may fail.

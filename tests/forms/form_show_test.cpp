@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace corvelle::forms {
 namespace {
@@ -208,6 +209,21 @@ TEST_F(FormShow, AFormHiddenBelowAModalOneTakesInputWhenShownAgain) {
     form->show();
     EXPECT_TRUE(form->enabled());
     EXPECT_TRUE(desktop.click(form->check));
+}
+
+TEST_F(FormShow, AFormShownUnderAModalOneIsActivatedWhenThatGoes) {
+    form->load();
+    form->forget();
+    desktop.inNextModal([](Form& shown) { shown.unload(); });
+    other->inUnload = [&](bool&) {
+        form->show();
+        EXPECT_TRUE(form->visible());
+        EXPECT_EQ(desktop.active(), other.get());
+        EXPECT_THAT(form->log, ElementsAre("Resize"));
+    };
+    other->showModal();
+    EXPECT_EQ(desktop.active(), form.get());
+    EXPECT_THAT(form->log, ElementsAre("Resize", "Activate", "button GotFocus"));
 }
 
 TEST_F(FormShow, AHiddenFormIsDisabledToo) {

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace corvelle::forms {
 namespace {
@@ -188,6 +189,15 @@ TEST_F(FormUnload, TheNextFormIsActivatedWhileTheOneThatGoesIsUnloading) {
     EXPECT_EQ(form->count("Load"), 0);
     EXPECT_THAT(desktop.windows(), ElementsAre(below.get()));
     EXPECT_EQ(form->label.caption(), "");
+}
+
+TEST_F(FormUnload, WhatTheNextFormDoesIsReportedWhileTheWindowIsStillThere) {
+    const auto below = std::make_shared<RecordingForm>(desktop, "below");
+    below->show();
+    desktop.activate(*form);
+    below->inActivate = [&] { desktop.msgBox("unexpected", box::okOnly); };
+    EXPECT_THROW(form->unload(), std::logic_error);
+    EXPECT_FALSE(form->visible());
 }
 
 TEST_F(FormUnload, NoEventReachesAFormThatIsGone) {

@@ -1,12 +1,14 @@
 #include "forms/label.h"
 #include "forms/win32/control_windows.h"
 #include "forms/win32/form_window.h"
+#include "forms/win32/win32_desktop.h"
 
 namespace corvelle::forms {
 
 namespace {
 
-/// A static control. Its text may change once a module line: it goes to the screen a few times a second.
+/// A static control that is drawn here. Its text may change once a module line: it goes to the screen a few
+/// times a second.
 class LabelWindow : public ControlWindow {
   public:
     LabelWindow(FormWindow& form, Label& label) : ControlWindow(form, label), label_(label) {}
@@ -18,7 +20,6 @@ class LabelWindow : public ControlWindow {
             return form_.textIsLate(*this);
         }
         if (aspect == Aspect::Bounds || aspect == Aspect::Colours) {
-            setStyle(SS_TYPEMASK, alignment());
             SetWindowLongPtrA(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(extendedStyle()));
             SetWindowPos(window(), nullptr, 0, 0, 0, 0,
                          SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
@@ -30,18 +31,10 @@ class LabelWindow : public ControlWindow {
     void writeLateText() override {
         late_ = false;
         setText(text());
-        if (label_.transparent()) repaintAll();
-    }
-
-    HBRUSH colours(HDC device) const override {
-        const HBRUSH brush = ControlWindow::colours(device);
-        if (!label_.transparent()) return brush;
-        SetBkMode(device, TRANSPARENT);
-        return static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
     }
 
   protected:
-    Native native() const override { return {"STATIC", alignment(), extendedStyle()}; }
+    Native native() const override { return {"STATIC", SS_LEFT, extendedStyle()}; }
 
     std::string text() const override {
         const std::string& caption = label_.caption();
@@ -57,17 +50,62 @@ class LabelWindow : public ControlWindow {
 
     bool isPartOfForm() const override { return true; }
 
+    // The static control draws here and there on its own: all of it is done here instead.
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (form_.form() == nullptr) return ControlWindow::handle(message, wParam, lParam);
+        switch (message) {
+        case WM_SETTEXT: {
+            const LRESULT result = DefWindowProcA(window(), message, wParam, lParam);
+            repaintAll();
+            return result;
+        }
+        case WM_SETFONT:
+        case WM_ENABLE:
+            repaintAll();
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            draw(BeginPaint(window(), &paint));
+            EndPaint(window(), &paint);
+            if (label_.transparent()) repaintAbove();
+            return 0;
+        }
+        default:
+            return ControlWindow::handle(message, wParam, lParam);
+        }
+    }
+
   private:
-    DWORD alignment() const {
+    void draw(HDC device) const {
+        RECT inside{};
+        GetClientRect(window(), &inside);
+        const HBRUSH back = colours(device);
+        if (!label_.transparent()) FillRect(device, &inside, back);
+        if (label_.bordered()) {
+            const Scale& scale = form_.desktop().scale();
+            InflateRect(&inside, -scale.pixels(marginInside), -scale.pixels(marginInside / 2));
+        }
+        SetBkMode(device, TRANSPARENT);
+        if (!label_.enabled()) SetTextColor(device, GetSysColor(COLOR_GRAYTEXT));
+        const HGDIOBJ before = SelectObject(device, form_.desktop().gdi().font(label_.font()));
+        const std::string lines = windowText();
+        DrawTextA(device, lines.c_str(), static_cast<int>(lines.size()), &inside,
+                  DT_WORDBREAK | DT_EXPANDTABS | alignment());
+        SelectObject(device, before);
+    }
+
+    UINT alignment() const {
         switch (label_.alignment()) {
         case Alignment::Right:
-            return SS_RIGHT;
+            return DT_RIGHT;
         case Alignment::Centre:
-            return SS_CENTER;
+            return DT_CENTER;
         case Alignment::Left:
             break;
         }
-        return SS_LEFT;
+        return DT_LEFT;
     }
 
     DWORD extendedStyle() const {
@@ -83,6 +121,17 @@ class LabelWindow : public ControlWindow {
         MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
         RedrawWindow(parent, &place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     }
+
+    // Transparent labels that overlap are painted in any order: those above once more.
+    void repaintAbove() const {
+        for (HWND above = GetWindow(window(), GW_HWNDPREV); above != nullptr;
+             above = GetWindow(above, GW_HWNDPREV)) {
+            if ((GetWindowLongPtrA(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0)
+                InvalidateRect(above, nullptr, FALSE);
+        }
+    }
+
+    static constexpr int marginInside = 60; // twips between a border and the text beside it
 
     Label& label_;
     bool late_ = false;

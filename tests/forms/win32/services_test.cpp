@@ -161,7 +161,7 @@ TEST_F(Timers, EndAWait) {
     timer.setEnabled(true);
     while (ticks < 2 && desktop().waitForEvents()) {
     }
-    EXPECT_EQ(2, ticks);
+    EXPECT_GE(ticks, 2);
 }
 
 TEST_F(Timers, AreNeverTwiceAtOnce) {

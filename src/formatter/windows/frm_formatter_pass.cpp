@@ -1,0 +1,123 @@
+#include "base/ignoring_errors.h"
+#include "formatter/windows/frm_formatter.h"
+#include "forms/desktop.h"
+
+#include <algorithm>
+
+// Format Code: the cleaning pass while the module is read, then the indentation pass.
+namespace corvelle::formatter {
+
+void FrmFormatter::InitBtns() {
+    if (!busy_) ResetAll();
+}
+
+void FrmFormatter::ResetAll() {
+    maxIndx_ = -1;
+    formatted_ = false;
+    bSave_ = false;
+    CmdAdd.setEnabled(false); // there is nothing to add any more
+    engine_.ResetAll();
+}
+
+void FrmFormatter::CmdFmt_Click() {
+    std::int32_t errorCount = 0;
+    runAlone([this, &errorCount] {
+        bool ended = false;
+        run([&] {
+            errorCount = formatModule();
+            ended = true;
+        });
+        if (ended) return;
+        setImage(1);
+        Frame1.setEnabled(true);
+        setMousePointer(forms::MousePointer::Default);
+        Indic.stopNow();
+    });
+    if (errorCount > 0 && isLoaded() && !desktop().isQuitting()) showErrors(errorCount);
+}
+
+std::int32_t FrmFormatter::formatModule() {
+    setImage(3);
+    formatted_ = false;
+    // A module that is not set is LoadDataArray's to report.
+    initialLines_ = FmtCodeModule ? FmtCodeModule->CountOfLines() : 0;
+    setMousePointer(forms::MousePointer::Hourglass);
+    ResetAll();
+    setInfo("Loading file to internal buffer..");
+    engine_.options = options_; // the user can reach the options until the module is read
+    const std::int32_t maxIndx = LoadDataArray();
+    if (maxIndx == -1) {
+        setImage(1);
+        setMousePointer(forms::MousePointer::Default);
+        Indic.stopNow();
+        return -1;
+    }
+    maxIndx_ = maxIndx;
+    Frame1.setEnabled(false);
+    const std::int32_t errorCount = runPass();
+    Frame1.setEnabled(true);
+    setMousePointer(forms::MousePointer::Default);
+    SetProcInfo("No Process..");
+    showResult(errorCount);
+    Indic.stopNow();
+    return errorCount;
+}
+
+std::int32_t FrmFormatter::LoadDataArray() {
+    const auto module = FmtCodeModule;
+    if (!module) {
+        objectNotSet();
+        return -1;
+    }
+    const std::int32_t n = module->CountOfLines();
+    setInfo("Reading Module Pane..");
+    Indic.StartNow();
+    engine_.beginCleaning(static_cast<std::size_t>(std::max(n, 0)));
+    for (std::int32_t i = 1; i <= n && !mustClose(); ++i) engine_.cleanLine(module->Lines(i, 1));
+    Indic.stopNow();
+    SetProcInfo("No Process..");
+    setInfo("Code Module Successfully loaded ..");
+    return engine_.lineBuffer().maxIndx();
+}
+
+std::int32_t FrmFormatter::runPass() {
+    inPass_ = true;
+    const struct Ended {
+        bool& inPass;
+        ~Ended() { inPass = false; }
+    } ended{inPass_};
+    if (mustClose()) DisableProc();
+    return engine_.VB_Format(maxIndx_);
+}
+
+void FrmFormatter::showResult(std::int32_t errorCount) {
+    if (errorCount == -1) {
+        setInfo("Formatting was aborted by user..");
+        setImage(0);
+        return;
+    }
+    if (errorCount == 0) {
+        setInfo("Formatting completed successfully...");
+        setImage(2);
+        CmdAdd.setEnabled(true);
+    } else {
+        setInfo("Formatting was not successful." + std::to_string(errorCount) + " errors detected..");
+        setImage(1);
+    }
+    SetResults("Module contains " + std::to_string(initialLines_) +
+               " Lines | Formatted code contains:  " + std::to_string(maxIndx_ + 1) + " Lines");
+    formatted_ = true;
+}
+
+FrmError& FrmFormatter::errors() {
+    if (!errors_) errors_ = std::make_shared<FrmError>(desktop());
+    return *errors_;
+}
+
+void FrmFormatter::showErrors(std::int32_t errorCount) {
+    FrmError& list = errors();
+    list.lblCaption.setCaption("Total " + std::to_string(errorCount) + " errors detected..");
+    list.showModal();
+}
+
+} // namespace corvelle::formatter

@@ -1,0 +1,180 @@
+// --backup-dir: the code of each file that is rewritten, as it was.
+
+#include "cli/format_fixture.h"
+
+namespace corvelle::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+std::string inFolder(const char* folder, const char* name) {
+    return (fs::path(folder) / name).string();
+}
+
+class Backups : public FormatTest {
+  protected:
+    Outcome formatWithBackups(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {"--quiet", "--backup-dir", "bak"});
+        return format(arguments);
+    }
+    std::vector<std::string> backups() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder.path() / "bak")) {
+            names.push_back(entry.path().filename().string());
+        }
+        return names;
+    }
+};
+
+TEST_F(Backups, HoldTheCodeAsItIsOnDisk) {
+    folder.write("a.bas", "Attribute VB_Name = \"Main\"\r\n\tSub a() ' x\r\nb  \r\n\r\n  End Sub\r\n");
+    EXPECT_EQ(formatWithBackups({"--remove-empty-lines", "--remove-trailing-comments", "a.bas"}).status, 0);
+    EXPECT_EQ(folder.read("bak/Main_bak.bas"), "\tSub a() ' x\r\nb  \r\n\r\n  End Sub\r\n");
+}
+
+TEST_F(Backups, HoldNoHiddenLineAndEndEachLineInCrLf) {
+    folder.write("f.frm", "VERSION 5.00\nBegin VB.Form F\nEnd\nAttribute VB_Name = \"F\"\nSub a()\n"
+                          "Attribute a.VB_Description = \"x\"\nb\nEnd Sub");
+    formatWithBackups({"f.frm"});
+    EXPECT_EQ(folder.read("bak/F_bak.frm"), "Sub a()\r\nb\r\nEnd Sub\r\n");
+}
+
+TEST_F(Backups, AreNamedByTheAttribute) {
+    folder.write("a.vbp", "Module=InProject; file.bas\r\n");
+    folder.write("file.bas", "Attribute VB_Name = \"ByAttribute\"\r\n" + std::string(untidy));
+    formatWithBackups({"a.vbp"});
+    EXPECT_THAT(backups(), ElementsAre("ByAttribute_bak.bas"));
+}
+
+TEST_F(Backups, AreElseNamedByTheProject) {
+    folder.write("a.vbp", "Class=InProject; file.cls\r\n");
+    folder.write("file.cls", "VERSION 5.00\r\nBegin VB.Form ByDesigner\r\nEnd\r\n" + std::string(untidy));
+    formatWithBackups({"a.vbp"});
+    EXPECT_THAT(backups(), ElementsAre("InProject_bak.cls"));
+}
+
+TEST_F(Backups, AreElseNamedByTheDesigner) {
+    folder.write("a.vbp", "Form=file.frm\r\n");
+    folder.write("file.frm", "VERSION 5.00\r\nBegin VB.Form ByDesigner\r\nEnd\r\n" + std::string(untidy));
+    formatWithBackups({"a.vbp"});
+    EXPECT_THAT(backups(), ElementsAre("ByDesigner_bak.frm"));
+}
+
+TEST_F(Backups, AreElseNamedByTheFile) {
+    folder.write("by.file.bas", untidy);
+    formatWithBackups({"by.file.bas"});
+    EXPECT_THAT(backups(), ElementsAre("by.file_bak.bas"));
+}
+
+TEST_F(Backups, AreNotNamedByWhatLeadsElsewhere) {
+    folder.write("a.bas", "Attribute VB_Name = \"../../x\"\r\n" + std::string(untidy));
+    folder.write("b.bas", "Attribute VB_Name = \"..\\x\"\r\n" + std::string(untidy));
+    formatWithBackups({"a.bas", "b.bas"});
+    EXPECT_THAT(backups(), UnorderedElementsAre("a_bak.bas", "b_bak.bas"));
+}
+
+TEST_F(Backups, HaveTheEndingOfTheirKind) {
+    const std::string mdi = "VERSION 5.00\r\nBegin VB.MDIForm M\r\nEnd\r\n";
+    for (const std::string name : {"a.bas", "b.cls", "c.frm", "e.pag", "f.ctl", "g.dob", "h.dsr"}) {
+        folder.write(name, untidy);
+    }
+    folder.write("d.frm", mdi + std::string(untidy));
+    formatWithBackups({"."});
+    EXPECT_THAT(backups(), UnorderedElementsAre("a_bak.bas", "b_bak.cls", "c_bak.frm", "M_bak.frm",
+                                                "e_bak.pag", "f_bak.ctl", "g_bak.dob", "h_bak.Dsr"));
+}
+
+TEST_F(Backups, OfOneNameAreNumberedInTheModulesOrder) {
+    for (const std::string number : {"1", "2", "3"}) {
+        folder.write(number + "/m.bas", "Sub a" + number + "()\r\nb\r\nEnd Sub\r\n");
+    }
+    folder.write("0/m.bas", tidy); // not rewritten, so that it takes no number
+    folder.write("4/n.cls", "Attribute VB_Name = \"M\"\r\nSub a4()\r\nb\r\nEnd Sub\r\n");
+    EXPECT_EQ(formatWithBackups({"--jobs", "8", "0", "1", "3", "2", "4"}).status, 0);
+    EXPECT_THAT(backups(), UnorderedElementsAre("m_bak.bas", "m_bak2.bas", "m_bak3.bas", "M_bak4.cls"));
+    EXPECT_EQ(folder.read("bak/m_bak.bas"), "Sub a1()\r\nb\r\nEnd Sub\r\n");
+    EXPECT_EQ(folder.read("bak/m_bak2.bas"), "Sub a3()\r\nb\r\nEnd Sub\r\n");
+    EXPECT_EQ(folder.read("bak/m_bak3.bas"), "Sub a2()\r\nb\r\nEnd Sub\r\n");
+}
+
+TEST_F(Backups, AreMadeOfRewrittenFilesOnly) {
+    folder.write("tidy.bas", tidy);
+    folder.write("broken.bas", "End Sub\r\n  a\r\n");
+    folder.write("empty.bas", "");
+    for (const char* mode : {"--quiet", "--check", "--diff"}) formatWithBackups({mode, "."});
+    EXPECT_FALSE(fs::exists(folder.path() / "bak"));
+    formatWithBackups({"--force", "broken.bas"});
+    EXPECT_THAT(backups(), ElementsAre("broken_bak.bas"));
+}
+
+TEST_F(Backups, ReplaceThoseOfAnEarlierRun) {
+    folder.write("bak/a_bak.bas", "much older text, and longer than the code that takes its place now");
+    folder.write("a.bas", untidy);
+    EXPECT_EQ(formatWithBackups({"a.bas"}).status, 0);
+    EXPECT_EQ(folder.read("bak/a_bak.bas"), untidy);
+}
+
+TEST_F(Backups, GoIntoAFolderThatIsMade) {
+    folder.write("a.bas", untidy);
+    EXPECT_EQ(format({"--backup-dir", "x/y/z", "a.bas"}).status, 0);
+    EXPECT_EQ(folder.read("x/y/z/a_bak.bas"), untidy);
+}
+
+TEST_F(Backups, ThatCannotBeSavedLeaveTheFileAlone) {
+    folder.write("a.bas", untidy);
+    folder.write("b.bas", untidy);
+    folder.write("bak", "a file where the folder should be");
+    Outcome outcome = formatWithBackups({"a.bas"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, testing::StartsWith("a.bas: not rewritten, its backup " +
+                                                 inFolder("bak", "a_bak.bas") + " could not be saved: "));
+    EXPECT_EQ(folder.read("a.bas"), untidy);
+
+    fs::remove(folder.path() / "bak");
+    fs::permissions(folder.write("bak/a_bak.bas", "kept"), fs::perms(0444));
+    outcome = formatWithBackups({"a.bas", "b.bas"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "a.bas: not rewritten, its backup " + inFolder("bak", "a_bak.bas") +
+                               " could not be saved: Permission denied\n");
+    EXPECT_EQ(folder.read("a.bas"), untidy);
+    EXPECT_EQ(folder.read("b.bas"), tidy);
+    EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "b.bas", "bak"));
+    EXPECT_THAT(backups(), UnorderedElementsAre("a_bak.bas", "b_bak.bas"));
+}
+
+#ifndef _WIN32
+TEST_F(Backups, OnAFullDiskLeaveTheFileAlone) {
+    std::string large = "Sub a()\r\n";
+    while (large.size() < 200'000) large += "b\r\n";
+    folder.write("a.bas", large);
+    Surroundings full;
+    full.largestFile = 100'000;
+    const Outcome outcome = format({"--quiet", "--backup-dir", "bak", "a.bas"}, full);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "a.bas: not rewritten, its backup bak/a_bak.bas could not be saved: Disk full\n");
+    EXPECT_EQ(folder.read("a.bas"), large);
+    EXPECT_THAT(backups(), IsEmpty());
+}
+#endif
+
+TEST_F(Backups, NeverTakeThePlaceOfAModuleOfTheRun) {
+    const std::string other = "Attribute VB_Name = \"Other\"\r\n" + std::string(untidy);
+    folder.write("a.bas", untidy);
+    folder.write("a_bak.bas", other);
+    for (const char* jobs : {"1", "8"}) {
+        const Outcome outcome =
+            format({"--quiet", "--jobs", jobs, "--backup-dir", ".", "a.bas", "a_bak.bas"});
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "a.bas: not rewritten, its backup " + inFolder(".", "a_bak.bas") +
+                                   " could not be saved: that file is one of those to format\n");
+        EXPECT_EQ(folder.read("a.bas"), untidy);
+        EXPECT_EQ(folder.read("a_bak.bas"), "Attribute VB_Name = \"Other\"\r\n" + std::string(tidy));
+        folder.write("a_bak.bas", other);
+    }
+}
+
+} // namespace
+} // namespace corvelle::test

@@ -1,0 +1,102 @@
+// How a file is replaced: at once, as what it was, and not at all when anything goes wrong.
+#ifndef _WIN32
+
+#include "cli/format_fixture.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace corvelle::test {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::UnorderedElementsAre;
+
+class Writing : public FormatTest {
+  protected:
+    mode_t modeOf(const char* name) const {
+        struct stat status {};
+        EXPECT_EQ(stat((folder.path() / name).c_str(), &status), 0);
+        return status.st_mode & 07777;
+    }
+};
+
+TEST_F(Writing, KeepsPermissions) {
+    for (const mode_t mode : {0600, 0640, 0664, 0755}) {
+        chmod(folder.write("a.bas", untidy).c_str(), mode);
+        EXPECT_EQ(format({"a.bas"}).status, 0);
+        EXPECT_EQ(folder.read("a.bas"), tidy);
+        EXPECT_EQ(modeOf("a.bas"), mode);
+    }
+}
+
+TEST_F(Writing, LeavesALinkPointing) {
+    folder.write("real/a.bas", untidy);
+    fs::create_symlink("real/a.bas", folder.path() / "link.bas");
+    fs::create_symlink("link.bas", folder.path() / "link2.bas");
+    EXPECT_EQ(format({"link2.bas"}).status, 0);
+    EXPECT_EQ(fs::read_symlink(folder.path() / "link.bas"), "real/a.bas");
+    EXPECT_EQ(fs::read_symlink(folder.path() / "link2.bas"), "link.bas");
+    EXPECT_EQ(folder.read("real/a.bas"), tidy);
+    EXPECT_THAT(folder.names(), UnorderedElementsAre("real", "link.bas", "link2.bas"));
+}
+
+TEST_F(Writing, RefusesAReadOnlyFileWhoeverAsks) {
+    const auto path = folder.write("a.bas", untidy);
+    folder.write("b.bas", untidy);
+    chmod(path.c_str(), 0444);
+    const Outcome outcome = format({"a.bas", "b.bas"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "a.bas: Permission denied\n" + summary("b.bas", 5, 5) +
+                               "1 rewritten, 0 left unchanged, 0 refused, 1 failed\n");
+    EXPECT_EQ(folder.read("a.bas"), untidy);
+    EXPECT_EQ(folder.read("b.bas"), tidy);
+    EXPECT_EQ(modeOf("a.bas"), 0444U);
+    EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "b.bas"));
+}
+
+TEST_F(Writing, TakesAReadOnlyFileThatNeedsNoChange) {
+    chmod(folder.write("a.bas", tidy).c_str(), 0444);
+    EXPECT_EQ(format({"a.bas"}).status, 0);
+}
+
+TEST_F(Writing, RefusesAFileInAFolderThatTakesNoNewOnes) {
+    folder.write("d/a.bas", untidy);
+    chmod((folder.path() / "d").c_str(), 0555);
+    const bool rootWritesAll = access((folder.path() / "d").c_str(), W_OK) == 0;
+    const Outcome outcome = format({"d/a.bas"});
+    chmod((folder.path() / "d").c_str(), 0755);
+    if (rootWritesAll) GTEST_SKIP() << "this user may write everywhere";
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "d/a.bas: Permission denied\n");
+    EXPECT_EQ(folder.read("d/a.bas"), untidy);
+}
+
+TEST_F(Writing, LeavesTheOldFileOnAFullDisk) {
+    std::string large = "Sub a()\r\n";
+    while (large.size() < 200'000) large += "b\r\n";
+    large += "End Sub\r\n";
+    folder.write("a.bas", large);
+    folder.write("b.bas", untidy);
+    Surroundings full;
+    full.largestFile = 100'000;
+    const Outcome outcome = format({"a.bas", "b.bas"}, full);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_THAT(outcome.err, testing::HasSubstr("a.bas: Disk full\n"));
+    EXPECT_EQ(folder.read("a.bas"), large);
+    EXPECT_EQ(folder.read("b.bas"), tidy);
+    EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "b.bas"));
+}
+
+TEST_F(Writing, RefusesAFileThatIsNone) {
+    fs::create_directory(folder.path() / "d");
+    folder.write("a.vbp", "Module=M; d\r\n");
+    const Outcome outcome = format({"a.vbp"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "d: Path/File access error\n");
+}
+
+} // namespace
+} // namespace corvelle::test
+
+#endif

@@ -1,0 +1,279 @@
+#include "formatter/windows/wizard.h"
+#include "ui/frm_abt.h"
+
+namespace corvelle::formatter::test {
+namespace {
+
+using forms::answer::no;
+using forms::answer::ok;
+using forms::answer::yes;
+
+const char* const activateBox = "Corvelle|64|Activate a code module before activating this form.";
+
+using SelectionPage = Wizard;
+
+TEST_F(SelectionPage, IntroducesItself) {
+    showPage();
+    EXPECT_EQ(page().caption(), "Trellis [Stockroom]");
+    EXPECT_EQ(page().icon().name(), "formatter");
+    EXPECT_EQ(page().Image1.picture().name(), "page");
+    EXPECT_EQ(page().CmdNext.caption(), "&Next   >>");
+    EXPECT_EQ(page().cmdCancel.caption(), "&Cancel");
+    EXPECT_EQ(page().CmdAbt.caption(), "&About ..?");
+    EXPECT_EQ(page().cmdRef.caption(), "&Refresh");
+    EXPECT_EQ(page().Text1.helpContextID(), 1000);
+    EXPECT_EQ(
+        page().lblIntro.caption(),
+        "     This wizard will help you in compacting and beautifying your code module. You need to be "
+        "carefull while using this  wizard. You must save a backup copy of the  code with the help of this "
+        "wizard first so that you never suffer any code loss. This program is not 100% guaranteed. You may "
+        "cancel this wizard now.");
+}
+
+TEST_F(SelectionPage, KnowsTheHelpFileOnceLoaded) {
+    desktop.settings().save("Trellis", "Configurations", "Help File", "D:\\F.chm");
+    EXPECT_EQ(desktop.application.helpFile, "");
+    showPage();
+    EXPECT_EQ(desktop.application.helpFile, "D:\\F.chm");
+}
+
+TEST_F(SelectionPage, HasADefaultHelpFile) {
+    showPage();
+    EXPECT_EQ(desktop.application.helpFile, "Formatter Help.chm");
+}
+
+TEST_F(SelectionPage, ShowsTheActiveModule) {
+    showPage();
+    EXPECT_EQ(page().Text1.text(), " Account");
+    EXPECT_TRUE(page().CmdNext.enabled());
+    EXPECT_FALSE(desktop.type(page().Text1, "Other"));
+}
+
+TEST_F(SelectionPage, FollowsTheIdeWhenClickedRefreshedOrActivated) {
+    showPage();
+    const auto expectAfter = [&](const std::string& name, const std::function<void()>& action) {
+        ide->activate(ide->project->add(name, ide::ComponentType::ClassModule));
+        action();
+        EXPECT_EQ(page().Text1.text(), " " + name);
+    };
+    expectAfter("Clicked", [&] { desktop.click(page()); });
+    expectAfter("Refreshed", [&] { desktop.click(page().cmdRef); });
+    expectAfter("Activated", [&] {
+        const auto other = std::make_shared<FrmError>(desktop);
+        other->show();
+        desktop.activate(page());
+    });
+    ide->project->name = "Renamed";
+    desktop.click(page().cmdRef);
+    EXPECT_EQ(page().caption(), "Trellis [Renamed]");
+}
+
+TEST_F(SelectionPage, CannotProceedWithoutACodeWindow) {
+    ide->activate(nullptr);
+    desktop.answerNextBox(ok);
+    showPage();
+    EXPECT_EQ(lastBox(), activateBox);
+    EXPECT_FALSE(page().CmdNext.enabled());
+    EXPECT_FALSE(desktop.click(page().CmdNext));
+    EXPECT_EQ(desktop.boxes().size(), 1U); // closing the box activates nothing
+
+    ide->activate(module);
+    desktop.click(page());
+    EXPECT_TRUE(page().CmdNext.enabled());
+    ide->activate(nullptr);
+    desktop.answerNextBox(ok);
+    desktop.click(page().cmdRef);
+    EXPECT_FALSE(page().CmdNext.enabled());
+    EXPECT_EQ(page().Text1.text(), "");
+}
+
+TEST_F(SelectionPage, CannotProceedWithoutAProjectOrAnIde) {
+    ide->project.reset();
+    desktop.answerNextBox(ok);
+    showPage();
+    EXPECT_EQ(lastBox(), activateBox);
+    EXPECT_FALSE(page().CmdNext.enabled());
+    page().VBInstance.reset();
+    desktop.answerNextBox(ok);
+    desktop.click(page().cmdRef);
+    EXPECT_EQ(lastBox(), activateBox);
+}
+
+TEST_F(SelectionPage, WarnsOfUnsavedChanges) {
+    module->dirty = true;
+    desktop.answerNextBox(ok, [&] { EXPECT_EQ(page().Text1.text(), " Account"); });
+    showPage();
+    EXPECT_EQ(lastBox(),
+              "Save Module first..|64|Before running this Add-In it is advicable that you save the "
+              "Module:'Account./This will avoid you from code loss in case of a failure formatting.");
+    EXPECT_TRUE(page().CmdNext.enabled());
+    desktop.answerNextBox(ok);
+    desktop.click(page()); // and again, until the module is saved or formatted
+    module->dirty = false;
+    desktop.click(page());
+    EXPECT_EQ(desktop.boxes().size(), 2U);
+}
+
+TEST_F(SelectionPage, DoesNotWarnOfTheModuleThatWasJustFormatted) {
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.click(dialog.CmdAdd);
+        module->dirty = true;
+    });
+    desktop.click(page());
+    EXPECT_TRUE(desktop.boxes().empty());
+}
+
+// On to the dialog
+
+TEST_F(SelectionPage, HandsTheModuleOver) {
+    inDialog([&](FrmFormatter& dialog) {
+        EXPECT_EQ(dialog.FmtCodeModule, module->code);
+        EXPECT_EQ(dialog.FmtCodePane, ide->pane);
+        EXPECT_EQ(dialog.BackDir, "");
+        EXPECT_EQ(dialog.FrmCalled.lock(), manager->page);
+        EXPECT_EQ(dialog.icon(), page().icon());
+        EXPECT_FALSE(page().visible());
+        EXPECT_TRUE(page().isLoaded());
+    });
+    EXPECT_TRUE(page().visible());
+    EXPECT_EQ(desktop.modals(), (Lines{"FrmFormatter"}));
+}
+
+TEST_F(SelectionPage, AsksBeforeFormattingTheSameModuleAgain) {
+    inDialog([](FrmFormatter&) {});
+    desktop.answerNextBox(no);
+    EXPECT_TRUE(desktop.click(page().CmdNext));
+    EXPECT_EQ(lastBox(),
+              "Repeate formatting ..?|52|Please confirm that you wish to format /Module: Account which "
+              "was just formatted");
+    EXPECT_TRUE(page().visible());
+    EXPECT_EQ(page().formatter(), nullptr);
+    desktop.answerNextBox(yes);
+    inDialog([](FrmFormatter&) {});
+    EXPECT_EQ(desktop.modals().size(), 2U);
+}
+
+TEST_F(SelectionPage, AsksMoreWhenTheModuleWasNotSavedAfterFormatting) {
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.click(dialog.CmdAdd);
+        module->dirty = true;
+    });
+    desktop.answerNextBox(no);
+    desktop.click(page().CmdNext);
+    EXPECT_EQ(lastBox(),
+              "Repeate formatting ..?|52|Please confirm that you wish to format /Module: Account which "
+              "was just formatted/Also you have not saved the module after  formatting. /It is not a "
+              "good idea to proceed at these circumstances.");
+}
+
+TEST_F(SelectionPage, AsksNothingBeforeFormattingAnotherModule) {
+    inDialog([](FrmFormatter&) {});
+    openModule("Other", sample());
+    inDialog([](FrmFormatter&) {});
+    ide->activate(ide->project->components[0]);
+    desktop.click(page());
+    inDialog([](FrmFormatter&) {}); // only the last one counts
+    EXPECT_TRUE(desktop.boxes().empty());
+}
+
+TEST_F(SelectionPage, OnePressOfNextOpensOneDialog) {
+    inDialog([&](FrmFormatter&) {
+        page().show(); // the menu command again
+        desktop.click(page().CmdNext);
+        EXPECT_EQ(desktop.modals().size(), 1U);
+    });
+}
+
+// About, closing
+
+TEST_F(SelectionPage, ShowsTheAboutBox) {
+    showPage();
+    desktop.inNextModal([&](forms::Form& form) {
+        auto& box = dynamic_cast<ui::frmAbt&>(form);
+        EXPECT_EQ(box.LblWarn.caption(), " Warning: Author can not be held responsible for any code loss."
+                                         " Keep backups ready. Program under beta testing.");
+        EXPECT_EQ(box.LblWarn.backColor(), 0x800080U);
+        EXPECT_EQ(box.LblWarn.foreColor(), 0xFFFFFFU);
+        EXPECT_TRUE(box.LblWarn.visible());
+        EXPECT_EQ(box.Img.picture().name(), "page");
+        desktop.click(box);
+    });
+    EXPECT_TRUE(desktop.click(page().CmdAbt));
+    EXPECT_EQ(desktop.modals(), (Lines{"frmAbt"}));
+}
+
+TEST_F(SelectionPage, CancelHidesTheAddIn) {
+    showPage();
+    const std::weak_ptr<frmMain> shown = manager->page;
+    EXPECT_TRUE(desktop.click(page().cmdCancel));
+    EXPECT_GE(manager->hides, 1);
+    EXPECT_TRUE(shown.expired());
+    EXPECT_TRUE(desktop.windows().empty());
+}
+
+TEST_F(SelectionPage, TheCloseBoxAndEscapeHideTheAddIn) {
+    showPage();
+    EXPECT_TRUE(desktop.close(page()));
+    EXPECT_GE(manager->hides, 1);
+    EXPECT_EQ(manager->page, nullptr);
+    showPage();
+    EXPECT_TRUE(desktop.pressEscape(page()));
+    EXPECT_EQ(manager->page, nullptr);
+}
+
+TEST_F(SelectionPage, CloseNotifyHidesTheAddInWithoutADialogToo) {
+    showPage();
+    page().CloseNotify();
+    EXPECT_GE(manager->hides, 1);
+    EXPECT_EQ(manager->page, nullptr);
+}
+
+TEST_F(SelectionPage, ClosesWithoutAConnectObject) {
+    showPage();
+    const auto shown = std::exchange(manager->page, nullptr);
+    manager.reset();
+    desktop.click(shown->cmdCancel);
+    EXPECT_FALSE(shown->isLoaded());
+    shown->show();
+    desktop.close(*shown);
+    EXPECT_FALSE(shown->isLoaded());
+    manager = std::make_shared<FakeManager>();
+}
+
+TEST_F(SelectionPage, ComesBackFreshAfterItWasClosed) {
+    showPage();
+    const auto shown = manager->page;
+    desktop.click(page().cmdCancel);
+    manager->page = shown;
+    inDialog([](FrmFormatter&) {});
+    EXPECT_TRUE(page().visible());
+}
+
+// Layout
+
+TEST_F(SelectionPage, ControlsKeepClearOfEachOther) {
+    showPage();
+    const auto& controls = page().controls();
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        const auto& a = controls[i]->bounds();
+        SCOPED_TRACE(controls[i]->name());
+        EXPECT_GT(a.width, 0);
+        EXPECT_GT(a.height, 0);
+        EXPECT_LE(a.left + a.width, page().size().width);
+        EXPECT_LE(a.top + a.height, page().size().height);
+        for (std::size_t j = 0; j < i; ++j) {
+            const auto& b = controls[j]->bounds();
+            EXPECT_FALSE(a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
+                         b.top < a.top + a.height)
+                << "over " << controls[j]->name();
+        }
+    }
+    const auto& intro = page().lblIntro;
+    const int lines = static_cast<int>(intro.caption().size()) * 90 / intro.bounds().width + 1;
+    EXPECT_LE((lines + 1) * 195, intro.bounds().height);
+}
+
+} // namespace
+} // namespace corvelle::formatter::test
