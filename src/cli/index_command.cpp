@@ -18,8 +18,10 @@
 #include "indexer/text_entries.h"
 
 #include <algorithm>
+#include <exception>
 #include <iostream>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace corvelle::cli {
@@ -172,10 +174,26 @@ class IndexRun {
                             std::string(output.option) + ": " + output.path + " is a module of the project");
             taken.push_back(output);
         }
+        if (settings_.moduleFile && indexer::fileExists(*settings_.moduleFile) && !holdsTheModule()) {
+            return stop(exitFailed, "--module-file: " + *settings_.moduleFile + " is no module named " +
+                                        *settings_.module + "; it is not written over");
+        }
         if (settings_.text && indexer::fileExists(*settings_.text) &&
             !base::openToRead(base::pathOf(*settings_.text)).isOpen())
             return stop(exitFailed, *settings_.text + ": its texts cannot be read");
         return true;
+    }
+
+    // Another project may have code in a file that is no part of this one.
+    bool holdsTheModule() const {
+        try {
+            auto bytes = base::readFile(base::pathOf(*settings_.moduleFile));
+            if (bytes.empty()) return true;
+            const workspace::ModuleFile file(std::move(bytes), ide::ComponentType::StdModule);
+            return base::equalIgnoringCase(file.name(), base::trimSpaces(*settings_.module));
+        } catch (const std::exception&) {
+            return false;
+        }
     }
 
     // The component whose file that is, if any.

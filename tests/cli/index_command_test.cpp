@@ -257,6 +257,21 @@ TEST_F(IndexCommand, WritesOverNoFileThatItReadsAndNoneTwice) {
     EXPECT_EQ(folder.read("frmMain.frm"), form);
 }
 
+TEST_F(IndexCommand, WritesOverNoOtherProjectsModule) {
+    const std::string other = "Attribute VB_Name = \"modText\"\r\nOption Explicit\r\n";
+    folder.write("shared.bas", other);
+    folder.write("notes.txt", "Notes\r\n");
+    expectRefused(files + "--module modHelp --module-file shared.bas", 2,
+                  "shared.bas is no module named modHelp");
+    expectRefused(files + "--module modHelp --module-file notes.txt", 2,
+                  "notes.txt is no module named modHelp");
+    EXPECT_EQ(folder.read("shared.bas"), other);
+    // What an earlier run has left is replaced.
+    folder.write("o/modHelp.bas", "Attribute VB_Name = \"MODHELP\"\r\nold\r\n");
+    EXPECT_EQ(run(files + module).status, 0);
+    EXPECT_THAT(folder.read("o/modHelp.bas"), Not(HasSubstr("old")));
+}
+
 TEST_F(IndexCommand, WritesNothingWhenADesignerCannotBeRead) {
     const auto withMember = [&](const std::string& line) { folder.write("p.vbp", project + line + "\r\n"); };
     const auto expectFailed = [&](const std::string& words) {
