@@ -105,7 +105,7 @@ TEST_F(Patches, FindFilesOfAnyName) {
 TEST_F(Patches, ApplyToModulesDrawnAtRandom) {
     std::mt19937 random(20);
     const char* const lines[] = {"a\n", "a\n", "a\n", "a\n", "b\r\n", " c\n", "\n", "' d\n"};
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 30; ++round) {
         std::string module;
         for (auto count = random() % 60; count > 0; --count) module += lines[random() % 8];
         if (random() % 2 == 0) module += "end";

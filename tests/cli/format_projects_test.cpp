@@ -35,10 +35,10 @@ struct Result {
 void writeManyModules(const TemporaryFolder& folder) {
     std::mt19937 random(1);
     std::string projects[2];
-    for (int i = 0; i < 120; ++i) {
+    for (int i = 0; i < 60; ++i) {
         std::string name = std::to_string(i);
         name += ".bas";
-        std::string module = "Attribute VB_Name = \"M" + std::to_string(i % 50) + "\"\r\nSub a()\r\n";
+        std::string module = "Attribute VB_Name = \"M" + std::to_string(i % 25) + "\"\r\nSub a()\r\n";
         for (auto lines = random() % 400; lines > 0; --lines) module += "\tx = y ' note\r\n";
         switch (i % 7) {
         case 0:

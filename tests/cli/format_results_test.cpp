@@ -239,8 +239,8 @@ TEST_F(Results, OfStandardInputGoNowhereWhenTheirReaderIsGone) {
 
 TEST_F(Results, NeverGoIntoAModuleInPlaceOfAStandardStream) {
     // A file that is opened takes the number of the stream that is missing.
-    std::vector<std::string> names;
-    for (int i = 0; i < 40; ++i) names.push_back(std::to_string(i) + ".bas");
+    std::vector<std::string> names(40);
+    for (std::size_t i = 0; i < names.size(); ++i) names[i] = std::to_string(i) + ".bas";
     for (const std::string& name : names) folder.write(name, untidy);
     Surroundings closed;
     closed.closed = {0, 1, 2};

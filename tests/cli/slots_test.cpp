@@ -15,7 +15,9 @@ TEST(Slots, LetNoMoreWorkersInThanThereAre) {
     std::atomic<int> most = 0;
     std::atomic<int> done = 0;
     std::vector<std::thread> workers;
-    for (int i = 0; i < 20; ++i) {
+    constexpr int count = 20;
+    workers.reserve(count);
+    for (int i = 0; i < count; ++i) {
         workers.emplace_back([&] {
             slots.use([&] {
                 const int now = ++inside;
@@ -29,7 +31,7 @@ TEST(Slots, LetNoMoreWorkersInThanThereAre) {
         });
     }
     for (std::thread& worker : workers) worker.join();
-    EXPECT_EQ(done, 20);
+    EXPECT_EQ(done, count);
     EXPECT_LE(most, 3);
 }
 

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+#include <windows.h>
+
+namespace corvelle::formatter::tests {
+
+/// A user in front of the screen: sees the windows of one thread by their texts and works them by messages,
+/// from another thread. What is not there within a few seconds throws std::runtime_error.
+class User {
+  public:
+    explicit User(DWORD thread) : thread_(thread) {}
+
+    /// The window that shows such a button and takes input.
+    HWND windowWith(const std::string& button) const;
+    /// The window with that title.
+    HWND windowTitled(const std::string& title) const;
+    /// The message box or system dialog with that title.
+    HWND box(const std::string& title) const;
+    bool sees(const std::string& button) const { return findWindowWith(button) != nullptr; }
+    bool seesBox(const std::string& title) const { return findBox(title) != nullptr; }
+
+    /// The visible control of the class with the text.
+    static HWND control(HWND window, const std::string& className, const std::string& text);
+    /// The visible controls of a class, in tab order.
+    static std::vector<HWND> controls(HWND window, const std::string& className);
+    static std::string text(HWND window);
+    /// The entries of a list box.
+    static std::vector<std::string> entries(HWND list);
+    static bool isEnabled(HWND window, const std::string& button);
+    static bool isChecked(HWND window, const std::string& checkBox);
+
+    /// Presses a button or check box, which must take input.
+    static void click(HWND window, const std::string& button);
+    static void press(HWND control, int keyCode);
+    /// The close box.
+    static void close(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
+    /// Answers a message box, whose text is given back.
+    std::string answer(const std::string& title, int button) const;
+    /// Waits until a control of the class shows the text.
+    static void waitForText(HWND window, const std::string& className, const std::string& text);
+    static void waitUntil(const std::string& what, const std::function<bool()>& isSo);
+
+  private:
+    HWND findWindowWith(const std::string& button) const;
+    HWND findBox(const std::string& title) const;
+
+    DWORD thread_;
+};
+
+} // namespace corvelle::formatter::tests

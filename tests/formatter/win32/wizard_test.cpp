@@ -1,0 +1,194 @@
+#include "formatter/win32/wizard_on_screen.h"
+
+namespace corvelle::formatter::tests {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr const char* noEmpty = "Remove all empty lines [Lines which have only space]";
+constexpr const char* noComments = "Remove all Lines which have Only &Comments";
+constexpr const char* noTrailing = "Remove all trailing Comments from code lines";
+constexpr const char* succeeded = "Formatting completed successfully...";
+constexpr const char* question = "You have not added the formatted code to the code module..!\n"
+                                 "Sure you wish to exit ?";
+
+std::string resultsOf(std::size_t before, std::size_t after) {
+    return "      Module contains " + std::to_string(before) +
+           " Lines | Formatted code contains:  " + std::to_string(after) + " Lines";
+}
+
+std::string asFile(const Lines& lines) {
+    std::string bytes;
+    for (const std::string& line : lines) bytes += line + "\r\n";
+    return bytes;
+}
+
+/// Keeps the structural errors.
+class ErrorList : public PassObserver {
+  public:
+    Lines errors;
+    void addError(const StructuralError& error) override { errors.push_back(error.text()); }
+};
+
+// What a run with the dialog's own options lists.
+Lines errorsIn(const Lines& lines) {
+    ErrorList observer;
+    Engine engine(observer);
+    engine.options.bNoEmpty = 1;
+    engine.ResetAll();
+    engine.beginCleaning(lines.size());
+    for (const std::string& line : lines) engine.cleanLine(line);
+    engine.VB_Format(engine.lineBuffer().maxIndx());
+    return observer.errors;
+}
+
+// Saves a backup through the system's dialog.
+void saveBackup(const User& user, HWND dialog, const std::string& path) {
+    constexpr int nameField = 0x47C;
+    User::click(dialog, "&Select ...");
+    const HWND save = user.box("Save As");
+    User::waitUntil("the proposed name", [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
+    Sleep(200); // it fills itself first
+    EXPECT_NE(std::string::npos, User::text(GetDlgItem(save, nameField)).find("modText_bak"));
+    SendDlgItemMessageA(save, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    PostMessageA(save, WM_COMMAND, IDOK, 0);
+    User::waitUntil("the save dialog to go", [&] {
+        const HWND asks = user.sees("&Format Code") ? nullptr : GetLastActivePopup(save);
+        if (asks != nullptr && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+        return !IsWindow(save);
+    });
+}
+
+TEST_F(WizardOnScreen, FormatsAModuleFromThePageToTheCodeAndBack) {
+    activate("modText");
+    const Lines before = code();
+    FormatOptions options;
+    options.bNoCmntLn = 1;
+    options.mTab = 4;
+    const Lines expected = formatted(before, options);
+    const std::string backup = (folder.path() / "saved.bas").string();
+
+    letUserWork([&](const User& user) {
+        const HWND page = user.windowWith("&Next   >>");
+        EXPECT_EQ("Trellis [Stockroom]", User::text(page));
+        EXPECT_EQ(" modText", User::text(User::controls(page, "Edit").at(0)));
+
+        const HWND dialog = openDialog(user);
+        EXPECT_FALSE(IsWindowVisible(page));
+        EXPECT_EQ("Trellis [Stockroom]", User::text(dialog));
+        for (const char* caption : {"&Select ...", "&Format Code", "&Add to Module", "<< Go &Back", "&Close",
+                                    "&Help", "Formatting Options", "Processing Results", noTrailing}) {
+            User::waitForText(dialog, "Button", caption);
+        }
+        for (const char* caption : {"modText", "Tab Width:", " No Process", "       No Results.."}) {
+            User::waitForText(dialog, "Static", caption);
+        }
+        EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
+
+        EXPECT_TRUE(User::isChecked(dialog, noEmpty));
+        User::click(dialog, noEmpty);
+        User::waitUntil("no tick", [&] { return !User::isChecked(dialog, noEmpty); });
+        User::click(dialog, noComments);
+        User::waitUntil("a tick", [&] { return User::isChecked(dialog, noComments); });
+        const HWND lblTab = User::control(dialog, "Static", "2");
+        const HWND slider = User::controls(dialog, "msctls_trackbar32").at(0);
+        User::press(slider, VK_RIGHT);
+        User::press(slider, VK_RIGHT);
+        User::waitUntil("the tab width", [&] { return User::text(lblTab) == "4"; });
+
+        User::click(dialog, "&Format Code");
+        User::waitForText(dialog, "Edit", status(succeeded));
+        User::waitForText(dialog, "Static", resultsOf(before.size(), expected.size()));
+        EXPECT_TRUE(User::isEnabled(dialog, "&Add to Module"));
+
+        saveBackup(user, dialog, backup);
+        User::waitForText(dialog, "Edit", status("File--> " + backup + " was saved successfully.."));
+        User::waitForText(dialog, "Edit", backup);
+        EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
+
+        User::click(dialog, "&Format Code");
+        User::waitForText(dialog, "Edit", status(succeeded));
+        User::click(dialog, "&Add to Module");
+        User::waitForText(dialog, "Edit", status("Formatted code written to the code module.."));
+        EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
+
+        User::click(dialog, "<< Go &Back");
+        EXPECT_EQ(page, user.windowWith("&Next   >>"));
+        EXPECT_FALSE(IsWindow(dialog));
+        EXPECT_FALSE(user.seesBox("Add code ..?"));
+    });
+    EXPECT_EQ(asFile(before), folder.read("saved.bas"));
+    EXPECT_EQ(expected, code());
+    ASSERT_TRUE(manager->page);
+    EXPECT_EQ(folder.path().string() + "\\", manager->page->backupDir());
+    EXPECT_EQ(0, manager->hides);
+}
+
+TEST_F(WizardOnScreen, AsksBeforeFormattedCodeIsLost) {
+    activate("modText");
+    const Lines before = code();
+    letUserWork([&](const User& user) {
+        const HWND page = user.windowWith("&Next   >>");
+        HWND dialog = openDialog(user);
+        User::click(dialog, "<< Go &Back"); // nothing is lost: no question
+        EXPECT_EQ(page, user.windowWith("&Next   >>"));
+
+        User::click(page, "&Next   >>");
+        EXPECT_EQ("Please confirm that you wish to format \nModule: modText which was just formatted",
+                  user.answer("Repeate formatting ..?", IDYES));
+        dialog = user.windowWith("&Format Code");
+        User::click(dialog, "&Format Code");
+        User::waitForText(dialog, "Edit", status(succeeded));
+        User::close(dialog);
+        EXPECT_EQ(question, user.answer("Add code ..?", IDNO));
+        EXPECT_EQ(dialog, user.windowWith("&Format Code"));
+        User::close(dialog);
+        EXPECT_EQ(question, user.answer("Add code ..?", IDYES));
+        EXPECT_EQ(page, user.windowWith("&Next   >>"));
+        EXPECT_FALSE(IsWindow(dialog));
+    });
+    EXPECT_EQ(before, code());
+}
+
+TEST_F(WizardOnScreen, CloseClosesTheWholeWizard) {
+    activate("modText");
+    letUserWork([&](const User& user) {
+        const HWND page = user.windowWith("&Next   >>");
+        const HWND dialog = openDialog(user);
+        User::click(dialog, "&Close");
+        User::waitUntil("both windows to go", [&] { return !IsWindow(dialog) && !IsWindow(page); });
+    });
+    EXPECT_GE(manager->hides, 1);
+    EXPECT_FALSE(manager->page);
+}
+
+TEST_F(WizardOnScreen, ListsTheStructuralErrors) {
+    activate("COrder");
+    const Lines before = code();
+    const Lines expected = errorsIn(before);
+    ASSERT_FALSE(expected.empty());
+    letUserWork([&](const User& user) {
+        const HWND dialog = openDialog(user);
+        User::click(dialog, "&Format Code");
+        const HWND list = user.windowTitled("Formatting Errors");
+        EXPECT_FALSE(IsWindowEnabled(dialog));
+        const Lines errors = User::entries(User::controls(list, "ListBox").at(0));
+        const std::string count = std::to_string(errors.size());
+        EXPECT_EQ(expected, errors);
+        User::waitForText(list, "Static", "Total " + count + " errors detected..");
+        User::waitForText(dialog, "Edit",
+                          status("Formatting was not successful." + count + " errors detected.."));
+        User::click(list, "&Close");
+        EXPECT_EQ(dialog, user.windowWith("&Format Code"));
+        EXPECT_FALSE(User::isEnabled(dialog, "&Add to Module"));
+        User::click(dialog, "<< Go &Back");
+        user.answer("Add code ..?", IDYES);
+        user.windowWith("&Next   >>");
+    });
+    EXPECT_EQ(before, code());
+}
+
+} // namespace
+
+} // namespace corvelle::formatter::tests
