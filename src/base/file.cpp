@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <utility>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -46,6 +47,13 @@ bool isReadOnly(const std::filesystem::path& path) {
     return std::filesystem::is_regular_file(status) && (status.permissions() & anyWrite) == perms::none;
 }
 
+FileDescriptor openOutput(const std::filesystem::path& path) {
+    if (isReadOnly(path)) throw FileError(ErrorNumber::PathFileAccessError);
+    FileDescriptor file = openToTruncate(path);
+    if (!file.isOpen()) throw fileErrorOfErrno(path);
+    return file;
+}
+
 } // namespace
 
 std::string readFile(const std::filesystem::path& path, FileStamp* stamp) {
@@ -79,11 +87,26 @@ void FileWriter::writeSlowly(std::string_view bytes) {
     if (!writeAll(file_, bytes.data(), bytes.size())) throw fileErrorOfErrno(path_);
 }
 
+OutputFile::OutputFile(std::filesystem::path path)
+    : path_(std::move(path)), file_(openOutput(path_)), writer_(file_.number(), path_) {}
+
+OutputFile::~OutputFile() {
+    if (!file_.isOpen()) return;
+    try {
+        writer_.flush();
+    } catch (const FileError&) {
+        // Whoever wants to know calls close.
+    }
+}
+
+void OutputFile::close() {
+    writer_.flush();
+    if (!file_.close()) throw fileErrorOfErrno(path_);
+}
+
 void writeFile(const std::filesystem::path& path, std::string_view bytes) {
-    if (isReadOnly(path)) throw FileError(ErrorNumber::PathFileAccessError);
-    FileDescriptor file = openToTruncate(path);
-    if (!file.isOpen() || !writeAll(file.number(), bytes.data(), bytes.size()) || !file.close())
-        throw fileErrorOfErrno(path);
+    FileDescriptor file = openOutput(path);
+    if (!writeAll(file.number(), bytes.data(), bytes.size()) || !file.close()) throw fileErrorOfErrno(path);
 }
 
 } // namespace corvelle::base

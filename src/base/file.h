@@ -57,6 +57,25 @@ class FileWriter {
 void replaceFile(const std::filesystem::path& path, const std::function<void(FileWriter&)>& write,
                  const std::optional<FileStamp>& stamp = std::nullopt);
 
+/// A file that is written from its start: created, or truncated, by the constructor. A file without any write
+/// permission is refused (75), whoever asks. What has been written reaches the file at the latest at the end
+/// of the object's life; only `close` tells whether it did.
+class OutputFile {
+  public:
+    explicit OutputFile(std::filesystem::path path);
+    ~OutputFile();
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+
+    void write(std::string_view bytes) { writer_.write(bytes); }
+    void close();
+
+  private:
+    std::filesystem::path path_;
+    FileDescriptor file_;
+    FileWriter writer_;
+};
+
 /// Writes the bytes into the file, which is created or truncated. A file without any write permission is
 /// refused (75), whoever asks.
 void writeFile(const std::filesystem::path& path, std::string_view bytes);

@@ -1,9 +1,11 @@
 #include "cli/command_line.h"
 
 #include "cli/format_command.h"
+#include "cli/index_command.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <exception>
 #include <iostream>
@@ -105,16 +107,75 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
     });
 }
 
+// Comma-separated words of a table.
+CLI::Validator wordsOf(const std::array<OptionWord, 6>& words) {
+    const auto check = [&words](std::string& list) -> std::string {
+        indexer::IndexOptions ignored;
+        const auto unknown = checkBoxes(list, words, ignored);
+        if (!unknown) return {};
+        std::string known;
+        for (const auto& word : words) known.append(known.empty() ? "" : ", ").append(word.word);
+        return "\"" + *unknown + "\" is none of " + known;
+    };
+    return CLI::Validator(check, "");
+}
+
+void addIndex(CLI::App& app, IndexSettings& settings) {
+    CLI::App& index = *app.add_subcommand("index", "Give the controls of a project help context IDs");
+    index.footer(
+        "PROJECT.vbp is a project file; its designers and their controls are read from the disk.\n\n"
+        "Exit status: 0 done; 1 something must be looked at (an invalid module name, a mapping module that\n"
+        "would be too long); 2 wrong usage, or a file that could not be read or written.");
+    const auto option = [&index](const char* name, auto& value, const char* text, const char* description) {
+        return index.add_option(name, value, description)
+            ->take_last()
+            ->option_text(text)
+            ->transform(asGiven());
+    };
+    index.add_option("PROJECT.vbp", settings.project, "The project to index")
+        ->required()
+        ->option_text(" ")
+        ->transform(asGiven());
+    option("--header", settings.header, "FILE", "The header file (.h); required")->required();
+    option("--config", settings.config, "FILE", "The configuration file (.hcnf); required")->required();
+    option("--components", settings.components, "LIST",
+           "Comma-separated: forms,mdi,designers,docs,pages,controls; default: by the project's type")
+        ->check(wordsOf(componentWords));
+    option("--exclude", settings.exclude, "LIST",
+           "Comma-separated: labels,frames,shapes,menus,lines,toolbars; default: none")
+        ->check(wordsOf(exclusionWords));
+    option("--exclude-list", settings.excludeList, "FILE", "A file with the control classes to leave out");
+    option("--module", settings.module, "NAME", "Add a module of that name with all the mappings");
+    option("--module-file", settings.moduleFile, "FILE", "Its file; needed with --module");
+    index.add_flag("--replace-module", settings.replaceModule,
+                   "Replace the project's module of that name and file, if it has one");
+    index.add_flag("--autoload", settings.autoload,
+                   "Create a procedure for each designer that assigns the numbers; needs --module");
+    option("--text", settings.text, "FILE",
+           "Write the text pop-up file; the texts that it holds already are kept");
+    option("--default-text", settings.defaultText, "TEXT", "The default topic's text, with --text");
+    option("--report", settings.report, "FILE", "Save the report (.log)");
+    option("--project-file", settings.projectFile, "FILE", "Save the indexer project (.icp)");
+    index.callback([&settings] {
+        const auto wrong = wrongUsage(settings);
+        if (!wrong.empty()) throw CLI::ParseError(wrong, CLI::ExitCodes::ValidationError);
+    });
+}
+
 } // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
-    CLI::App app("The code formatter for Visual Basic 6 projects, without the IDE", "corvelle");
+    CLI::App app(
+        "The code formatter and the help context ID indexer for Visual Basic 6 projects, without the IDE",
+        "corvelle");
     app.allow_windows_style_options(false); // what begins with a slash is a path there too
     app.set_version_flag("--version", "corvelle " CORVELLE_VERSION);
     app.require_subcommand(0, 1);
     FormatSettings settings;
     settings.jobs = std::clamp(std::thread::hardware_concurrency(), 1U, mostJobs);
     addFormat(app, settings);
+    IndexSettings indexSettings;
+    addIndex(app, indexSettings);
     try {
         app.parse(argumentsLastFirst(argc, argv));
         if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
@@ -127,7 +188,7 @@ int runCommandLine(int argc, const char* const* argv) {
         app.exit(error);
         return exitFailed;
     }
-    return runFormat(settings);
+    return app.got_subcommand("index") ? runIndex(indexSettings) : runFormat(settings);
 }
 
 } // namespace corvelle::cli

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/exit_status.h"
 #include "formatter/engine.h"
 
 #include <optional>
@@ -24,8 +25,5 @@ struct FormatSettings {
     bool writesFiles() const { return !check && !diff && !toStandardOutput; }
     bool removesComments() const { return options.bNoCmntLn == 1 || options.bNoAllCmnt == 1; }
 };
-
-/// Exit statuses; the largest one that applies is the program's.
-enum ExitStatus : int { exitDone = 0, exitLookAt = 1, exitFailed = 2 };
 
 } // namespace corvelle::cli

@@ -1,8 +1,12 @@
 #include "ide/workspace/component.h"
 
 #include "base/path_text.h"
+#include "base/text.h"
+#include "ide/workspace/line_text.h"
 #include "ide/workspace/part_of.h"
+#include "ide/workspace/project.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvelle::workspace {
@@ -18,7 +22,23 @@ std::string nameOf(const ModuleFile& file, std::string_view lineName, const std:
     return file.name().empty() ? base::textOf(path.stem()) : file.name();
 }
 
+bool hasDesignerType(ide::ComponentType type) {
+    return type != ide::ComponentType::StdModule && type != ide::ComponentType::ClassModule;
+}
+
+// The IDE's rule for names of modules.
+bool isComponentName(std::string_view name) {
+    constexpr std::size_t longest = 40;
+    if (name.empty() || name.size() > longest || name[0] == '_' || (name[0] >= '0' && name[0] <= '9'))
+        return false;
+    return std::all_of(name.begin(), name.end(), isNameCharacter);
+}
+
 } // namespace
+
+Component::Component(std::weak_ptr<void> whole, Project& project, std::string name)
+    : whole_(std::move(whole)), project_(&project), name_(std::move(name)),
+      module_(ModuleFile({}, ide::ComponentType::StdModule)), dirty_(true) {}
 
 Component::Component(std::weak_ptr<void> whole, std::filesystem::path path, std::string_view lineName,
                      ModuleFile file, const base::FileStamp& stamp)
@@ -40,6 +60,7 @@ std::string Component::FileNames(std::int32_t index) {
 
 void Component::Save() {
     if (!dirty_) return;
+    if (isNew()) throw RunTimeError(ErrorNumber::BadFileNameOrNumber);
     const std::string bytes = module_.bytes();
     if (written_ || bytes != module_.file().bytes()) {
         base::replaceFile(
@@ -50,27 +71,37 @@ void Component::Save() {
     dirty_ = false;
 }
 
-void Component::setName(std::string_view) {
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
-}
-
 std::shared_ptr<ide::VBForm> Component::Designer() {
-    // What has no designer need not be supported.
-    const auto type = Type();
-    if (type == ide::ComponentType::StdModule || type == ide::ComponentType::ClassModule) return nullptr;
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
+    if (!file().hasDesigner() || !hasDesignerType(Type())) return nullptr;
+    return partOf<ide::VBForm>(whole_, form_);
 }
 
 std::shared_ptr<ide::Window> Component::DesignerWindow() {
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
+    if (!hasDesignerType(Type())) return nullptr;
+    return partOf<ide::Window>(whole_, form_);
 }
 
-void Component::Activate() {
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
+void Component::setName(std::string_view name) {
+    if (!isNew()) throw RunTimeError(ErrorNumber::MemberNotSupported);
+    if (!isComponentName(name)) throw RunTimeError(ErrorNumber::InvalidPropertyValue);
+    if (project_->hasName(name, *this)) {
+        constexpr std::int32_t nameConflict = 32813;
+        throw RunTimeError(nameConflict, "Name conflicts with existing module, project, or object library");
+    }
+    name_ = name;
 }
 
-void Component::SaveAs(std::string_view) {
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
+void Component::SaveAs(std::string_view fileName) {
+    if (!isNew()) throw RunTimeError(ErrorNumber::MemberNotSupported);
+    const auto path = base::pathOf(fileName);
+    auto bytes = "Attribute VB_Name = \"" + name_ + "\"\r\n" + module_.bytes();
+    base::replaceFile(path, [&](base::FileWriter& writer) { writer.write(bytes); });
+    project_->enter(name_, path);
+    path_ = path;
+    module_ = EditedModule(ModuleFile(std::move(bytes), Type()));
+    base::stampOf(path_, stamp_);
+    dirty_ = false;
+    project_ = nullptr;
 }
 
 std::shared_ptr<ide::VBComponent> Component::Code::Parent() {
@@ -118,6 +149,41 @@ void Component::Code::InsertLines(std::int32_t line, std::string_view text) {
         text.remove_prefix(end + 1);
     }
     component_.dirty_ = true;
+}
+
+std::shared_ptr<ide::VBControls> Component::Form::VBControls() {
+    return partOf<ide::VBControls>(component_.whole_, *this);
+}
+
+std::int32_t Component::Form::Count() {
+    return static_cast<std::int32_t>(component_.file().controlCount());
+}
+
+std::shared_ptr<ide::VBControl> Component::Form::Item(std::int32_t index) {
+    if (index < 1 || index > Count()) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    if (controls_.empty()) {
+        const auto count = component_.file().controlCount();
+        controls_.reserve(count);
+        for (std::uint32_t i = 0; i < count; ++i) controls_.emplace_back(component_, i);
+    }
+    return partOf<ide::VBControl>(component_.whole_, controls_[static_cast<std::size_t>(index - 1)]);
+}
+
+std::string Component::Control::ClassName() {
+    return std::string(component_.file().controlClass(index_));
+}
+
+std::shared_ptr<ide::Properties> Component::Control::Properties() {
+    return partOf<ide::Properties>(component_.whole_, *this);
+}
+
+std::shared_ptr<ide::Property> Component::Control::Item(std::string_view name) {
+    if (!base::equalIgnoringCase(name, "Name")) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    return partOf<ide::Property>(component_.whole_, *this);
+}
+
+std::string Component::Control::Value() {
+    return std::string(component_.file().controlName(index_));
 }
 
 } // namespace corvelle::workspace

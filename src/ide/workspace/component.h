@@ -10,13 +10,19 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvelle::workspace {
+
+class Project;
 
 /// A component of a project on disk: a module's file and the edits that are not saved yet.
 class Component : public ide::VBComponent {
   public:
-    /// `whole` is what a pointer to the component keeps alive. The line's name is the one in the project
+    /// A new, empty module, which enters the project's file when it is saved. `whole` is what a pointer to
+    /// the component keeps alive.
+    Component(std::weak_ptr<void> whole, Project& project, std::string name);
+    /// The line's name is the one in the project
     /// file, empty where it has none; the stamp is the file's at its reading.
     Component(std::weak_ptr<void> whole, std::filesystem::path path, std::string_view lineName,
               ModuleFile file, const base::FileStamp& stamp);
@@ -29,18 +35,29 @@ class Component : public ide::VBComponent {
     std::shared_ptr<ide::CodePane> CodePane();
     /// The path of its only file, 1. Throws RunTimeError 9 for another number.
     std::string FileNames(std::int32_t index);
+    /// Whether it is new and not saved yet.
+    bool isNew() const { return project_ != nullptr; }
     /// Writes the changes into the file, if there are any. Throws base::FileError, also when somebody else
     /// has changed the file meanwhile; the changes are then still unsaved.
     void Save();
 
-    /// What the embedded IDE does not do throws RunTimeError 438.
-    void setName(std::string_view name) override;
+    /// The controls as the file has them; Nothing where it has no designer section.
     std::shared_ptr<ide::VBForm> Designer() override;
+    /// A window that nobody sees; Nothing for a module or class.
     std::shared_ptr<ide::Window> DesignerWindow() override;
-    void Activate() override;
+    /// There is nothing to open.
+    void Activate() override {}
+
+    /// For a new module only, until it is saved; any other throws RunTimeError 438. Throws 380 for what is no
+    /// name, 32813 for one that is taken.
+    void setName(std::string_view name) override;
+    /// The same. The file is created or replaced, then the project's file gets its line, at once each. Throws
+    /// base::FileError.
     void SaveAs(std::string_view fileName) override;
 
     const std::filesystem::path& path() const { return path_; }
+    /// The file's stamp at its last reading or writing.
+    const base::FileStamp& stamp() const { return stamp_; }
     const ModuleFile& file() const { return module_.file(); }
 
   private:
@@ -64,6 +81,36 @@ class Component : public ide::VBComponent {
         Component& component_;
     };
 
+    // A control; together with its properties, of which only the name is known here.
+    class Control : public ide::VBControl, public ide::Properties, public ide::Property {
+      public:
+        Control(Component& component, std::uint32_t index) : component_(component), index_(index) {}
+
+        std::string ClassName() override;
+        std::shared_ptr<ide::Properties> Properties() override;
+        std::shared_ptr<ide::Property> Item(std::string_view name) override;
+        std::string Value() override;
+
+      private:
+        Component& component_;
+        std::uint32_t index_;
+    };
+
+    class Form : public ide::VBForm, public ide::VBControls, public ide::Window {
+      public:
+        explicit Form(Component& component) : component_(component) {}
+
+        std::shared_ptr<ide::VBControls> VBControls() override;
+        std::int32_t Count() override;
+        std::shared_ptr<ide::VBControl> Item(std::int32_t index) override;
+        void SetFocus() override {}
+        void Close() override {}
+
+      private:
+        Component& component_;
+        std::vector<Control> controls_; // made when the first one is asked for
+    };
+
     class Pane : public ide::CodePane {
       public:
         explicit Pane(Component& component) : component_(component) {}
@@ -74,6 +121,7 @@ class Component : public ide::VBComponent {
     };
 
     std::weak_ptr<void> whole_;
+    Project* project_ = nullptr; // none for a file that was there before
     std::filesystem::path path_;
     std::string name_;
     EditedModule module_;
@@ -82,6 +130,7 @@ class Component : public ide::VBComponent {
     bool written_ = false; // the disk no longer holds the bytes that were read
     Code code_{*this};
     Pane pane_{*this};
+    Form form_{*this};
 };
 
 } // namespace corvelle::workspace

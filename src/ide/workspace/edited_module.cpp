@@ -34,19 +34,18 @@ class FileText {
 void EditedModule::deleteLines(std::uint32_t start, std::uint32_t count) {
     if (count == 0) return;
     beginEditing();
-    lines_.erase(lines_.begin() + start, lines_.begin() + start + count);
+    lines_.erase(start, count);
 }
 
 void EditedModule::insertLine(std::uint32_t index, std::string_view text) {
     beginEditing();
-    lines_.insert(lines_.begin() + index, Line{std::string(text), inserted});
+    lines_.insert(index, Line{std::string(text), inserted});
 }
 
 void EditedModule::beginEditing() {
     if (edited_) return;
-    lines_.reserve(file_.codeLineCount());
     for (std::uint32_t i = 0; i < file_.codeLineCount(); ++i)
-        lines_.push_back({std::string(file_.codeLine(i)), i});
+        lines_.insert(i, Line{std::string(file_.codeLine(i)), i});
     edited_ = true;
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "ide/workspace/block_list.h"
 #include "ide/workspace/module_file.h"
 
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <utility>
 
 namespace corvelle::workspace {
 
@@ -45,7 +46,7 @@ class EditedModule {
 
     ModuleFile file_;
     bool edited_ = false;
-    std::vector<Line> lines_; // empty before the first edit
+    BlockList<Line> lines_; // empty before the first edit
 };
 
 } // namespace corvelle::workspace

@@ -1,7 +1,6 @@
 #include "ide/workspace/module_file.h"
 
 #include "ide/workspace/attribute_line.h"
-#include "ide/workspace/module_header.h"
 
 #include <algorithm>
 #include <limits>
@@ -30,6 +29,8 @@ ModuleFile::ModuleFile(std::string bytes, ide::ComponentType type) : bytes_(std:
     if (header.isMdiForm) type_ = ide::ComponentType::VBMDIForm;
     hasNameAttribute_ = !header.attributeName.empty();
     name_ = std::move(hasNameAttribute_ ? header.attributeName : header.designerName);
+    hasDesigner_ = header.hasDesigner;
+    controls_ = std::move(header.controls);
     headerEnd_ = static_cast<std::uint32_t>(header.lines.position());
     headerLines_ = header.lines.number();
     readCode(header.lines);
@@ -53,6 +54,16 @@ void ModuleFile::readCode(LineReader lines) {
     }
     const bool anyLineEnd = bytes_.find('\n') != std::string::npos;
     if (anyLineEnd && !lines.metCarriageReturn()) newLine_ = "\n";
+}
+
+std::string_view ModuleFile::controlClass(std::uint32_t index) const {
+    const auto& block = controls_[index];
+    return std::string_view(bytes_).substr(block.classBegin, block.classSize);
+}
+
+std::string_view ModuleFile::controlName(std::uint32_t index) const {
+    const auto& block = controls_[index];
+    return std::string_view(bytes_).substr(block.nameBegin, block.nameSize);
 }
 
 std::string_view ModuleFile::codeLine(std::uint32_t index) const {

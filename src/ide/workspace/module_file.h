@@ -2,6 +2,7 @@
 
 #include "ide/component_type.h"
 #include "ide/workspace/line_reader.h"
+#include "ide/workspace/module_header.h"
 
 #include <cstdint>
 #include <stdexcept>
@@ -49,6 +50,14 @@ class ModuleFile {
     /// Whether the name is the attribute's.
     bool hasNameAttribute() const { return hasNameAttribute_; }
 
+    /// Whether there is a designer section, and its controls: the blocks inside the outermost one, in the
+    /// order of the file.
+    bool hasDesigner() const { return hasDesigner_; }
+    std::uint32_t controlCount() const { return static_cast<std::uint32_t>(controls_.size()); }
+    /// Control 0 to controlCount() - 1: its class without the library, and its name.
+    std::string_view controlClass(std::uint32_t index) const;
+    std::string_view controlName(std::uint32_t index) const;
+
     std::uint32_t codeLineCount() const { return static_cast<std::uint32_t>(lines_.size()); }
     /// Code line 0 to codeLineCount() - 1, without its line end.
     std::string_view codeLine(std::uint32_t index) const;
@@ -79,6 +88,8 @@ class ModuleFile {
     ide::ComponentType type_;
     std::string name_;
     bool hasNameAttribute_ = false;
+    bool hasDesigner_ = false;
+    std::vector<ControlBlock> controls_;
     std::uint32_t headerEnd_ = 0;
     std::uint32_t headerLines_ = 0;
     std::vector<Line> lines_;

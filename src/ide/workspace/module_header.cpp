@@ -32,6 +32,15 @@ bool isBeginLine(std::string_view line, std::string_view& rest) {
     return takeWord(line, "Begin", rest) && (rest.empty() || rest[0] != '=');
 }
 
+// Whether the line's first letters let it be a Begin or an End line. Rules out nearly every line at once.
+bool mayBeBlockLine(std::string_view line) {
+    std::size_t blanks = 0;
+    while (blanks < line.size() && isBlank(line[blanks])) ++blanks;
+    if (line.size() - blanks < 3) return false;
+    const char first = base::lower(line[blanks]), third = base::lower(line[blanks + 2]);
+    return (first == 'b' && third == 'g') || (first == 'e' && third == 'd');
+}
+
 bool isEndLine(std::string_view line) {
     std::string_view rest;
     return takeWord(line, "End", rest) && rest.empty();
@@ -58,21 +67,37 @@ std::string literalOf(std::string_view text) {
     return result;
 }
 
+// Notes the control that a Begin line, of which `rest` is what follows the word, begins.
+void addControl(std::string_view rest, std::string_view bytes, std::vector<ControlBlock>& controls) {
+    auto className = nextWord(rest);
+    const auto name = nextWord(rest);
+    if (name.empty()) return;
+    className.remove_prefix(className.find('.') + 1); // npos + 1 is 0
+    const auto placeOf = [&](std::string_view part) {
+        return static_cast<std::uint32_t>(part.data() - bytes.data());
+    };
+    controls.push_back({placeOf(className), static_cast<std::uint32_t>(className.size()), placeOf(name),
+                        static_cast<std::uint32_t>(name.size())});
+}
+
 // Leaves the reader at the End of the block whose Begin it stands at.
-void passBlock(LineReader& lines) {
+void passBlock(LineReader& lines, std::string_view bytes, std::vector<ControlBlock>& controls) {
     const auto beginLine = lines.number();
     std::size_t depth = 1;
     while (depth > 0) {
         if (!lines.next()) throw HeaderNeverEnds(beginLine);
+        if (!mayBeBlockLine(lines.line())) continue;
         std::string_view rest;
-        if (isBeginLine(lines.line(), rest))
+        if (isBeginLine(lines.line(), rest)) {
             ++depth;
-        else if (isEndLine(lines.line()))
+            addControl(rest, bytes, controls);
+        } else if (isEndLine(lines.line())) {
             --depth;
+        }
     }
 }
 
-void readDesigner(ModuleHeader& header) {
+void readDesigner(std::string_view bytes, ModuleHeader& header) {
     bool begun = header.lines.number() > 0;
     LineReader ahead = header.lines;
     while (ahead.next()) {
@@ -83,7 +108,8 @@ void readDesigner(ModuleHeader& header) {
         } else if (isBeginLine(ahead.line(), rest)) {
             header.isMdiForm = base::equalIgnoringCase(nextWord(rest), "VB.MDIForm");
             header.designerName = nextWord(rest);
-            passBlock(ahead);
+            header.hasDesigner = true;
+            passBlock(ahead, bytes, header.controls);
             header.lines = ahead;
             return;
         } else if (!begun || !withoutLeadingBlanks(ahead.line()).empty()) {
@@ -106,11 +132,11 @@ void readAttributes(ModuleHeader& header) {
 } // namespace
 
 ModuleHeader readModuleHeader(std::string_view bytes, ide::ComponentType type) {
-    ModuleHeader header{linesOf(bytes), {}, {}, false};
+    ModuleHeader header{linesOf(bytes), {}, {}, false, false, {}};
     LineReader ahead = header.lines;
     const bool hasVersion = ahead.next() && isVersionLine(ahead.line());
     if (hasVersion) header.lines = ahead;
-    if (hasVersion || type != ide::ComponentType::StdModule) readDesigner(header);
+    if (hasVersion || type != ide::ComponentType::StdModule) readDesigner(bytes, header);
     readAttributes(header);
     return header;
 }

@@ -1,9 +1,12 @@
 #include "ide/workspace/project.h"
 
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "base/text.h"
 #include "ide/workspace/part_of.h"
+#include "ide/workspace/project_file_edit.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvelle::workspace {
@@ -21,6 +24,46 @@ std::string Project::FileName() {
 
 std::shared_ptr<ide::VBComponents> Project::VBComponents() {
     return partOf<ide::VBComponents>(whole_, collection_);
+}
+
+void Project::setFile(std::string bytes, const base::FileStamp& stamp) {
+    bytes_ = std::move(bytes);
+    stamp_ = stamp;
+}
+
+void Project::addUnread(std::string name, std::filesystem::path path) {
+    unread_.push_back({std::move(name), std::move(path)});
+}
+
+bool Project::removeModule(std::string_view name, const std::filesystem::path& path) {
+    const auto isUnread = [&](const Unread& member) {
+        return base::equalIgnoringCase(member.name, name) && base::isSamePath(member.path, path);
+    };
+    const auto isComponent = [&](const std::unique_ptr<Component>& component) {
+        return component->Type() == ide::ComponentType::StdModule && !component->isNew() &&
+               base::equalIgnoringCase(component->Name(), name) && base::isSamePath(component->path(), path);
+    };
+    return std::erase_if(unread_, isUnread) + std::erase_if(components_, isComponent) > 0;
+}
+
+bool Project::hasName(std::string_view name, const Component& except) const {
+    const auto isIt = [&](std::string_view other) { return base::equalIgnoringCase(other, name); };
+    return isIt(name_) ||
+           std::any_of(unread_.begin(), unread_.end(),
+                       [&](const Unread& member) { return isIt(member.name); }) ||
+           std::any_of(components_.begin(), components_.end(), [&](const auto& component) {
+               return component.get() != &except && isIt(component->Name());
+           });
+}
+
+void Project::enter(std::string_view name, const std::filesystem::path& path) {
+    if (path_.empty()) return;
+    auto bytes = withModule(bytes_, path_.parent_path(), name, path);
+    if (bytes == bytes_) return;
+    base::replaceFile(
+        path_, [&](base::FileWriter& writer) { writer.write(bytes); }, stamp_);
+    bytes_ = std::move(bytes);
+    base::stampOf(path_, stamp_);
 }
 
 std::int32_t Project::Components::Count() {
@@ -41,8 +84,15 @@ std::shared_ptr<ide::VBComponent> Project::Components::Item(std::string_view nam
     throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
 }
 
-std::shared_ptr<ide::VBComponent> Project::Components::Add(ide::ComponentType) {
-    throw RunTimeError(ErrorNumber::MemberNotSupported);
+std::shared_ptr<ide::VBComponent> Project::Components::Add(ide::ComponentType type) {
+    if (type != ide::ComponentType::StdModule) throw RunTimeError(ErrorNumber::MemberNotSupported);
+    auto component = std::make_unique<Component>(project_.whole_, project_, std::string());
+    for (int number = 1; component->Name().empty(); ++number) {
+        const auto name = "Module" + std::to_string(number);
+        if (!project_.hasName(name, *component)) component->setName(name);
+    }
+    project_.add(std::move(component));
+    return Item(Count());
 }
 
 } // namespace corvelle::workspace

@@ -18,6 +18,8 @@ class Project : public ide::VBProject {
     /// `whole` is what a pointer to the project keeps alive. The path is empty for a module that was opened
     /// without a project.
     Project(std::weak_ptr<void> whole, std::filesystem::path path, std::string name, ide::ProjectType type);
+    /// The project file's bytes and its stamp at their reading.
+    void setFile(std::string bytes, const base::FileStamp& stamp);
 
     std::string Name() override { return name_; }
     std::string FileName() override;
@@ -28,6 +30,22 @@ class Project : public ide::VBProject {
 
     const std::vector<std::unique_ptr<Component>>& components() const { return components_; }
     void add(std::unique_ptr<Component> component) { components_.push_back(std::move(component)); }
+    /// Whether the name is the project's, or a component's other than the given one, letter case aside. Of
+    /// components that could not be read the names in the project's file count.
+    bool hasName(std::string_view name, const Component& except) const;
+    /// Notes a member that could not be read, by its name in the project's file, which may be empty.
+    void addUnread(std::string name, std::filesystem::path path);
+    /// Takes the standard module of that name in that file out, one that could not be read too; whether there
+    /// is one. The file and its line in the project's file stay; a new module that is saved into the same
+    /// file takes over the line. Nobody may hold one of its objects.
+    bool removeModule(std::string_view name, const std::filesystem::path& path);
+    /// Writes the line of a standard module into the project's file, unless it is there. Throws
+    /// base::FileError, also when somebody else has changed the file meanwhile.
+    void enter(std::string_view name, const std::filesystem::path& path);
+
+    const std::filesystem::path& path() const { return path_; }
+    /// The project file as it is on disk, as far as is known here.
+    const std::string& bytes() const { return bytes_; }
 
   private:
     class Components : public ide::VBComponents {
@@ -37,7 +55,8 @@ class Project : public ide::VBProject {
         std::int32_t Count() override;
         std::shared_ptr<ide::VBComponent> Item(std::int32_t index) override;
         std::shared_ptr<ide::VBComponent> Item(std::string_view name) override;
-        /// Throws RunTimeError 438: the embedded IDE adds nothing.
+        /// A new module, named "Module1" or the next number that is free, without a line of code. Throws
+        /// RunTimeError 438 for other types.
         std::shared_ptr<ide::VBComponent> Add(ide::ComponentType type) override;
 
       private:
@@ -48,6 +67,13 @@ class Project : public ide::VBProject {
     std::filesystem::path path_;
     std::string name_;
     ide::ProjectType type_;
+    std::string bytes_;
+    base::FileStamp stamp_;
+    struct Unread {
+        std::string name;
+        std::filesystem::path path;
+    };
+    std::vector<Unread> unread_;
     std::vector<std::unique_ptr<Component>> components_;
     Components collection_{*this};
 };

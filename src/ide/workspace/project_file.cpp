@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "ide/workspace/key_value.h"
+#include "ide/workspace/line_reader.h"
 #include "ide/workspace/line_text.h"
 
 #include <array>
@@ -37,22 +38,29 @@ ide::ProjectType projectType(std::string_view word) {
 
 ProjectMember readMember(const MemberKey& key, std::string_view value) {
     const auto semicolon = key.hasName ? value.find(';') : std::string_view::npos;
-    if (semicolon == std::string_view::npos) return {key.type, "", std::string(withoutQuotes(value))};
+    if (semicolon == std::string_view::npos) return {key.type, "", std::string(withoutQuotes(value)), 0};
     return {key.type, std::string(withoutBlanks(value.substr(0, semicolon))),
-            std::string(withoutQuotes(withoutBlanks(value.substr(semicolon + 1))))};
+            std::string(withoutQuotes(withoutBlanks(value.substr(semicolon + 1)))), 0};
 }
 
 } // namespace
 
 ProjectFile::ProjectFile(std::string_view bytes) {
-    readKeyValues(bytes, [this](std::string_view key, std::string_view value) { readLine(key, value); });
+    behindReferences_ = linesOf(bytes).position();
+    readKeyValues(bytes, [&](std::string_view key, std::string_view value) { readLine(bytes, key, value); });
 }
 
-void ProjectFile::readLine(std::string_view key, std::string_view value) {
+void ProjectFile::readLine(std::string_view bytes, std::string_view key, std::string_view value) {
     for (const auto& member : memberKeys) {
         if (!equalIgnoringCase(key, member.key)) continue;
         members_.push_back(readMember(member, value));
+        members_.back().offset = static_cast<std::size_t>(key.data() - bytes.data());
         return;
+    }
+    for (const std::string_view first : {"Type", "Reference", "Object"}) {
+        if (!equalIgnoringCase(key, first)) continue;
+        const auto end = bytes.find('\n', static_cast<std::size_t>(key.data() - bytes.data()));
+        behindReferences_ = end == std::string_view::npos ? bytes.size() : end + 1;
     }
     if (equalIgnoringCase(key, "Type"))
         type_ = projectType(withoutQuotes(value));

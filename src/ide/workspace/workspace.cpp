@@ -44,15 +44,18 @@ void Workspace::openGroup(const std::filesystem::path& path) {
             openProject(projectPath);
             if (i == file.startup()) activeProject_ = projects_.back().get();
         } catch (const FileError& error) {
-            problems_.push_back({projectPath, error.description()});
+            problems_.push_back({projectPath, error.description(), 0, {}});
         }
     }
 }
 
 void Workspace::openProject(const std::filesystem::path& path) {
-    const ProjectFile file(base::readFile(path));
+    base::FileStamp stamp;
+    auto bytes = base::readFile(path, &stamp);
+    const ProjectFile file(bytes);
     auto project = std::make_unique<Project>(
         weak_from_this(), path, file.name().empty() ? base::textOf(path.stem()) : file.name(), file.type());
+    project->setFile(std::move(bytes), stamp);
     for (const auto& member : file.members()) openMember(*project, member, path.parent_path());
     projects_.push_back(std::move(project));
 }
@@ -61,12 +64,14 @@ void Workspace::openMember(Project& project, const ProjectMember& member,
                            const std::filesystem::path& folder) {
     const auto found = resolver_.resolve(folder, member.path);
     const auto path = found.value_or(pathInProject(folder, member.path));
+    const auto problemsBefore = problems_.size();
     try {
         if (!found) throw FileError(ErrorNumber::FileNotFound);
         openModule(project, path, member.type, member.name);
     } catch (const FileError& error) {
-        problems_.push_back({path, error.description()});
+        problems_.push_back({path, error.description(), 0, member.type});
     }
+    if (problems_.size() > problemsBefore) project.addUnread(member.name, path);
 }
 
 void Workspace::openModule(Project& project, const std::filesystem::path& path, ide::ComponentType type,
@@ -77,7 +82,7 @@ void Workspace::openModule(Project& project, const std::filesystem::path& path, 
         project.add(std::make_unique<Component>(weak_from_this(), path, lineName,
                                                 ModuleFile(std::move(bytes), type), stamp));
     } catch (const HeaderNeverEnds& error) {
-        problems_.push_back({path, error.what(), error.line()});
+        problems_.push_back({path, error.what(), error.line(), type});
     }
 }
 

@@ -24,6 +24,7 @@ class Workspace : public ide::VBE, public std::enable_shared_from_this<Workspace
         std::filesystem::path path;
         std::string reason;
         std::uint32_t line = 0;
+        ide::ComponentType type{}; ///< of the member; zero for a project
     };
 
     /// Opens a project group, a project or a single module, told apart by the path's ending. Members that

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <filesystem>
+
+namespace corvelle::base {
+
+/// Whether both paths stand for the same file, which need not exist.
+bool isSamePath(const std::filesystem::path& a, const std::filesystem::path& b);
+
+} // namespace corvelle::base

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "indexer/index_options.h"
+
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvelle::cli {
+
+/// What `corvelle index` was asked to do. Paths and texts are as given; none means that the option was not.
+struct IndexSettings {
+    std::string project;
+    std::string header;
+    std::string config;
+    std::optional<std::string> components; ///< words of componentWords; none: what the project's type presets
+    std::string exclude;                   ///< words of exclusionWords
+    std::optional<std::string> excludeList;
+    std::optional<std::string> module;
+    std::optional<std::string> moduleFile;
+    bool replaceModule = false;
+    bool autoload = false;
+    std::optional<std::string> text;
+    std::optional<std::string> defaultText;
+    std::optional<std::string> report;
+    std::optional<std::string> projectFile;
+};
+
+/// A word of a list and the check box that it stands for.
+struct OptionWord {
+    std::string_view word;
+    indexer::CheckValue indexer::IndexOptions::*box;
+};
+
+inline constexpr std::array<OptionWord, 6> componentWords{{
+    {"forms", &indexer::IndexOptions::ChkFrm},
+    {"mdi", &indexer::IndexOptions::ChkMDI},
+    {"designers", &indexer::IndexOptions::ChkDsr},
+    {"docs", &indexer::IndexOptions::ChkDOB},
+    {"pages", &indexer::IndexOptions::ChkPG},
+    {"controls", &indexer::IndexOptions::ChkActiveXCtl},
+}};
+
+inline constexpr std::array<OptionWord, 6> exclusionWords{{
+    {"labels", &indexer::IndexOptions::ChkExclLbl},
+    {"frames", &indexer::IndexOptions::ChKExcFrame},
+    {"shapes", &indexer::IndexOptions::ChkExcShape},
+    {"menus", &indexer::IndexOptions::ChkExcMenu},
+    {"lines", &indexer::IndexOptions::ChkExcLine},
+    {"toolbars", &indexer::IndexOptions::ChkExcToolbar},
+}};
+
+/// Checks the boxes that a comma-separated list of the words names; the first other word, if there is one. An
+/// empty list names none.
+std::optional<std::string> checkBoxes(std::string_view list, const std::array<OptionWord, 6>& words,
+                                      indexer::IndexOptions& options);
+
+/// What is wrong with settings that contradict one another; empty if nothing is.
+std::string wrongUsage(const IndexSettings& settings);
+
+} // namespace corvelle::cli

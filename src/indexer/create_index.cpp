@@ -1,0 +1,172 @@
+#include "indexer/create_index.h"
+
+#include "base/file.h"
+#include "base/path_text.h"
+#include "base/text.h"
+#include "ide/required.h"
+#include "indexer/help_index.h"
+#include "indexer/id_gen.h"
+#include "indexer/index_lines.h"
+#include "indexer/is_indexable.h"
+#include "indexer/mapping_module.h"
+#include "indexer/module_name.h"
+
+#include <filesystem>
+#include <new>
+#include <optional>
+#include <system_error>
+
+namespace corvelle::indexer {
+
+using base::RunTimeError;
+using ide::required;
+
+namespace {
+
+// One Create command, from the reset of the generator to the last line of the report.
+class Creation {
+  public:
+    Creation(const IndexJob& job, Report& report, IndexerObserver& observer)
+        : job_(job), report_(report), observer_(observer) {}
+
+    IndexOutcome run() {
+        try {
+            return create();
+        } catch (const RunTimeError& error) {
+            observer_.msgBox({error.description()});
+        } catch (const std::bad_alloc&) {
+            observer_.msgBox(
+                {base::describeError(static_cast<std::int32_t>(base::ErrorNumber::OutOfMemory))});
+        }
+        observer_.stopNow();
+        return filesOpened_ ? IndexOutcome::Failed : IndexOutcome::ModuleRefused;
+    }
+
+  private:
+    bool mapsIDs() const { return job_.options.ChkIDMap == 1; }
+    bool autoLoads() const { return job_.options.ChkAutoLoad == 1; }
+
+    IndexOutcome create() {
+        ResetIDGen();
+        report_.AddOptions_Rpt(job_.options);
+        report_.append("***** Indexing Started *******");
+        observer_.setLblProc("creating files Please wait..");
+        if (mapsIDs() || autoLoads()) {
+            std::string name = job_.txtModule;
+            if (!validModule(name, required(job_.project))) {
+                observer_.msgBox(invalidModuleName(name));
+                return IndexOutcome::ModuleRefused;
+            }
+            addModule();
+        }
+        observer_.StartNow();
+        writeFiles();
+        if (mapsIDs()) saveModule();
+        observer_.stopNow();
+        observer_.setLblProc("Processing completed..");
+        observer_.setLblProcModule("No module under process..");
+        report_.append("*** Indexing done ***");
+        return IndexOutcome::Created;
+    }
+
+    void addModule() {
+        const auto components = required(job_.project).VBComponents();
+        module_ = required(components).Add(ide::ComponentType::StdModule);
+        required(module_).setName(base::trimSpaces(job_.txtModule));
+        mapping_.emplace(module_->CodeModule());
+        report_.append("Added module :" + module_->Name());
+    }
+
+    void writeFiles() {
+        filesOpened_ = true;
+        base::OutputFile header(base::pathOf(job_.headerPath));
+        report_.append("Created header file: " + job_.headerPath);
+        writeDefine(header, newIDH(), number_++);
+        requireClosed(job_.configurationPath);
+        base::OutputFile configuration(base::pathOf(job_.configurationPath));
+        report_.append("Created Configuration file: " + job_.configurationPath);
+        for (const auto& component : job_.SelectedDesigners)
+            writeDesigner(required(component), header, configuration);
+        header.close();
+        configuration.close();
+    }
+
+    // The header file is open already.
+    void requireClosed(const std::string& path) const {
+        std::error_code ignored;
+        if (std::filesystem::equivalent(base::pathOf(path), base::pathOf(job_.headerPath), ignored))
+            throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
+    }
+
+    void writeDesigner(ide::VBComponent& component, base::OutputFile& header,
+                       base::OutputFile& configuration) {
+        observer_.doEvents();
+        component.Activate();
+        const auto name = component.Name();
+        observer_.setLblProcModule("Processing module: " + name);
+        indexer::writeDesigner(configuration, name);
+        const auto controls = required(component.Designer()).VBControls();
+        if (autoLoads()) mapping_->beginProcedure(name);
+        const auto count = required(controls).Count();
+        for (std::int32_t j = 1; j <= count; ++j)
+            writeControl(required(controls->Item(j)), header, configuration);
+        if (autoLoads()) mapping_->endProcedure();
+        required(component.DesignerWindow()).Close();
+    }
+
+    void writeControl(ide::VBControl& control, base::OutputFile& header, base::OutputFile& configuration) {
+        const auto className = control.ClassName();
+        if (!isIndexable(className, job_.excludeList, job_.options)) return;
+        const auto idh = newIDH();
+        const auto name = required(required(control.Properties()).Item("Name")).Value();
+        indexer::writeControl(configuration, name, className, idh);
+        writeDefine(header, idh, number_);
+        if (mapsIDs()) mapping_->addConstant(idh, number_);
+        if (autoLoads()) mapping_->addAssignment(name, idh);
+        ++number_;
+        observer_.doEvents();
+    }
+
+    std::string newIDH() {
+        auto name = getNewIDH();
+        if (name.empty()) observer_.msgBox(idGenExhausted());
+        return name;
+    }
+
+    void saveModule() {
+        observer_.setLblProcModule("Saving Mapping Module: " + module_->Name());
+        module_->SaveAs(job_.modulePath);
+        report_.append("Module Path= " + job_.modulePath);
+        report_.append("Module saved");
+    }
+
+    const IndexJob& job_;
+    Report& report_;
+    IndexerObserver& observer_;
+    std::shared_ptr<ide::VBComponent> module_;
+    std::optional<MappingModule> mapping_;
+    std::int32_t number_ = defaultHelpContextID;
+    bool filesOpened_ = false;
+};
+
+} // namespace
+
+std::int64_t mappingModuleLines(const IndexJob& job) {
+    std::int64_t indexed = 0;
+    for (const auto& component : job.SelectedDesigners) {
+        const auto controls = required(required(component).Designer()).VBControls();
+        const auto count = required(controls).Count();
+        for (std::int32_t j = 1; j <= count; ++j) {
+            if (isIndexable(required(controls->Item(j)).ClassName(), job.excludeList, job.options)) ++indexed;
+        }
+    }
+    return MappingModule::lineCount(indexed, job.options.ChkIDMap == 1,
+                                    static_cast<std::int64_t>(job.SelectedDesigners.size()),
+                                    job.options.ChkAutoLoad == 1);
+}
+
+IndexOutcome createIndex(const IndexJob& job, Report& report, IndexerObserver& observer) {
+    return Creation(job, report, observer).run();
+}
+
+} // namespace corvelle::indexer

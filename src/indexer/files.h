@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvelle::indexer {
+
+/// Whether the file's length can be taken.
+bool fileExists(std::string_view path);
+
+/// The path up to and including its last backslash; empty when it has none.
+std::string_view getFilePath(std::string_view path);
+
+/// Writes the lines, each ended by CR LF, into the file, which is created or truncated. False on any failure.
+bool WriteLines(std::string_view path, const std::vector<std::string>& lines);
+
+/// The system's call for a path's short form: fills the buffer of that size with text that ends in NUL.
+using ShortPathCall = std::function<void(const char* path, char* buffer, std::uint32_t size)>;
+
+/// The short (8.3) form of the path, as the call gives it into a buffer of 128 characters.
+std::string getShortPath(std::string_view path, const ShortPathCall& getShortPathName);
+
+/// Sets the code of every key other than the four arrow keys (37 to 40) to 0.
+void ArrowKeysOnly(std::int16_t& keyCode);
+
+} // namespace corvelle::indexer

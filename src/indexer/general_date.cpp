@@ -1,0 +1,29 @@
+#include "indexer/general_date.h"
+
+#include <array>
+#include <cstdio>
+
+namespace corvelle::indexer {
+
+std::string generalDate(const std::tm& time) {
+    std::array<char, 80> text{};
+    constexpr int noon = 12, firstYear = 1900;
+    const int hour = time.tm_hour % noon == 0 ? noon : time.tm_hour % noon;
+    std::snprintf(text.data(), text.size(), "%d/%d/%d %d:%02d:%02d %s", time.tm_mon + 1, time.tm_mday,
+                  time.tm_year + firstYear, hour, time.tm_min, time.tm_sec,
+                  time.tm_hour < noon ? "AM" : "PM");
+    return text.data();
+}
+
+std::string currentDateAndTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    return generalDate(local);
+}
+
+} // namespace corvelle::indexer

@@ -1,0 +1,11 @@
+#include "indexer/help_index.h"
+
+namespace corvelle::indexer {
+
+void HelpIndex::clear() {
+    designers.clear();
+    entries.assign(1, IndexEntry());
+    entries.front().IDHName = defaultIDH;
+}
+
+} // namespace corvelle::indexer

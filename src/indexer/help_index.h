@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvelle::indexer {
+
+/// The name of the default topic.
+inline constexpr std::string_view defaultIDH = "IDH_AAAA";
+/// Its number; the controls' numbers follow it.
+inline constexpr std::int32_t defaultHelpContextID = 1000;
+
+/// One control of an index.
+struct IndexEntry {
+    std::int32_t DsrIndex = 0; ///< number of its designer, from 1; 0 for the default entry
+    std::string IDHName;       ///< empty: deleted from the index; "IDH_AAAA": shows the default text
+    std::string CtlName;
+    std::string CtlClass;
+    std::string HelpText;
+};
+
+/// The controls of a project that have help topics.
+struct HelpIndex {
+    HelpIndex() { clear(); }
+
+    /// Leaves the default entry, without a text.
+    void clear();
+
+    std::vector<std::string> designers; ///< designer number 1 stands first
+    std::vector<IndexEntry> entries;    ///< entry 0 is the default entry, whose text others may share
+
+    /// Number of the last entry.
+    std::size_t count() const { return entries.size() - 1; }
+};
+
+} // namespace corvelle::indexer

@@ -1,0 +1,109 @@
+#include "indexer/index_files.h"
+
+#include "base/file.h"
+#include "base/ignoring_errors.h"
+#include "base/line_reader.h"
+#include "base/path_text.h"
+#include "base/text.h"
+#include "indexer/index_lines.h"
+
+#include <algorithm>
+
+namespace corvelle::indexer {
+
+namespace {
+
+constexpr std::size_t markSize = 3; // "<P>"
+
+// What stands between the mark at the line's start and the last end mark; whether there is one.
+bool takeValue(std::string_view line, std::string_view endMark, std::string_view& value) {
+    const auto end = base::findLastIgnoringCase(line, endMark);
+    if (end == std::string_view::npos) return false;
+    value = line.substr(markSize, end - markSize);
+    return true;
+}
+
+// Takes the text up to the next space off the value; nothing is left behind the last one.
+std::string takePart(std::string_view& value) {
+    const auto space = value.find(' ');
+    const auto part = value.substr(0, space);
+    value.remove_prefix(space == std::string_view::npos ? value.size() : space + 1);
+    return std::string(part);
+}
+
+void readDesigner(std::string_view line, Mappings& mappings) {
+    auto& name = mappings.index.designers.emplace_back();
+    std::string_view value;
+    if (!takeValue(line, "</P>", value)) return;
+    name = value;
+    mappings.rows.push_back(name);
+}
+
+void readControl(std::string_view line, HelpIndex& index) {
+    auto& entry = index.entries.emplace_back();
+    std::string_view value;
+    if (!takeValue(line, "</C>", value)) return;
+    entry.CtlName = takePart(value);
+    entry.CtlClass = takePart(value);
+    entry.IDHName = takePart(value);
+    entry.DsrIndex = static_cast<std::int32_t>(index.designers.size());
+}
+
+// The numbers of the entries by designer number; entries of one designer keep their order.
+std::vector<std::vector<std::size_t>> entriesOfDesigners(const HelpIndex& index) {
+    std::vector<std::vector<std::size_t>> result(index.designers.size() + 1);
+    for (std::size_t i = 0; i <= index.count(); ++i) {
+        const auto designer = index.entries[i].DsrIndex;
+        if (designer >= 0 && static_cast<std::size_t>(designer) < result.size())
+            result[static_cast<std::size_t>(designer)].push_back(i);
+    }
+    return result;
+}
+
+void writeIndexFiles(std::string_view configurationPath, std::string_view headerPath,
+                     const HelpIndex& index) {
+    base::OutputFile configuration(base::pathOf(configurationPath));
+    base::OutputFile header(base::pathOf(headerPath));
+    std::int32_t number = defaultHelpContextID;
+    writeDefine(header, defaultIDH, number);
+    const auto entries = entriesOfDesigners(index);
+    for (std::size_t designer = 1; designer <= index.designers.size(); ++designer) {
+        writeDesigner(configuration, index.designers[designer - 1]);
+        for (const auto i : entries[designer]) {
+            const auto& entry = index.entries[i];
+            if (entry.IDHName.empty()) continue;
+            writeControl(configuration, entry.CtlName, entry.CtlClass, entry.IDHName);
+            if (entry.IDHName != index.entries.front().IDHName) writeDefine(header, entry.IDHName, ++number);
+        }
+    }
+    configuration.close();
+    header.close();
+}
+
+} // namespace
+
+Mappings LoadMappings(std::string_view path) {
+    Mappings mappings;
+    base::ignoringErrors([&] { mappings = readMappings(base::readFile(base::pathOf(path))); });
+    return mappings;
+}
+
+Mappings readMappings(std::string_view bytes) {
+    Mappings mappings;
+    mappings.index.entries.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) +
+                                   1);
+    for (base::LineReader lines(bytes); lines.next();) {
+        const auto line = base::trimSpaces(lines.line());
+        if (base::startsWithIgnoringCase(line, "<P>"))
+            readDesigner(line, mappings);
+        else if (base::startsWithIgnoringCase(line, "<C>"))
+            readControl(line, mappings.index);
+    }
+    return mappings;
+}
+
+bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index) {
+    return base::ignoringErrors([&] { writeIndexFiles(configurationPath, headerPath, index); });
+}
+
+} // namespace corvelle::indexer

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "indexer/help_index.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The configuration file (.hcnf) and the header file (.h): 8-bit text, lines that end in CR LF, nothing
+// quoted.
+namespace corvelle::indexer {
+
+/// A configuration file as it was read.
+struct Mappings {
+    HelpIndex index;               ///< the texts are empty
+    std::vector<std::string> rows; ///< what the list of designers shows: the names whose line is complete
+};
+
+/// Reads a configuration file; any text is accepted. What an unreadable file gave up to its failure, without
+/// a word.
+Mappings LoadMappings(std::string_view path);
+
+/// The same, of the file's bytes.
+Mappings readMappings(std::string_view bytes);
+
+/// Writes both files anew, with numbers from 1001 on in the order of designers, then entries; entries that
+/// are deleted are left out, those on the default topic get no number. False on any failure.
+bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index);
+
+} // namespace corvelle::indexer

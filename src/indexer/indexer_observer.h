@@ -1,0 +1,30 @@
+#pragma once
+
+#include "indexer/analysis_captions.h"
+#include "indexer/message.h"
+
+#include <string_view>
+
+namespace corvelle::indexer {
+
+/// What the analysis and the generation tell their owner, and where they let it serve other work. Does
+/// nothing unless overridden.
+class IndexerObserver {
+  public:
+    virtual ~IndexerObserver() = default;
+
+    /// Yields to the window system.
+    virtual void doEvents() {}
+    /// A caption of the analysis has changed.
+    virtual void captionsChanged(const AnalysisCaptions&) {}
+    /// Status texts of the generation.
+    virtual void setLblProc(std::string_view) {}
+    virtual void setLblProcModule(std::string_view) {}
+    /// The busy indicator.
+    virtual void StartNow() {}
+    virtual void stopNow() {}
+    /// A message box with an OK button only.
+    virtual void msgBox(const Message&) {}
+};
+
+} // namespace corvelle::indexer

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ide/vb_project.h"
+#include "indexer/message.h"
+
+#include <string>
+
+namespace corvelle::indexer {
+
+/// Whether a module of that name can be added to the project. Trims the name unless it begins with a digit;
+/// the test for the digit comes first. An empty name passes.
+bool validModule(std::string& mName, ide::VBProject& project);
+
+/// What is said of a name that is not valid.
+Message invalidModuleName(const std::string& mName);
+
+} // namespace corvelle::indexer

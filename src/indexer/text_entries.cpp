@@ -1,0 +1,36 @@
+#include "indexer/text_entries.h"
+
+#include "indexer/files.h"
+#include "indexer/text_file.h"
+
+namespace corvelle::indexer {
+
+PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view configurationPath,
+                                   std::string_view textPath) {
+    PreparedEntries result;
+    if (!fileExists(headerPath) || !fileExists(configurationPath)) {
+        result.message = {
+            "Either header  file or configuration file is invalid.You need to re generate them ",
+            forms::box::critical};
+        return result;
+    }
+    result.mappings = LoadMappings(configurationPath);
+    if (textPath.empty()) {
+        result.message = {"You have to create new Text file for Text entries..", forms::box::information};
+    } else {
+        LoadTextEntries(textPath, result.mappings->index);
+    }
+    return result;
+}
+
+SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index) {
+    index.entries.front().HelpText = defaultText;
+    index.entries.front().IDHName = defaultIDH;
+    if (!SaveTextFile(textPath, index))
+        return {false, {"Errors occured while saving file. ", forms::box::exclamation}, {}};
+    return {true,
+            {"File was saved successfully.", forms::box::information},
+            std::string("Created Text file: ").append(textPath)};
+}
+
+} // namespace corvelle::indexer

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "indexer/index_files.h"
+#include "indexer/message.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The text entries of an index that was just created: loading them for editing and saving them.
+namespace corvelle::indexer {
+
+/// The default topic's text before anybody changes it.
+inline constexpr std::string_view initialDefaultText =
+    "No help information is available for this control.\r\n";
+
+/// What there is for editing.
+struct PreparedEntries {
+    std::optional<Mappings> mappings; ///< none: the index must be created again
+    std::optional<Message> message;   ///< what is shown meanwhile
+};
+
+/// Reads the mappings of the configuration file and, where its path is not empty, the entries of the text
+/// file.
+PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view configurationPath,
+                                   std::string_view textPath);
+
+/// How a saving ended.
+struct SavedEntries {
+    bool saved = false;
+    Message message;
+    std::string reportLine; ///< what the report gets; empty after a failure
+};
+
+/// Gives the default entry its text and saves the text file.
+SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index);
+
+} // namespace corvelle::indexer

@@ -1,0 +1,122 @@
+#include "indexer/text_file.h"
+
+#include "base/file.h"
+#include "base/ignoring_errors.h"
+#include "base/line_reader.h"
+#include "base/path_text.h"
+#include "base/text.h"
+#include "indexer/space_pairs.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace corvelle::indexer {
+
+namespace {
+
+constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+// Finds entries by their names. Of several with one name the first one has it.
+class EntryNames {
+  public:
+    explicit EntryNames(const HelpIndex& index) {
+        named_.reserve(index.entries.size());
+        for (std::size_t i = 0; i <= index.count(); ++i) {
+            const std::string& name = index.entries[i].IDHName;
+            if (!name.empty()) named_.push_back({name, i});
+        }
+        // The generator's names ascend.
+        if (!std::is_sorted(named_.begin(), named_.end(), byName))
+            std::stable_sort(named_.begin(), named_.end(), byName);
+    }
+
+    std::size_t find(std::string_view name) {
+        // A file mostly has its topics in the order of the names.
+        const bool isNext = next_ < named_.size() && named_[next_].name == name &&
+                            (next_ == 0 || named_[next_ - 1].name != name);
+        if (!isNext) {
+            const auto found = std::lower_bound(named_.begin(), named_.end(), Named{name, 0}, byName);
+            next_ = static_cast<std::size_t>(found - named_.begin());
+            if (found == named_.end() || found->name != name) return none;
+        }
+        return named_[next_++].entry;
+    }
+
+  private:
+    struct Named {
+        std::string_view name;
+        std::size_t entry;
+    };
+    static bool byName(const Named& a, const Named& b) { return a.name < b.name; }
+
+    std::vector<Named> named_; // by name, then by entry
+    std::size_t next_ = 0;
+};
+
+// Collects the lines of one topic after the other and stores them into the topics' entries.
+class TopicReader {
+  public:
+    explicit TopicReader(HelpIndex& index) : index_(index), names_(index) {}
+
+    void readLine(std::string_view line) {
+        if (base::startsWithIgnoringCase(line, ".TOPIC"))
+            beginTopic(line);
+        else if (entry_ != none)
+            text_.append(1, ' ').append(line);
+    }
+    // The text of a default topic that stands last stays away from its entry.
+    void end() {
+        if (entry_ != 0) store();
+    }
+
+  private:
+    void beginTopic(std::string_view line) {
+        store();
+        const auto space = line.rfind(' ');
+        entry_ = space == std::string_view::npos ? none : names_.find(line.substr(space + 1));
+        text_.clear();
+    }
+    void store() {
+        if (entry_ != none) index_.entries[entry_].HelpText = withSpacePairsJoined(text_);
+    }
+
+    HelpIndex& index_;
+    EntryNames names_;
+    std::size_t entry_ = none; // whose text is being collected
+    std::string text_;
+};
+
+void writeTopics(base::FileWriter& file, const HelpIndex& index) {
+    const auto& defaultName = index.entries.front().IDHName;
+    for (std::size_t i = 0; i <= index.count(); ++i) {
+        const auto& entry = index.entries[i];
+        if (entry.IDHName.empty() || (i > 0 && entry.IDHName == defaultName)) continue;
+        file.write(".topic  ");
+        file.write(entry.IDHName);
+        file.write("\r\n");
+        file.write(entry.HelpText);
+        file.write("\r\n");
+    }
+}
+
+} // namespace
+
+void LoadTextEntries(std::string_view path, HelpIndex& index) {
+    base::ignoringErrors([&] { readTextEntries(base::readFile(base::pathOf(path)), index); });
+}
+
+void readTextEntries(std::string_view bytes, HelpIndex& index) {
+    TopicReader topics(index);
+    for (base::LineReader lines(bytes); lines.next();) topics.readLine(base::trimSpaces(lines.line()));
+    topics.end();
+}
+
+bool SaveTextFile(std::string_view path, const HelpIndex& index) {
+    return base::ignoringErrors([&] {
+        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { writeTopics(file, index); });
+    });
+}
+
+} // namespace corvelle::indexer

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "indexer/help_index.h"
+
+#include <string_view>
+
+// The text pop-up file (.txt) of the help compiler: ".topic  IDH_AAAB" and the topic's text below it, in
+// lines that end in CR LF.
+namespace corvelle::indexer {
+
+/// Reads the texts of a file into the entries of their topics' names; the others are left as they are. What
+/// an unreadable file gave up to its failure, without a word.
+void LoadTextEntries(std::string_view path, HelpIndex& index);
+
+/// The same, of the file's bytes.
+void readTextEntries(std::string_view bytes, HelpIndex& index);
+
+/// Writes the default entry and all entries that have a topic of their own. False on any failure, after which
+/// the old file, and so its texts, is as it was.
+bool SaveTextFile(std::string_view path, const HelpIndex& index);
+
+} // namespace corvelle::indexer

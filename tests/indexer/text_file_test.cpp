@@ -1,0 +1,163 @@
+#include "base/temporary_folder.h"
+#include "indexer/text_file.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace corvelle::indexer {
+namespace {
+
+using test::TemporaryFolder;
+
+HelpIndex indexOf(const std::vector<std::string>& names) {
+    HelpIndex index;
+    index.designers = {"frmMain"};
+    for (const auto& name : names) index.entries.push_back({1, name, "ctl", "Class", "old"});
+    index.entries.front().HelpText = "old";
+    return index;
+}
+
+std::string saved(const HelpIndex& index) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(SaveTextFile((folder.path() / "a.txt").string(), index));
+    return folder.read("a.txt");
+}
+
+// The texts of the entries 0, B, C after reading.
+std::vector<std::string> textsAfter(std::string_view bytes) {
+    auto index = indexOf({"IDH_AAAB", "IDH_AAAC"});
+    readTextEntries(bytes, index);
+    return {index.entries[0].HelpText, index.entries[1].HelpText, index.entries[2].HelpText};
+}
+
+using Texts = std::vector<std::string>;
+
+TEST(LoadTextEntries, JoinsLinesBehindALeadingSpace) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.txt", ".topic  IDH_AAAB\r\nSaves the file.\r\nThen closes it.\r\n");
+    auto index = indexOf({"IDH_AAAB"});
+    LoadTextEntries(path.string(), index);
+    EXPECT_EQ(index.entries[1].HelpText, " Saves the file. Then closes it.");
+}
+
+TEST(LoadTextEntries, LeavesTheDefaultTextAloneWhenItsTopicStandsLast) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAA\r\nText\r\n"), (Texts{"old", "old", "old"}));
+    EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\nb\r\n.topic  IDH_AAAA\r\nText\r\n"),
+              (Texts{"old", " b", "old"}));
+}
+
+TEST(LoadTextEntries, StoresTheDefaultTextBeforeAnotherTopic) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAA\r\nText\r\n.topic  IDH_AAAB\r\n"), (Texts{" Text", "", "old"}));
+}
+
+TEST(LoadTextEntries, TakesTheKeyInAnyCaseAndTheNameBehindTheLastSpace) {
+    EXPECT_EQ(textsAfter("  .Topic some words IDH_AAAB  \r\nb\r\n.TOPICS IDH_AAAC\r\nc"),
+              (Texts{"old", " b", " c"}));
+}
+
+TEST(LoadTextEntries, ComparesNamesInTheirCase) {
+    EXPECT_EQ(textsAfter(".topic  idh_aaab\r\nb\r\n"), (Texts{"old", "old", "old"}));
+}
+
+TEST(LoadTextEntries, LetsATopicWithoutASpaceEndTheCollection) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAB\r\nb\r\n.topic\r\nlost\r\n.topic  IDH_AAAC\r\nc\r\n"),
+              (Texts{"old", " b", " c"}));
+    EXPECT_EQ(textsAfter(".topicIDH_AAAB\r\nlost\r\n"), (Texts{"old", "old", "old"}));
+}
+
+TEST(LoadTextEntries, GivesLinesOfAnUnknownTopicToNone) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAB\r\nb\r\n.topic  IDH_ZZZZ\r\nlost\r\n.topic  IDH_AAAC\r\nc\r\n"),
+              (Texts{"old", " b", " c"}));
+}
+
+TEST(LoadTextEntries, PassesOverLinesBeforeTheFirstTopic) {
+    EXPECT_EQ(textsAfter("lost\r\n.topic  IDH_AAAB\r\nb"), (Texts{"old", " b", "old"}));
+}
+
+TEST(LoadTextEntries, LetsARepeatedTopicReplace) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAB\r\nfirst\r\n.topic  IDH_AAAB\r\nsecond\r\n"),
+              (Texts{"old", " second", "old"}));
+}
+
+TEST(LoadTextEntries, GivesATopicWithoutLinesAnEmptyText) {
+    EXPECT_EQ(textsAfter(".topic  IDH_AAAB\r\n.topic  IDH_AAAC\r\n"), (Texts{"old", "", ""}));
+}
+
+TEST(LoadTextEntries, GivesANameToItsFirstEntry) {
+    auto index = indexOf({"IDH_X", "IDH_X", "IDH_AAAA", ""});
+    readTextEntries(".topic  IDH_X\r\nx\r\n.topic  IDH_AAAA\r\nd\r\n.topic  IDH_X\r\ny\r\n", index);
+    EXPECT_EQ(index.entries[0].HelpText, " d");
+    EXPECT_EQ(index.entries[1].HelpText, " y");
+    EXPECT_EQ(index.entries[2].HelpText, "old");
+    EXPECT_EQ(index.entries[3].HelpText, "old");
+    EXPECT_EQ(index.entries[4].HelpText, "old");
+}
+
+TEST(LoadTextEntries, FindsTopicsInAnyOrder) {
+    auto index = indexOf({"IDH_C", "IDH_A", "IDH_B", "IDH_A"});
+    readTextEntries(".topic IDH_B\r\nb\r\n.topic IDH_A\r\na\r\n.topic IDH_C\r\nc\r\n.topic IDH_A\r\nA\r\n",
+                    index);
+    EXPECT_EQ(index.entries[1].HelpText, " c");
+    EXPECT_EQ(index.entries[2].HelpText, " A");
+    EXPECT_EQ(index.entries[3].HelpText, " b");
+    EXPECT_EQ(index.entries[4].HelpText, "old");
+}
+
+TEST(LoadTextEntries, JoinsPairsOfSpacesInOnePass) {
+    EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\na  b   c    d\r\n")[1], " a b  c  d");
+    EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\na\r\n\r\nb\r\n")[1], " a b");
+    EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\na\r\n\r\n\r\nb\r\n")[1], " a  b");
+}
+
+TEST(LoadTextEntries, ChangesNothingForAFileThatCannotBeRead) {
+    const TemporaryFolder folder;
+    auto index = indexOf({"IDH_AAAB"});
+    LoadTextEntries((folder.path() / "none").string(), index);
+    LoadTextEntries(folder.path().string(), index);
+    EXPECT_EQ(index.entries[1].HelpText, "old");
+}
+
+TEST(SaveTextFile, WritesATopicForEveryEntryOfItsOwnName) {
+    auto index = indexOf({"IDH_AAAB", "IDH_AAAA", "", "IDH_AAAC"});
+    index.entries[0].HelpText = "No help.\r\n";
+    index.entries[1].HelpText = " Saves.";
+    EXPECT_EQ(saved(index), ".topic  IDH_AAAA\r\nNo help.\r\n\r\n.topic  IDH_AAAB\r\n Saves.\r\n"
+                            ".topic  IDH_AAAC\r\nold\r\n");
+}
+
+TEST(SaveTextFile, WritesOnlyTheDefaultTopicWithoutControls) {
+    EXPECT_EQ(saved(indexOf({})), ".topic  IDH_AAAA\r\nold\r\n");
+}
+
+TEST(SaveTextFile, LeavesTheOldTextsAloneWhenItFails) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.txt", "texts");
+    std::filesystem::permissions(path, std::filesystem::perms(0444));
+    EXPECT_FALSE(SaveTextFile(path.string(), indexOf({})));
+    EXPECT_EQ(folder.read("a.txt"), "texts");
+    EXPECT_FALSE(SaveTextFile(folder.path().string(), indexOf({})));
+    EXPECT_FALSE(SaveTextFile((folder.path() / "none" / "a.txt").string(), indexOf({})));
+    EXPECT_EQ(folder.names().size(), 1U);
+}
+
+TEST(TextFile, IsTheSameWhenWrittenAgain) {
+    std::mt19937 random(11);
+    const std::string words[] = {"Saves", "the", "file.", ".", "\xE4", "topic", "  ", "IDH_AAAB", "\t"};
+    for (int run = 0; run < 8; ++run) {
+        auto index = indexOf({"IDH_AAAB", "IDH_AAAC", "IDH_AAAD"});
+        for (auto& entry : index.entries) {
+            entry.HelpText.clear();
+            for (auto count = random() % 6; count > 0; --count) entry.HelpText += " " + words[random() % 9];
+        }
+        // What was read once is in the form that a file can hold, all but the last topic's blanks.
+        const auto first = saved(index);
+        readTextEntries(first, index);
+        for (int i = 0; i < 8; ++i) readTextEntries(saved(index), index); // runs of spaces get shorter
+        const auto settled = saved(index);
+        readTextEntries(settled, index);
+        EXPECT_EQ(saved(index), settled);
+    }
+}
+
+} // namespace
+} // namespace corvelle::indexer

@@ -1,0 +1,32 @@
+#include "forms/headless/headless_desktop.h"
+#include "indexer/windows/show_file_dialog.h"
+
+#include <gtest/gtest.h>
+
+namespace corvelle::indexer {
+namespace {
+
+TEST(ShowFileDialog, AsksForAFileToSaveInto) {
+    forms::HeadlessDesktop desktop;
+    forms::CommonDialog dialog(desktop);
+    desktop.chooseNextFile("C:\\p\\b.h");
+    EXPECT_EQ(ShowFileDialog("Header file(*.h)|*.h", "C:\\p\\", "a.h", dialog), "C:\\p\\b.h");
+    ASSERT_EQ(desktop.fileDialogs().size(), 1U);
+    const auto& shown = desktop.fileDialogs().front();
+    EXPECT_TRUE(shown.save);
+    EXPECT_EQ(shown.filter, "Header file(*.h)|*.h");
+    EXPECT_EQ(shown.initDir, "C:\\p\\");
+    EXPECT_EQ(shown.fileName, "a.h");
+    EXPECT_EQ(shown.flags, 8194);
+    EXPECT_TRUE(dialog.cancelError);
+}
+
+TEST(ShowFileDialog, GivesNothingWhenItIsCancelled) {
+    forms::HeadlessDesktop desktop;
+    forms::CommonDialog dialog(desktop);
+    desktop.cancelNextFile();
+    EXPECT_EQ(ShowFileDialog("", "", "a.h", dialog), "");
+}
+
+} // namespace
+} // namespace corvelle::indexer
