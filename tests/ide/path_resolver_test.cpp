@@ -10,18 +10,18 @@ namespace fs = std::filesystem;
 using test::TemporaryFolder;
 
 TEST(PathInProject, TurnsBackslashes) {
-    EXPECT_EQ(pathInProject("dir", "..\\Shared\\x.bas"), fs::path("dir/../Shared/x.bas"));
+    EXPECT_EQ(pathInProject("dir", "..\\Common\\x.bas"), fs::path("dir/../Common/x.bas"));
     EXPECT_EQ(pathInProject("", "a\\x.bas"), fs::path("a/x.bas"));
 }
 
 TEST(PathResolver, FindsFilesWithBackslashesInTheirPaths) {
     const TemporaryFolder folder;
-    folder.write("Shared/X.bas", "");
+    folder.write("Common/X.bas", "");
     folder.write("App/p.vbp", "");
     PathResolver resolver;
     const auto app = folder.path() / "App";
-    EXPECT_TRUE(fs::equivalent(*resolver.resolve(app, "..\\Shared\\X.bas"), folder.path() / "Shared/X.bas"));
-    EXPECT_TRUE(fs::equivalent(*resolver.resolve(app, "..\\SHARED\\x.BAS"), folder.path() / "Shared/X.bas"));
+    EXPECT_TRUE(fs::equivalent(*resolver.resolve(app, "..\\Common\\X.bas"), folder.path() / "Common/X.bas"));
+    EXPECT_TRUE(fs::equivalent(*resolver.resolve(app, "..\\COMMON\\x.BAS"), folder.path() / "Common/X.bas"));
     EXPECT_EQ(resolver.resolve(app, "X.bas"), std::nullopt);
     EXPECT_EQ(resolver.resolve(app, ""), std::nullopt);
 }
@@ -64,12 +64,12 @@ TEST(PathResolver, FoldsAsciiLettersOnly) {
 
 TEST(PathResolver, GoesOutsideTheFolder) {
     const TemporaryFolder folder;
-    folder.write("Shared/X.bas", "");
+    folder.write("Common/X.bas", "");
     folder.write("App/p.vbp", "");
-    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", "..\\SHARED\\x.bas"),
-              folder.path() / "App/../Shared/X.bas");
-    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", ".\\..\\\\Shared\\X.bas"),
-              folder.path() / "App/../Shared/X.bas");
+    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", "..\\COMMON\\x.bas"),
+              folder.path() / "App/../Common/X.bas");
+    EXPECT_EQ(PathResolver().resolve(folder.path() / "App", ".\\..\\\\Common\\X.bas"),
+              folder.path() / "App/../Common/X.bas");
 }
 
 TEST(PathResolver, FindsSymbolicLinks) {
