@@ -92,7 +92,7 @@ void FrmFormatter::runAlone(const std::function<void()>& command) {
         } ended{busy_};
         run(command);
     }
-    close(std::exchange(closing_, Closing::None));
+    leave(std::exchange(closing_, Closing::None));
 }
 
 bool FrmFormatter::mustClose() const {
@@ -111,10 +111,10 @@ void FrmFormatter::doEvents() {
 // Closing
 
 void FrmFormatter::CmdClose_Click() {
-    close(Closing::Wizard);
+    leave(Closing::Wizard);
 }
 
-void FrmFormatter::close(Closing what) {
+void FrmFormatter::leave(Closing what) {
     if (what == Closing::None) return;
     const auto page = FrmCalled.lock();
     if (what == Closing::Wizard && page && page->isLoaded()) {

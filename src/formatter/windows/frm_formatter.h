@@ -136,7 +136,7 @@ class FrmFormatter : public forms::Form, private PassObserver {
     // Commands that must not meet one another
     void runAlone(const std::function<void()>& command);
     bool mustClose() const;
-    void close(Closing what);
+    void leave(Closing what);
     bool confirmExit();
     void objectNotSet();
 

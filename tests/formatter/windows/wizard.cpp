@@ -16,6 +16,7 @@ void ScriptedDesktop::runModal(forms::Form& form) {
 
 std::optional<std::string> ScriptedDesktop::chooseFile(const forms::CommonDialog& dialog, bool save) {
     if (everyFile) chooseNextFile(*everyFile);
+    if (inFileDialog) inFileDialog();
     return HeadlessDesktop::chooseFile(dialog, save);
 }
 

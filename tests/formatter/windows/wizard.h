@@ -24,6 +24,7 @@ class ScriptedDesktop : public forms::HeadlessDesktop {
     bool alwaysYes = false; ///< yes to every question
     std::function<void(forms::Form&)> inEveryModal;
     std::optional<std::string> everyFile; ///< the choice in every file dialog
+    std::function<void()> inFileDialog;   ///< runs while one is open
 
     void runModal(forms::Form& form) override;
     std::optional<std::string> chooseFile(const forms::CommonDialog& dialog, bool save) override;
