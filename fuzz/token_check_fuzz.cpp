@@ -70,7 +70,8 @@ std::vector<std::string> plainTokens(const std::vector<std::string>& lines, bool
             std::size_t i = 0;
             bool apart = true;
             if (inComment) {
-                if (withComments) tokens.push_back("'" + trimmed(line));
+                // An empty line of a comment that goes on says nothing: it may go.
+                if (withComments && !trimmed(line).empty()) tokens.push_back("'" + trimmed(line));
                 i = line.size();
             }
             while (i < line.size()) {

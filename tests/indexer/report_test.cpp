@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <regex>
 
 namespace corvelle::indexer {
 namespace {
@@ -107,8 +108,8 @@ TEST(GeneralDate, IsWrittenAsTheSystemDoes) {
 }
 
 TEST(GeneralDate, TellsTheCurrentTime) {
-    EXPECT_THAT(currentDateAndTime(),
-                testing::ContainsRegex("^[0-9]+/[0-9]+/20[0-9][0-9] [0-9]+:[0-9][0-9]:"));
+    const std::regex form("[0-9]+/[0-9]+/20[0-9][0-9] [0-9]+:[0-9][0-9]:[0-9][0-9] [AP]M");
+    EXPECT_TRUE(std::regex_match(currentDateAndTime(), form)) << currentDateAndTime();
 }
 
 } // namespace

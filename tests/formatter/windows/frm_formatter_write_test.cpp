@@ -179,6 +179,17 @@ TEST_F(AddToModule, KeepsBothTextsWhereTheNewLinesCannotBeTakenOut) {
     });
 }
 
+TEST_F(AddToModule, WritesNothingAtAllWhereTheOldCodeCannotBeDeleted) {
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        calls.failForGood("CodeModule.DeleteLines", 1, disaster);
+        addInVain(dialog);
+        leaveAnyway(dialog);
+    });
+    EXPECT_EQ(code(), sample());
+    EXPECT_EQ(calls.count("CodeModule.InsertLines"), 0);
+}
+
 TEST_F(AddToModule, AFailureIsNotTakenForAdded) {
     inDialog([&](FrmFormatter& dialog) {
         format(dialog);

@@ -181,7 +181,7 @@ TEST_F(SelectionPage, AsksNothingBeforeFormattingAnotherModule) {
 TEST_F(SelectionPage, OnePressOfNextOpensOneDialog) {
     inDialog([&](FrmFormatter&) {
         page().show(); // the menu command again
-        desktop.click(page().CmdNext);
+        page().CmdNext.userClicked();
         EXPECT_EQ(desktop.modals().size(), 1U);
     });
 }

@@ -16,12 +16,18 @@ class Interrupted : public Wizard {
     ~Interrupted() override {
         EXPECT_EQ(manager->page, nullptr);
         EXPECT_TRUE(desktop.windows().empty()); // nothing has come back
+        if (gone) {
+            EXPECT_FALSE(gone->isLoaded());
+        }
         EXPECT_TRUE(code() == sample() || code() == formattedSample());
     }
 
     /// Answers the next box after the add-in has been disconnected behind it.
     void disconnectBehindBox(int answer) {
-        desktop.answerNextBox(answer, [this] { manager->disconnect(); });
+        desktop.answerNextBox(answer, [this] {
+            gone = manager->page;
+            manager->disconnect();
+        });
     }
     /// Opens the dialog and holds it for the test.
     void open(const DialogAction& action) {
@@ -35,6 +41,7 @@ class Interrupted : public Wizard {
     }
 
     std::shared_ptr<FrmFormatter> dialog;
+    std::shared_ptr<frmMain> gone; ///< the page that was disconnected behind a box
 };
 
 TEST_F(Interrupted, ByADisconnectionThePageGoes) {
@@ -76,6 +83,7 @@ TEST_F(Interrupted, ByADisconnectionTheDialogGoesAlong) {
         manager->disconnect();
         EXPECT_FALSE(dialog.isLoaded());
     });
+    EXPECT_FALSE(manager->flashed);
 }
 
 TEST_F(Interrupted, TheDialogAsksBeforeItGoesAlong) {
@@ -97,6 +105,24 @@ TEST_F(Interrupted, TheDialogCanFinishItsWorkWithoutThePage) {
         EXPECT_EQ(code(), formattedSample());
         EXPECT_TRUE(desktop.click(dialog.CmdClose));
     });
+}
+
+TEST_F(Interrupted, TheDialogLeftOverClosesNoPageButItsOwn) {
+    std::shared_ptr<frmMain> next;
+    open([&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.answerNextBox(no);
+        manager->disconnect();
+        showPage(); // connected again
+        next = manager->page;
+        desktop.answerNextBox(yes);
+        desktop.click(dialog.CmdClose);
+        EXPECT_FALSE(dialog.isLoaded());
+        EXPECT_EQ(manager->page, next);
+        manager->page.reset();
+    });
+    EXPECT_TRUE(next->visible());
+    next->unload();
 }
 
 TEST_F(Interrupted, BehindTheQuestionWhetherToExit) {

@@ -27,6 +27,8 @@ int ScriptedDesktop::showMessageBox(const std::string& text, int flags, const st
 
 void FakeManager::Hide() {
     ++hides;
+    const auto last = made.lock();
+    if (last && last->visible()) flashed = true;
     if (const auto shown = std::exchange(page, nullptr)) shown->unload();
 }
 
@@ -56,6 +58,7 @@ void Session::showPage() {
         manager->page = std::make_shared<frmMain>(desktop);
         manager->page->VBInstance = ide;
         manager->page->ThisAddInMgr = manager;
+        manager->made = manager->page;
     }
     manager->page->show();
 }

@@ -38,6 +38,9 @@ class FakeManager : public AddInManager {
   public:
     std::shared_ptr<frmMain> page;
     int hides = 0;
+    /// Whether the page could be seen in any call of Hide that was not the user's own.
+    bool flashed = false;
+    std::weak_ptr<frmMain> made; ///< the page made last
 
     void Hide() override;
     /// What a disconnection does.

@@ -223,6 +223,26 @@ TEST(WhileYielding, AQuitEndsAPassAndCompletesAWriteBack) {
                  });
 }
 
+TEST(WhileYielding, AQuitStopsThePassAtTheNextLine) {
+    Yielding session;
+    EXPECT_TRUE(session.press(
+        false, 12, [](Yielding& s) { s.desktop.quit(); }, // 8 lines, the indicator's stop, the third line
+        [](Yielding& s) {
+            EXPECT_EQ(Yielding::picture(*s.dialog), 0);
+            EXPECT_EQ(s.dialog->lineBuffer().line(2), "Dim n As Long ' count");
+        }));
+}
+
+TEST(WhileYielding, ACloseOrAQuitEndsTheReadingAtTheNextLine) {
+    for (const bool quit : {false, true}) {
+        Yielding session;
+        EXPECT_TRUE(session.press(
+            false, 2,
+            [quit](Yielding& s) { quit ? s.desktop.quit() : void(s.desktop.click(s.dialog->CmdBack)); },
+            [](Yielding& s) { EXPECT_EQ(s.calls.count("CodeModule.Lines"), 3); })); // the second is empty
+    }
+}
+
 TEST(WhileYielding, AQuitWhileClosingIsEnoughOfAnAnswer) {
     atEveryYield(
         [](Yielding& s) {
