@@ -130,7 +130,7 @@ bool frmMain::confirmRepetition() {
 void frmMain::FormatterClosed(const std::string& backupDir) {
     BackupDir_ = backupDir;
     formatter_.reset();
-    if (isLoaded() && !closing_ && !desktop().isQuitting()) show();
+    if (!closing_ && !desktop().isQuitting()) show();
 }
 
 // About, closing
