@@ -67,11 +67,15 @@ class CreateIndex : public testing::Test {
     Observer observer;
 };
 
-// How many files this process has open, where the system tells.
+// How many files this process has open, where the system tells; Wine would tell of its own as well.
 std::ptrdiff_t openFiles() {
+#ifdef _WIN32
+    return 0;
+#else
     std::error_code ignored;
     const std::filesystem::directory_iterator files("/proc/self/fd", ignored);
     return std::distance(begin(files), end(files));
+#endif
 }
 
 const std::string exampleHeader =
