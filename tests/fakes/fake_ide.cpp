@@ -58,16 +58,18 @@ std::int32_t FakeCodeModule::CountOfLines() {
 }
 
 bool FakeCodeModule::hasLines(std::int32_t start, std::int32_t count) const {
-    return start >= 1 && count >= 1 && static_cast<std::size_t>(start - 1 + count) <= lines.size();
+    const auto size = static_cast<std::int32_t>(lines.size());
+    return start >= 1 && count >= 1 && start <= size && count <= size - start + 1;
 }
 
 std::string FakeCodeModule::Lines(std::int32_t start, std::int32_t count) {
     calls_->enter("CodeModule.Lines", numbers(start, count));
     if (!hasLines(start, count)) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     std::string text;
-    for (std::int32_t i = 0; i < count; ++i) {
-        if (i > 0) text += "\r\n";
-        text += lines[static_cast<std::size_t>(start - 1 + i)];
+    const auto first = lines.begin() + (start - 1);
+    for (auto line = first; line != first + count; ++line) {
+        if (line != first) text += "\r\n";
+        text += *line;
     }
     return text;
 }
