@@ -1,0 +1,111 @@
+#pragma once
+
+#include "forms/combo_box.h"
+#include "forms/command_button.h"
+#include "forms/form.h"
+#include "forms/frame.h"
+#include "forms/label.h"
+#include "forms/surface.h"
+#include "forms/text_box.h"
+#include "ide/vbe.h"
+#include "indexer/message.h"
+#include "indexer/project_info.h"
+#include "indexer/windows/text_entry_editor.h"
+#include "ui/indicator.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace corvelle::indexer {
+
+class AddInManager;
+
+/// The editor for the text entries of an index that was made earlier: opens its indexer project file, and
+/// saves the text file and, after a Set Default or Delete, the configuration file. While a command is under
+/// way, which may yield, the others do nothing and a close waits.
+class FrmTxt : public forms::Form {
+  public:
+    explicit FrmTxt(forms::Desktop& desktop);
+
+    /// Keeps the IDE object and the connect object, of which the latter is told when the window has gone, and
+    /// shows the window.
+    void ShowTextEdit(const std::shared_ptr<ide::VBE>& refInst,
+                      const std::shared_ptr<AddInManager>& refClass);
+
+    // Controls, in tab order.
+
+    forms::Label lblSubtitle{*this, "lblSubtitle"};
+    forms::Label lblInfo{*this, "lblInfo"};
+    forms::Label lblProject{*this, "lblProject"};
+    /// The project file's path.
+    forms::TextBox Text1{*this, "Text1"};
+    forms::CommandButton Command2{*this, "Command2"};
+    /// What was read from the project file.
+    forms::TextBox txtPrj{*this, "txtPrj"};
+    forms::Frame Frame1{*this, "Frame1"};
+    forms::Label lblDesigner{*this, "lblDesigner", &Frame1};
+    forms::ComboBox cboDsr{*this, "cboDsr", &Frame1};
+    forms::Label lblControl{*this, "lblControl", &Frame1};
+    forms::ComboBox CboCtl{*this, "CboCtl", &Frame1};
+    forms::Label lblTypeIs{*this, "lblTypeIs", &Frame1};
+    forms::Label LblType{*this, "LblType", &Frame1};
+    forms::Label lblIDIs{*this, "lblIDIs", &Frame1};
+    forms::Label LblID{*this, "LblID", &Frame1};
+    forms::Label lblHelp{*this, "lblHelp", &Frame1};
+    forms::TextBox txtHelp{*this, "txtHelp", &Frame1};
+    forms::CommandButton CmdDef{*this, "CmdDef", &Frame1};
+    forms::CommandButton CmdDel{*this, "CmdDel", &Frame1};
+    /// The status line.
+    forms::Label Lblstat{*this, "Lblstat"};
+    forms::Surface IndicSurface{*this, "Indic"};
+    ui::Indicator Indic{desktop(), IndicSurface};
+    forms::CommandButton CmdProc{*this, "CmdProc"};
+    forms::CommandButton CmdClose{*this, "CmdClose"};
+
+    /// Lets the user choose a new text file for the index, and loads it.
+    void NewText();
+    /// Tells whether the window is ready, and if so loads the index.
+    void ChkStatus();
+
+    /// Whether nothing has been typed since the index was loaded or saved.
+    bool saved() const { return saved_; }
+    const HelpIndex& index() const { return editor_.index(); }
+
+  protected:
+    void design() override;
+    void Form_Load() override;
+    void Form_QueryUnload(bool& cancel, forms::UnloadMode mode) override;
+    void Form_Unload(bool& cancel) override;
+
+  private:
+    void Command2_Click();
+    void CmdProc_Click();
+    void CmdClose_Click() { unload(); }
+    void txtHelp_KeyPress() { saved_ = false; }
+    void txtHelp_Change();
+
+    void runAlone(const std::function<void()>& command);
+    bool mustClose() const;
+    void openProject(const std::string& path);
+    void showProject();
+    void checkStatus();
+    bool loadData();
+    void save();
+    void setStatus(std::string_view text);
+    int msgBox(const Message& message);
+    std::vector<std::string_view> filesToUpdate() const;
+
+    TextEntryEditor editor_;
+    std::shared_ptr<ide::VBE> VBInstance_;
+    std::weak_ptr<AddInManager> ThisMgr_;
+    std::string projectPath_; // of opened_
+    ProjectInfo opened_;      // the project that was opened last
+    ProjectInfo info_;        // the project whose index is being edited, with paths that can be reached
+    bool saved_ = true;
+    bool busy_ = false;    // a command is under way
+    bool closing_ = false; // a close waits for its end
+};
+
+} // namespace corvelle::indexer
