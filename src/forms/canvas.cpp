@@ -5,9 +5,12 @@
 namespace corvelle::forms {
 
 void Canvas::resize(int width, int height, Colour colour) {
-    width_ = std::max(width, 0);
-    height_ = std::max(height, 0);
-    pixels_.assign(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), colour);
+    width = std::max(width, 0);
+    height = std::max(height, 0);
+    // First what may fail: the size must never promise more pixels than there are.
+    pixels_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), colour);
+    width_ = width;
+    height_ = height;
 }
 
 void Canvas::clear(Colour colour) {

@@ -1,5 +1,6 @@
 #include "forms/surface.h"
 #include "forms/win32/control_windows.h"
+#include "forms/win32/draw_canvas.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/win32_desktop.h"
 
@@ -34,7 +35,7 @@ class SurfaceWindow : public ControlWindow {
             return ControlWindow::handle(message, wParam, lParam);
         PAINTSTRUCT paint;
         const HDC device = BeginPaint(window(), &paint);
-        draw(device, surface_.canvas());
+        drawCanvas(device, surface_.canvas(), {0, 0, surface_.canvas().width(), surface_.canvas().height()});
         EndPaint(window(), &paint);
         return 0;
     }
@@ -43,27 +44,6 @@ class SurfaceWindow : public ControlWindow {
     void sizeCanvas() {
         const RECT at = place();
         surface_.userResized(static_cast<int>(at.right), static_cast<int>(at.bottom));
-    }
-
-    static void draw(HDC device, const Canvas& canvas) {
-        if (canvas.width() == 0 || canvas.height() == 0) return;
-        struct {
-            BITMAPINFOHEADER header;
-            DWORD red, green, blue;
-        } format{};
-        format.header.biSize = sizeof format.header;
-        format.header.biWidth = canvas.width();
-        format.header.biHeight = -canvas.height(); // rows from the top
-        format.header.biPlanes = 1;
-        format.header.biBitCount = 32;
-        format.header.biCompression = BI_BITFIELDS;
-        format.red = 0x0000FF;
-        format.green = 0x00FF00;
-        format.blue = 0xFF0000;
-        SetDIBitsToDevice(device, 0, 0, static_cast<DWORD>(canvas.width()),
-                          static_cast<DWORD>(canvas.height()), 0, 0, 0, static_cast<UINT>(canvas.height()),
-                          canvas.pixels().data(), reinterpret_cast<const BITMAPINFO*>(&format),
-                          DIB_RGB_COLORS);
     }
 
     Surface& surface_;
