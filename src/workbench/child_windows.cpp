@@ -1,0 +1,79 @@
+#include "workbench/child_windows.h"
+
+#include "workbench/code_window.h"
+#include "workbench/designer_window.h"
+#include "workbench/resource.h"
+#include "workbench/window_procedure.h"
+
+#include <algorithm>
+
+namespace corvelle::workbench {
+
+void ChildWindows::create(HWND frame, HMENU windowMenu) {
+    CLIENTCREATESTRUCT wanted{windowMenu, IDM_FIRST_WINDOW};
+    client_ = CreateWindowExA(WS_EX_CLIENTEDGE, "MDICLIENT", "",
+                              WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_VSCROLL | WS_HSCROLL, 0, 0, 0, 0,
+                              frame, nullptr, GetModuleHandleA(nullptr), &wanted);
+}
+
+void ChildWindows::open(ChildWindow::Kind kind, workspace::Component& component) {
+    if (const auto* const child = find(kind, component)) {
+        if (IsIconic(child->window())) {
+            SendMessageA(client_, WM_MDIRESTORE, reinterpret_cast<WPARAM>(child->window()), 0);
+        }
+        SendMessageA(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(child->window()), 0);
+        return;
+    }
+    const auto gone = [this](ChildWindow& child) { closed(child); };
+    if (kind == ChildWindow::Kind::Code) {
+        windows_.push_back(std::make_unique<CodeWindow>(client_, component, gone));
+    } else {
+        windows_.push_back(std::make_unique<DesignerWindow>(client_, component, gone));
+    }
+}
+
+void ChildWindows::close(ChildWindow::Kind kind, const workspace::Component& component) {
+    if (const auto* const child = find(kind, component))
+        SendMessageA(client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(child->window()), 0);
+}
+
+void ChildWindows::closeAll() {
+    while (!windows_.empty()) {
+        SendMessageA(client_, WM_MDIDESTROY, reinterpret_cast<WPARAM>(windows_.back()->window()), 0);
+    }
+}
+
+ChildWindow* ChildWindows::find(ChildWindow::Kind kind, const workspace::Component& component) const {
+    const auto found = std::find_if(windows_.begin(), windows_.end(), [&](const auto& child) {
+        return child->kind() == kind && &child->component() == &component;
+    });
+    return found == windows_.end() ? nullptr : found->get();
+}
+
+ChildWindow* ChildWindows::active() const {
+    const LRESULT window = SendMessageA(client_, WM_MDIGETACTIVE, 0, 0);
+    return window == 0 ? nullptr : ownerOf<ChildWindow>(reinterpret_cast<HWND>(window));
+}
+
+ChildWindow* ChildWindows::activeCode() const {
+    for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
+         window = GetWindow(window, GW_HWNDNEXT)) {
+        const auto found = std::find_if(windows_.begin(), windows_.end(), [window](const auto& child) {
+            return child->window() == window && child->kind() == ChildWindow::Kind::Code;
+        });
+        if (found != windows_.end()) return found->get();
+    }
+    return nullptr;
+}
+
+void ChildWindows::tick() {
+    for (std::size_t i = 0; i < windows_.size(); ++i) windows_[i]->tick();
+}
+
+void ChildWindows::closed(const ChildWindow& child) {
+    windows_.erase(std::remove_if(windows_.begin(), windows_.end(),
+                                  [&child](const auto& one) { return one.get() == &child; }),
+                   windows_.end());
+}
+
+} // namespace corvelle::workbench

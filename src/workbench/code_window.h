@@ -1,0 +1,32 @@
+#pragma once
+
+#include "workbench/child_window.h"
+
+#include <string>
+
+namespace corvelle::workbench {
+
+/// Shows a component's code and lets the user type into it. Where the window cannot hold the code byte for
+/// byte, it can be read only.
+class CodeWindow : public ChildWindow {
+  public:
+    /// Opens the window.
+    CodeWindow(HWND client, workspace::Component& component, Closed closed);
+    void tick() override;
+
+  private:
+    HWND makeContent(HWND parent) override;
+    void notified(UINT code) override;
+    void show(std::string text);
+    void updateCaption();
+    void typed();
+
+    HWND edit_ = nullptr;
+    bool filling_ = false;
+    bool readOnly_ = false;
+    std::string name_;
+    std::string shown_;   // what the window holds
+    std::string arrived_; // what the module held at the last look, if that was something else
+};
+
+} // namespace corvelle::workbench
