@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "cli/binary_check.h"
 #include "cli/exit_status.h"
+#include "cli/line_ends.h"
 #include "cli/standard_streams.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/workspace.h"
@@ -34,22 +35,6 @@ using workspace::Workspace;
 
 bool isDesigner(ide::ComponentType type) {
     return type != ide::ComponentType::StdModule && type != ide::ComponentType::ClassModule;
-}
-
-// Text from the command line with the line ends of the indexer's files.
-std::string withFileLineEnds(std::string_view text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r')) result += '\r';
-        result += text[i];
-    }
-    return result;
-}
-
-// A message box's text on a terminal, where a carriage return breaks no line.
-std::string withTerminalLineEnds(std::string text) {
-    std::replace(text.begin(), text.end(), '\r', '\n');
-    return text;
 }
 
 // Prints each message, but one that is repeated only once.

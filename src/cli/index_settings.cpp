@@ -1,22 +1,12 @@
 #include "cli/index_settings.h"
 
-#include "base/text.h"
+#include "indexer/text_file.h"
 
 #include <algorithm>
 
 namespace corvelle::cli {
 
 namespace {
-
-// A line that the text file's reader would take for the beginning of a topic.
-bool holdsTopicLine(std::string_view text) {
-    while (!text.empty()) {
-        const auto end = std::min(text.find_first_of("\r\n"), text.size());
-        if (base::startsWithIgnoringCase(base::trimSpaces(text.substr(0, end)), ".topic")) return true;
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return false;
-}
 
 bool isEmpty(const std::optional<std::string>& path) {
     return path && path->empty();
@@ -45,7 +35,7 @@ std::string wrongUsage(const IndexSettings& settings) {
     if (settings.autoload && !settings.module) return "--autoload: needs --module";
     if (settings.replaceModule && !settings.module) return "--replace-module: needs --module";
     if (settings.defaultText && !settings.text) return "--default-text: needs --text";
-    if (settings.defaultText && holdsTopicLine(*settings.defaultText))
+    if (settings.defaultText && indexer::holdsTopicLine(*settings.defaultText))
         return "--default-text: a line that begins with .topic would begin another topic";
     const bool anyEmpty = settings.header.empty() || settings.config.empty() ||
                           isEmpty(settings.excludeList) || isEmpty(settings.moduleFile) ||

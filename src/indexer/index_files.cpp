@@ -60,9 +60,7 @@ std::vector<std::vector<std::size_t>> entriesOfDesigners(const HelpIndex& index)
     return result;
 }
 
-void writeIndexFiles(std::string_view configurationPath, std::string_view headerPath,
-                     const HelpIndex& index) {
-    base::OutputFile configuration(base::pathOf(configurationPath));
+void writeIndexFiles(base::FileWriter& configuration, std::string_view headerPath, const HelpIndex& index) {
     base::OutputFile header(base::pathOf(headerPath));
     std::int32_t number = defaultHelpContextID;
     writeDefine(header, defaultIDH, number);
@@ -76,7 +74,6 @@ void writeIndexFiles(std::string_view configurationPath, std::string_view header
             if (entry.IDHName != index.entries.front().IDHName) writeDefine(header, entry.IDHName, ++number);
         }
     }
-    configuration.close();
     header.close();
 }
 
@@ -103,7 +100,11 @@ Mappings readMappings(std::string_view bytes) {
 }
 
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index) {
-    return base::ignoringErrors([&] { writeIndexFiles(configurationPath, headerPath, index); });
+    return base::ignoringErrors([&] {
+        base::replaceFile(base::pathOf(configurationPath), [&](base::FileWriter& configuration) {
+            writeIndexFiles(configuration, headerPath, index);
+        });
+    });
 }
 
 } // namespace corvelle::indexer

@@ -24,7 +24,8 @@ Mappings LoadMappings(std::string_view path);
 Mappings readMappings(std::string_view bytes);
 
 /// Writes both files anew, with numbers from 1001 on in the order of designers, then entries; entries that
-/// are deleted are left out, those on the default topic get no number. False on any failure.
+/// are deleted are left out, those on the default topic get no number. False on any failure, after which the
+/// old configuration file is as it was.
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index);
 
 } // namespace corvelle::indexer

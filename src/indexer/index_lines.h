@@ -11,11 +11,25 @@ namespace corvelle::indexer {
 /// "#define IDH_AAAB  1001"
 void writeDefine(base::OutputFile& header, std::string_view idhName, std::int32_t number);
 
-/// "<P>frmMain</P>"
-void writeDesigner(base::OutputFile& configuration, std::string_view name);
+/// "<P>frmMain</P>"; the file is an OutputFile or a FileWriter.
+template <class File>
+void writeDesigner(File& configuration, std::string_view name) {
+    configuration.write("<P>");
+    configuration.write(name);
+    configuration.write("</P>\r\n");
+}
 
-/// "<C>cmdOK CommandButton IDH_AAAB</C>"
-void writeControl(base::OutputFile& configuration, std::string_view name, std::string_view className,
-                  std::string_view idhName);
+/// "<C>cmdOK CommandButton IDH_AAAB</C>"; the file as above.
+template <class File>
+void writeControl(File& configuration, std::string_view name, std::string_view className,
+                  std::string_view idhName) {
+    configuration.write("<C>");
+    configuration.write(name);
+    configuration.write(" ");
+    configuration.write(className);
+    configuration.write(" ");
+    configuration.write(idhName);
+    configuration.write("</C>\r\n");
+}
 
 } // namespace corvelle::indexer

@@ -18,6 +18,10 @@ namespace {
 
 constexpr std::size_t none = static_cast<std::size_t>(-1);
 
+bool beginsTopic(std::string_view trimmedLine) {
+    return base::startsWithIgnoringCase(trimmedLine, ".TOPIC");
+}
+
 // Finds entries by their names. Of several with one name the first one has it.
 class EntryNames {
   public:
@@ -58,17 +62,17 @@ class EntryNames {
 // Collects the lines of one topic after the other and stores them into the topics' entries.
 class TopicReader {
   public:
-    explicit TopicReader(HelpIndex& index) : index_(index), names_(index) {}
+    TopicReader(HelpIndex& index, LastDefault lastDefault)
+        : index_(index), names_(index), lastDefault_(lastDefault) {}
 
     void readLine(std::string_view line) {
-        if (base::startsWithIgnoringCase(line, ".TOPIC"))
+        if (beginsTopic(line))
             beginTopic(line);
         else if (entry_ != none)
             text_.append(1, ' ').append(line);
     }
-    // The text of a default topic that stands last stays away from its entry.
     void end() {
-        if (entry_ != 0) store();
+        if (entry_ != 0 || lastDefault_ == LastDefault::Read) store();
     }
 
   private:
@@ -84,6 +88,7 @@ class TopicReader {
 
     HelpIndex& index_;
     EntryNames names_;
+    LastDefault lastDefault_;
     std::size_t entry_ = none; // whose text is being collected
     std::string text_;
 };
@@ -103,12 +108,21 @@ void writeTopics(base::FileWriter& file, const HelpIndex& index) {
 
 } // namespace
 
-void LoadTextEntries(std::string_view path, HelpIndex& index) {
-    base::ignoringErrors([&] { readTextEntries(base::readFile(base::pathOf(path)), index); });
+void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault) {
+    base::ignoringErrors([&] { readTextEntries(base::readFile(base::pathOf(path)), index, lastDefault); });
 }
 
-void readTextEntries(std::string_view bytes, HelpIndex& index) {
-    TopicReader topics(index);
+bool holdsTopicLine(std::string_view text) {
+    while (!text.empty()) {
+        const auto end = std::min(text.find_first_of("\r\n"), text.size());
+        if (beginsTopic(base::trimSpaces(text.substr(0, end)))) return true;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return false;
+}
+
+void readTextEntries(std::string_view bytes, HelpIndex& index, LastDefault lastDefault) {
+    TopicReader topics(index, lastDefault);
     for (base::LineReader lines(bytes); lines.next();) topics.readLine(base::trimSpaces(lines.line()));
     topics.end();
 }

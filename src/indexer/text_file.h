@@ -8,12 +8,20 @@
 // lines that end in CR LF.
 namespace corvelle::indexer {
 
+/// What becomes of a default topic that stands last in its file. Who has another source for its text leaves
+/// it.
+enum class LastDefault { Ignored, Read };
+
 /// Reads the texts of a file into the entries of their topics' names; the others are left as they are. What
 /// an unreadable file gave up to its failure, without a word.
-void LoadTextEntries(std::string_view path, HelpIndex& index);
+void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault = LastDefault::Ignored);
 
 /// The same, of the file's bytes.
-void readTextEntries(std::string_view bytes, HelpIndex& index);
+void readTextEntries(std::string_view bytes, HelpIndex& index,
+                     LastDefault lastDefault = LastDefault::Ignored);
+
+/// Whether a line of the text would begin another topic in the file.
+bool holdsTopicLine(std::string_view text);
 
 /// Writes the default entry and all entries that have a topic of their own. False on any failure, after which
 /// the old file, and so its texts, is as it was.

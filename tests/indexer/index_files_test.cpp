@@ -166,6 +166,13 @@ TEST(SaveIndexFiles, TellsThatAFileCannotBeWritten) {
 #endif
 }
 
+TEST(SaveIndexFiles, LeavesTheOldConfigurationAloneWhenTheHeaderFails) {
+    const TemporaryFolder folder;
+    const auto configuration = folder.write("a.hcnf", "<P>frmMain</P>\r\n");
+    EXPECT_FALSE(SaveIndexFiles(configuration.string(), folder.path().string(), HelpIndex()));
+    EXPECT_EQ(folder.read("a.hcnf"), "<P>frmMain</P>\r\n");
+}
+
 TEST(IndexFiles, AreTheSameWhenWrittenAgain) {
     std::mt19937 random(7);
     for (int run = 0; run < 200; ++run) {

@@ -117,6 +117,24 @@ TEST(LoadTextEntries, ChangesNothingForAFileThatCannotBeRead) {
     EXPECT_EQ(index.entries[1].HelpText, "old");
 }
 
+TEST(LoadTextEntries, ReadsALastDefaultTopicWhereItIsTheOnlySource) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.txt", ".topic  IDH_AAAA\r\nNothing is known.\r\n").string();
+    auto index = indexOf({"IDH_AAAB"});
+    LoadTextEntries(path, index);
+    EXPECT_EQ(index.entries[0].HelpText, "old");
+    LoadTextEntries(path, index, LastDefault::Read);
+    EXPECT_EQ(index.entries[0].HelpText, " Nothing is known.");
+    EXPECT_EQ(index.entries[1].HelpText, "old");
+}
+
+TEST(TextFile, KnowsWhatWouldBeginAnotherTopic) {
+    for (const auto* text : {".topic", ".topic  IDH_AAAB", "a\r\n  .Topic x", "a\n.TOPICS", "a\r.topic"})
+        EXPECT_TRUE(holdsTopicLine(text)) << text;
+    for (const auto* text : {"", "a .topic", "topic", "\t.topic", "a\r\n\r\nb"})
+        EXPECT_FALSE(holdsTopicLine(text)) << text;
+}
+
 TEST(SaveTextFile, WritesATopicForEveryEntryOfItsOwnName) {
     auto index = indexOf({"IDH_AAAB", "IDH_AAAA", "", "IDH_AAAC"});
     index.entries[0].HelpText = "No help.\r\n";

@@ -1,0 +1,61 @@
+#include "indexer/existing_index.h"
+
+#include "base/file.h"
+#include "base/ignoring_errors.h"
+#include "base/path_text.h"
+#include "indexer/files.h"
+#include "indexer/index_files.h"
+#include "indexer/text_file.h"
+
+namespace corvelle::indexer {
+
+ProjectInfo withPathsFound(ProjectInfo info, std::string_view projectPath) {
+    const auto folder = base::pathOf(projectPath).parent_path();
+    for (const auto which : {slot::header, slot::configuration, slot::text}) {
+        const auto path = base::pathOf(info[which]);
+        if (info[which].empty() || !path.is_relative() || fileExists(info[which])) continue;
+        base::ignoringErrors([&] {
+            auto beside = base::textOf(folder / path);
+            if (fileExists(beside)) info[which] = std::move(beside);
+        });
+    }
+    return info;
+}
+
+bool indexFilesExist(const ProjectInfo& info) {
+    return fileExists(info[slot::configuration]) && fileExists(info[slot::text]);
+}
+
+Message indexFilesMissing() {
+    return {"Either Text  file or configuration file is invalid.You need to re generate them ",
+            forms::box::critical};
+}
+
+SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bool bFilesPrompted,
+                             const std::function<void(std::string_view)>& setStatus) {
+    const auto& textPath = info[slot::text];
+    SavedIndex result;
+    std::string oldTexts;
+    bool mustRestore = false;
+    if (bFilesPrompted) {
+        mustRestore = base::ignoringErrors([&] { oldTexts = base::readFile(base::pathOf(textPath)); });
+        setStatus("Status: Saving Configuration and Index file..");
+        result.indexFiles = SaveIndexFiles(info[slot::configuration], textPath, index);
+        setStatus(result.indexFiles ? "Status: Configuration and Index files saved.."
+                                    : "Status: Error while saving header or configuration file..");
+    }
+    setStatus("Status: Saving Text file..");
+    result.texts = SaveTextFile(textPath, index);
+    if (result.texts) {
+        result.message = {"File was saved successfully.", forms::box::information};
+        result.status = "Status: Text file saved..";
+    } else {
+        // Header lines in place of the texts would be the loss of all texts.
+        if (mustRestore) base::ignoringErrors([&] { base::writeFile(base::pathOf(textPath), oldTexts); });
+        result.message = {"Errors occured while saving file ..", forms::box::exclamation};
+        result.status = "Status: Error while saving text file..";
+    }
+    return result;
+}
+
+} // namespace corvelle::indexer
