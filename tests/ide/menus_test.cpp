@@ -32,6 +32,15 @@ TEST_F(MenusTest, AddsCommandsAtTheEnd) {
     EXPECT_EQ(menus.addIns().commands()[1]->caption(), "Two");
 }
 
+TEST_F(MenusTest, InsertsACommandBeforeAnother) {
+    addCommand()->setCaption("Last");
+    menus.addIns().insert(0)->setCaption("First");
+    EXPECT_EQ(menus.addIns().commands()[0]->caption(), "First");
+    EXPECT_EQ(menus.addIns().commands()[0]->menu().get(), &menus.addIns());
+    menus.addIns().commands()[0]->Delete();
+    EXPECT_EQ(menus.addIns().commands()[0]->caption(), "Last");
+}
+
 TEST_F(MenusTest, FindsItsOnlyMenuInAnyCase) {
     EXPECT_EQ(menus.Item("add-ins"), menus.Item("Add-Ins"));
     EXPECT_THROW(menus.Item("File"), RunTimeError);

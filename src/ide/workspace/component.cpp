@@ -78,7 +78,20 @@ std::shared_ptr<ide::VBForm> Component::Designer() {
 
 std::shared_ptr<ide::Window> Component::DesignerWindow() {
     if (!hasDesignerType(Type())) return nullptr;
-    return partOf<ide::Window>(whole_, form_);
+    designerWindow_.open();
+    return partOf<ide::Window>(whole_, designerWindow_);
+}
+
+DesignerWindow* Component::designerWindow() {
+    return hasDesignerType(Type()) ? &designerWindow_ : nullptr;
+}
+
+void Component::Activate() {
+    if (hasDesignerType(Type())) {
+        designerWindow_.SetFocus();
+    } else if (observer_) {
+        observer_->codeActivated(*this);
+    }
 }
 
 void Component::setName(std::string_view name) {

@@ -3,7 +3,9 @@
 #include "base/file.h"
 #include "ide/code_pane.h"
 #include "ide/vb_component.h"
+#include "ide/workspace/designer_window.h"
 #include "ide/workspace/edited_module.h"
+#include "ide/workspace/workspace_observer.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -43,10 +45,15 @@ class Component : public ide::VBComponent {
 
     /// The controls as the file has them; Nothing where it has no designer section.
     std::shared_ptr<ide::VBForm> Designer() override;
-    /// A window that nobody sees; Nothing for a module or class.
+    /// Opens the window, invisible, where it is not open; Nothing for a module or class.
     std::shared_ptr<ide::Window> DesignerWindow() override;
-    /// There is nothing to open.
-    void Activate() override {}
+    /// Shows its designer's window, or its code where it has no designer.
+    void Activate() override;
+    /// The designer's window, open or not; null for a module or class.
+    workspace::DesignerWindow* designerWindow();
+    /// Who is told; nobody with a null pointer.
+    void setObserver(WorkspaceObserver* observer) { observer_ = observer; }
+    WorkspaceObserver* observer() const { return observer_; }
 
     /// For a new module only, until it is saved; any other throws RunTimeError 438. Throws 380 for what is no
     /// name, 32813 for one that is taken.
@@ -96,15 +103,13 @@ class Component : public ide::VBComponent {
         std::uint32_t index_;
     };
 
-    class Form : public ide::VBForm, public ide::VBControls, public ide::Window {
+    class Form : public ide::VBForm, public ide::VBControls {
       public:
         explicit Form(Component& component) : component_(component) {}
 
         std::shared_ptr<ide::VBControls> VBControls() override;
         std::int32_t Count() override;
         std::shared_ptr<ide::VBControl> Item(std::int32_t index) override;
-        void SetFocus() override {}
-        void Close() override {}
 
       private:
         Component& component_;
@@ -131,6 +136,8 @@ class Component : public ide::VBComponent {
     Code code_{*this};
     Pane pane_{*this};
     Form form_{*this};
+    workspace::DesignerWindow designerWindow_{*this};
+    WorkspaceObserver* observer_ = nullptr;
 };
 
 } // namespace corvelle::workspace

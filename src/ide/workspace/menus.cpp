@@ -4,6 +4,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace corvelle::workspace {
 
@@ -33,8 +34,13 @@ void MenuCommand::Execute() {
 }
 
 std::shared_ptr<ide::CommandBarControl> Menu::Add(ide::CommandBarControlType) {
-    commands_.push_back(std::make_shared<MenuCommand>(weak_from_this()));
-    return commands_.back();
+    return insert(commands_.size());
+}
+
+std::shared_ptr<MenuCommand> Menu::insert(std::size_t index) {
+    auto command = std::make_shared<MenuCommand>(weak_from_this());
+    commands_.insert(std::next(commands_.begin(), static_cast<std::ptrdiff_t>(index)), command);
+    return command;
 }
 
 Menus::Menus() : menus_{std::make_shared<Menu>("Add-Ins")} {}

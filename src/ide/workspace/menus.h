@@ -3,6 +3,7 @@
 #include "ide/command_bars.h"
 #include "ide/events.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,6 +21,15 @@ class MenuCommand : public ide::CommandBarControl, public std::enable_shared_fro
 
     const std::string& caption() const { return caption_; }
     void setCaption(std::string_view caption) override { caption_ = caption; }
+    bool isVisible() const { return visible_; }
+    void setVisible(bool visible) { visible_ = visible; }
+    bool isEnabled() const { return enabled_; }
+    void setEnabled(bool enabled) { enabled_ = enabled; }
+    /// A note of its owner.
+    const std::string& tag() const { return tag_; }
+    void setTag(std::string_view tag) { tag_ = tag; }
+    /// The menu that it is on; null once it is on none.
+    std::shared_ptr<Menu> menu() const { return menu_.lock(); }
     /// Throws RunTimeError 91 when it is on no menu any more.
     void Delete() override;
     /// What a click of the user does: every source of its clicks that is still held tells its handler.
@@ -29,7 +39,8 @@ class MenuCommand : public ide::CommandBarControl, public std::enable_shared_fro
     friend class MenuEvents;
 
     std::weak_ptr<Menu> menu_;
-    std::string caption_;
+    std::string caption_, tag_;
+    bool visible_ = true, enabled_ = true;
     std::vector<std::weak_ptr<MenuClicks>> listeners_;
 };
 
@@ -53,6 +64,8 @@ class Menu : public ide::CommandBar,
     const std::string& name() const { return name_; }
     std::shared_ptr<ide::CommandBarControls> Controls() override { return shared_from_this(); }
     std::shared_ptr<ide::CommandBarControl> Add(ide::CommandBarControlType type) override;
+    /// Adds a command in front of the one of that index, at the end for their number.
+    std::shared_ptr<MenuCommand> insert(std::size_t index);
 
     const std::vector<std::shared_ptr<MenuCommand>>& commands() const { return commands_; }
 

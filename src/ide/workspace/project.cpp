@@ -26,6 +26,16 @@ std::shared_ptr<ide::VBComponents> Project::VBComponents() {
     return partOf<ide::VBComponents>(whole_, collection_);
 }
 
+void Project::add(std::unique_ptr<Component> component) {
+    component->setObserver(observer_);
+    components_.push_back(std::move(component));
+}
+
+void Project::setObserver(WorkspaceObserver* observer) {
+    observer_ = observer;
+    for (const auto& component : components_) component->setObserver(observer);
+}
+
 void Project::setFile(std::string bytes, const base::FileStamp& stamp) {
     bytes_ = std::move(bytes);
     stamp_ = stamp;

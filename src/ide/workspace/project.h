@@ -29,7 +29,9 @@ class Project : public ide::VBProject {
     std::shared_ptr<ide::VBComponents> VBComponents() override;
 
     const std::vector<std::unique_ptr<Component>>& components() const { return components_; }
-    void add(std::unique_ptr<Component> component) { components_.push_back(std::move(component)); }
+    void add(std::unique_ptr<Component> component);
+    /// Who is told of its components, new ones included; nobody with a null pointer.
+    void setObserver(WorkspaceObserver* observer);
     /// Whether the name is the project's, or a component's other than the given one, letter case aside. Of
     /// components that could not be read the names in the project's file count.
     bool hasName(std::string_view name, const Component& except) const;
@@ -75,6 +77,7 @@ class Project : public ide::VBProject {
     };
     std::vector<Unread> unread_;
     std::vector<std::unique_ptr<Component>> components_;
+    WorkspaceObserver* observer_ = nullptr;
     Components collection_{*this};
 };
 

@@ -95,6 +95,10 @@ std::shared_ptr<ide::CodePane> Workspace::ActiveCodePane() {
     return shown_ ? shown_->CodePane() : nullptr;
 }
 
+void Workspace::setObserver(WorkspaceObserver* observer) {
+    for (const auto& project : projects_) project->setObserver(observer);
+}
+
 std::shared_ptr<ide::CommandBars> Workspace::CommandBars() {
     return partOf<ide::CommandBars>(weak_from_this(), menus_);
 }

@@ -39,6 +39,9 @@ class Workspace : public ide::VBE, public std::enable_shared_from_this<Workspace
     std::shared_ptr<ide::CodePane> ActiveCodePane() override;
     /// Shows the code of one of its components; of none with a null pointer.
     void setActiveCodePane(Component* component) { shown_ = component; }
+    /// Who shows what the workspace has no windows for; nobody with a null pointer. It must outlive the
+    /// workspace or be taken away.
+    void setObserver(WorkspaceObserver* observer);
     std::shared_ptr<ide::CommandBars> CommandBars() override;
     std::shared_ptr<ide::Events> Events() override;
 
