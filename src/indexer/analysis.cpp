@@ -34,7 +34,7 @@ void Analysis::ResetCounts() {
     mdiForms_ = 0;
 }
 
-void Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
+bool Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
                               IndexerObserver& observer) {
     ResetCounts();
     selected_.clear();
@@ -51,13 +51,17 @@ void Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, co
     observer.captionsChanged(captions_);
 
     totalControls_ = 0;
-    for (const auto& component : selected_) countControls(*component, observer);
+    for (const auto& component : selected_) {
+        countControls(*component, observer);
+        if (observer.isStopped()) return false;
+    }
     captions_.lblControls = "Total Controls: " + std::to_string(totalControls_);
     ignoringErrors([&] {
         captions_.lblPrjStat =
             std::string("Project has been saved: ") + (required(project).IsDirty() ? "False" : "True");
     });
     observer.captionsChanged(captions_);
+    return true;
 }
 
 void Analysis::takeComponent(const std::shared_ptr<ide::VBComponent>& component,
@@ -98,13 +102,20 @@ void Analysis::setCountCaptions() {
 }
 
 void Analysis::countControls(ide::VBComponent& component, IndexerObserver& observer) {
-    observer.doEvents();
+    const auto goesOn = [&observer] {
+        observer.doEvents();
+        return !observer.isStopped();
+    };
+    if (!goesOn()) return;
     ignoringErrors([&] { component.Activate(); });
-    observer.doEvents();
-    ignoringErrors([&] { required(component.DesignerWindow()).SetFocus(); });
-    observer.doEvents();
-    ignoringErrors(
-        [&] { add(totalControls_, required(required(component.Designer()).VBControls()).Count()); });
+    if (goesOn()) {
+        ignoringErrors([&] { required(component.DesignerWindow()).SetFocus(); });
+        if (goesOn()) {
+            ignoringErrors(
+                [&] { add(totalControls_, required(required(component.Designer()).VBControls()).Count()); });
+        }
+    }
+    // Nor does an analysis that was stopped leave the window it has opened.
     ignoringErrors([&] { required(component.DesignerWindow()).Close(); });
 }
 

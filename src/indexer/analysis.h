@@ -15,8 +15,9 @@ namespace corvelle::indexer {
 class Analysis {
   public:
     /// Counts the project's designers and controls and selects the designers by the options. Errors are
-    /// ignored: what fails counts nothing, and a caption that needs it stays as it was.
-    void analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
+    /// ignored: what fails counts nothing, and a caption that needs it stays as it was. False if the observer
+    /// stopped it, which leaves the number of controls unsaid.
+    bool analyseProject(const std::shared_ptr<ide::VBProject>& project, const IndexOptions& options,
                         IndexerObserver& observer);
 
     const AnalysisCaptions& captions() const { return captions_; }

@@ -46,10 +46,15 @@ class Creation {
     bool mapsIDs() const { return job_.options.ChkIDMap == 1; }
     bool autoLoads() const { return job_.options.ChkAutoLoad == 1; }
 
+    void append(std::string_view line) {
+        report_.append(line);
+        observer_.reportChanged(report_);
+    }
+
     IndexOutcome create() {
         ResetIDGen();
         report_.AddOptions_Rpt(job_.options);
-        report_.append("***** Indexing Started *******");
+        append("***** Indexing Started *******");
         observer_.setLblProc("creating files Please wait..");
         if (mapsIDs() || autoLoads()) {
             std::string name = job_.txtModule;
@@ -60,12 +65,15 @@ class Creation {
             addModule();
         }
         observer_.StartNow();
-        writeFiles();
+        if (!writeFiles()) {
+            observer_.stopNow();
+            return IndexOutcome::Stopped;
+        }
         if (mapsIDs()) saveModule();
         observer_.stopNow();
         observer_.setLblProc("Processing completed..");
         observer_.setLblProcModule("No module under process..");
-        report_.append("*** Indexing done ***");
+        append("*** Indexing done ***");
         return IndexOutcome::Created;
     }
 
@@ -74,21 +82,28 @@ class Creation {
         module_ = required(components).Add(ide::ComponentType::StdModule);
         required(module_).setName(base::trimSpaces(job_.txtModule));
         mapping_.emplace(module_->CodeModule());
-        report_.append("Added module :" + module_->Name());
+        append("Added module :" + module_->Name());
     }
 
-    void writeFiles() {
+    // False if it was stopped. That is between two designers: half a procedure would not compile.
+    bool writeFiles() {
         filesOpened_ = true;
         base::OutputFile header(base::pathOf(job_.headerPath));
-        report_.append("Created header file: " + job_.headerPath);
+        append("Created header file: " + job_.headerPath);
         writeDefine(header, newIDH(), number_++);
         requireClosed(job_.configurationPath);
         base::OutputFile configuration(base::pathOf(job_.configurationPath));
-        report_.append("Created Configuration file: " + job_.configurationPath);
-        for (const auto& component : job_.SelectedDesigners)
+        append("Created Configuration file: " + job_.configurationPath);
+        bool stopped = false;
+        for (const auto& component : job_.SelectedDesigners) {
+            observer_.doEvents();
+            stopped = observer_.isStopped();
+            if (stopped) break;
             writeDesigner(required(component), header, configuration);
+        }
         header.close();
         configuration.close();
+        return !stopped;
     }
 
     // The header file is open already.
@@ -100,7 +115,6 @@ class Creation {
 
     void writeDesigner(ide::VBComponent& component, base::OutputFile& header,
                        base::OutputFile& configuration) {
-        observer_.doEvents();
         component.Activate();
         const auto name = component.Name();
         observer_.setLblProcModule("Processing module: " + name);
@@ -136,8 +150,8 @@ class Creation {
     void saveModule() {
         observer_.setLblProcModule("Saving Mapping Module: " + module_->Name());
         module_->SaveAs(job_.modulePath);
-        report_.append("Module Path= " + job_.modulePath);
-        report_.append("Module saved");
+        append("Module Path= " + job_.modulePath);
+        append("Module saved");
     }
 
     const IndexJob& job_;

@@ -29,6 +29,7 @@ struct IndexJob {
 enum class IndexOutcome {
     Created,
     ModuleRefused, ///< no file was opened: the module's name is not valid, or the IDE did not take it
+    Stopped,       ///< by the observer; the designers before that are whole
     Failed,        ///< lines already written stay in the files; an added module stays in the project
 };
 

@@ -7,6 +7,8 @@
 
 namespace corvelle::indexer {
 
+class Report;
+
 /// What the analysis and the generation tell their owner, and where they let it serve other work. Does
 /// nothing unless overridden.
 class IndexerObserver {
@@ -15,11 +17,15 @@ class IndexerObserver {
 
     /// Yields to the window system.
     virtual void doEvents() {}
+    /// Whether the work is to end; asked after each yield.
+    virtual bool isStopped() { return false; }
     /// A caption of the analysis has changed.
     virtual void captionsChanged(const AnalysisCaptions&) {}
     /// Status texts of the generation.
     virtual void setLblProc(std::string_view) {}
     virtual void setLblProcModule(std::string_view) {}
+    /// Lines have been appended to the report.
+    virtual void reportChanged(const Report&) {}
     /// The busy indicator.
     virtual void StartNow() {}
     virtual void stopNow() {}

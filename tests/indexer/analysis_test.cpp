@@ -16,11 +16,12 @@ using testing::IsEmpty;
 class Observer : public IndexerObserver {
   public:
     void doEvents() override { ++yields; }
+    bool isStopped() override { return yields >= stopAtYield; }
     void captionsChanged(const AnalysisCaptions& captions) override {
         if (forms.empty() || forms.back() != captions.LblForms) forms.push_back(captions.LblForms);
     }
 
-    int yields = 0;
+    int yields = 0, stopAtYield = 1000000;
     std::vector<std::string> forms; // what LblForms showed, one after the other
 };
 
@@ -197,6 +198,29 @@ TEST_F(AnalysisTest, GoesOnWhateverCallFails) {
         EXPECT_EQ(analysis.captions().lblControls,
                   "Total Controls: " + std::to_string(analysis.TotalControls()));
     }
+}
+
+TEST_F(AnalysisTest, EndsWhereItIsStoppedAndLeavesNoWindowOpen) {
+    add("f", ComponentType::VBForm, 1);
+    add("g", ComponentType::VBForm, 2);
+    const std::vector<const char*> members{"VBComponent.Activate", "Window.SetFocus", "VBControls.Count",
+                                           "Window.Close"};
+    // What has been called when it is stopped at each of its yields.
+    const std::vector<std::vector<int>> calls{{0, 0, 0, 0}, {1, 0, 0, 1}, {1, 1, 0, 1},
+                                              {1, 1, 1, 1}, {2, 1, 1, 2}, {2, 2, 1, 2}};
+    for (std::size_t n = 0; n < calls.size(); ++n) {
+        ide->calls->forget();
+        observer.yields = 0;
+        observer.stopAtYield = static_cast<int>(n) + 1;
+        Analysis stopped;
+        EXPECT_FALSE(stopped.analyseProject(ide->project, options, observer));
+        EXPECT_EQ(stopped.captions().lblControls, "");
+        std::vector<int> called;
+        for (const char* member : members) called.push_back(ide->calls->count(member));
+        EXPECT_EQ(called, calls[n]) << "at yield " << n + 1;
+    }
+    observer.stopAtYield = 1000000;
+    EXPECT_TRUE(analysis.analyseProject(ide->project, options, observer));
 }
 
 TEST_F(AnalysisTest, CountsNothingWithoutAProject) {

@@ -18,6 +18,8 @@ using testing::IsEmpty;
 class Observer : public IndexerObserver {
   public:
     void doEvents() override { ++yields; }
+    bool isStopped() override { return yields >= stopAtYield; }
+    void reportChanged(const Report& report) override { reported = report.text(); }
     void setLblProc(std::string_view text) override { proc.emplace_back(text); }
     void setLblProcModule(std::string_view text) override { procModule.emplace_back(text); }
     void StartNow() override { indicator += "start "; }
@@ -27,8 +29,8 @@ class Observer : public IndexerObserver {
         flags = message.flags;
     }
 
-    int yields = 0, flags = -1;
-    std::string indicator;
+    int yields = 0, flags = -1, stopAtYield = 1000000;
+    std::string indicator, reported;
     std::vector<std::string> proc, procModule, messages;
 };
 
@@ -312,6 +314,38 @@ TEST_F(CreateIndex, DoesNotWriteBothFilesIntoOne) {
     job.configurationPath = job.headerPath;
     EXPECT_EQ(create(), IndexOutcome::Failed);
     EXPECT_THAT(observer.messages, ElementsAre("File already open"));
+}
+
+TEST_F(CreateIndex, EndsBetweenTwoDesignersWhenItIsStopped) {
+    addExample();
+    addDesigner("g", {{"a", "TextBox"}});
+    job.options.ChkIDMap = job.options.ChkAutoLoad = 1;
+    observer.stopAtYield = 2; // the first designer's first control
+    const auto files = openFiles();
+    EXPECT_EQ(create(), IndexOutcome::Stopped);
+    EXPECT_EQ(openFiles(), files);
+    EXPECT_EQ(header(), exampleHeader);
+    EXPECT_EQ(configuration(), exampleConfiguration);
+    EXPECT_THAT(module()->code->lines, testing::Contains("End Sub"));
+    EXPECT_EQ(module()->savedAs, "");
+    EXPECT_EQ(observer.indicator, "start stop ");
+    EXPECT_EQ(observer.proc.back(), "creating files Please wait..");
+    EXPECT_THAT(observer.messages, IsEmpty());
+}
+
+TEST_F(CreateIndex, CompletesTheLastDesignerAlthoughItIsStopped) {
+    addExample();
+    job.options.ChkIDMap = 1;
+    observer.stopAtYield = 2;
+    EXPECT_EQ(create(), IndexOutcome::Created);
+    EXPECT_EQ(module()->savedAs, job.modulePath);
+}
+
+TEST_F(CreateIndex, TellsEveryLineOfTheReport) {
+    addExample();
+    job.options.ChkIDMap = 1;
+    create();
+    EXPECT_EQ(observer.reported, report.text());
 }
 
 TEST_F(CreateIndex, GoesOnWithEmptyNamesWhenTheGeneratorIsExhausted) {
