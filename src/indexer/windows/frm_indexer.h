@@ -47,7 +47,6 @@ struct PathField {
 class FrmIndexer : public forms::Form {
   public:
     explicit FrmIndexer(forms::Desktop& desktop);
-    ~FrmIndexer() override;
 
     /// The connect object.
     std::weak_ptr<AddInManager> ThisMgr;
@@ -177,20 +176,22 @@ class FrmIndexer : public forms::Form {
     void Form_Unload(bool& cancel) override;
 
   private:
+    class Observer;
     class Analysing;
     class Creating;
+
+    enum class Stage : std::uint8_t { New, Index, TxtPopup, Report };
 
     /// What the window holds from its load to its unload. Whoever yields keeps it, and sees by its being
     /// another one that the window has gone meanwhile.
     struct Session {
-        std::uint8_t stage = 0; ///< 0 to 3
+        Stage stage = Stage::New;
         bool analysed = false;
         bool indexCreated = false;
         ExcludeList excludeList;
-        std::string excludeListPath;
         std::shared_ptr<Analysis> analysis = std::make_shared<Analysis>(); ///< the latest
         Report report;
-        const Creating* creating = nullptr; ///< the creation under way
+        bool creating = false; ///< a creation is under way
     };
 
     PathField& pathField(std::size_t index);
@@ -205,15 +206,18 @@ class FrmIndexer : public forms::Form {
     void Text1_Change();
     void txtModule_LostFocus();
     void cmdRpt_Click();
-    void showStage(std::uint8_t stage);
+    void showStage(Stage stage);
     void enableNext();
+    /// Lets the user choose a file to save into, first in the project's folder; empty when cancelled, or when
+    /// the window has gone meanwhile.
+    std::string chooseFile(const std::string& filter);
 
     // Start-up
     void loadExcludeList();
     std::string locateExcludeList();
-    void SetDefOption();
+    void presetOptions();
     IndexOptions options();
-    void setCaptions(const AnalysisCaptions& captions);
+    void setCaptions(AnalysisCaptions captions);
     AnalysisCaptions captions();
 
     // The report
@@ -233,14 +237,16 @@ class FrmIndexer : public forms::Form {
     void saveTextFile();
     std::vector<std::string_view> filesToUpdate();
 
-    void layOutStageOne();
-    void layOutStageTwo();
-    void layOutStageThree();
-    void layOutStageFour();
+    void designInfo();
+    void designOptions();
+    void designStageTwo();
+    void designStageThree();
+    void designStageFour();
 
     TextEntryEditor texts_{{cboDsr, CboCtl, LblType, LblID, txtHelp, CmdDef, CmdDel},
                            [this] { return filesToUpdate(); }};
     std::shared_ptr<ide::VBE> VBInstance_;
+    /// Never null; another one from each unload on.
     std::shared_ptr<Session> session_ = std::make_shared<Session>();
 };
 
