@@ -28,7 +28,11 @@ HRESULT EventSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters,
     const DISPPARAMS none{};
     AddRef(); // the event may let go of us
     const auto self = Ptr<IDispatch>::take(this);
-    return guarded([&] { event(id, Arguments(parameters ? *parameters : none)); });
+    try {
+        event(id, Arguments(parameters ? *parameters : none));
+    } catch (...) { // nobody to tell
+    }
+    return S_OK;
 }
 
 void* EventSink::find(REFIID iid) {

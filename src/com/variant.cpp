@@ -97,23 +97,26 @@ bool booleanOf(const VARIANT& value) {
     return V_BOOL(&truth.get()) != VARIANT_FALSE;
 }
 
-Ptr<IDispatch> objectOf(const VARIANT& value) {
+Ptr<IUnknown> unknownOf(const VARIANT& value) {
     const auto direct = withoutReference(value);
     switch (direct.type()) {
     case VT_EMPTY:
     case VT_NULL:
         return {};
     case VT_DISPATCH:
-        return Ptr<IDispatch>(V_DISPATCH(&direct.get()));
-    case VT_UNKNOWN: {
-        const Ptr<IUnknown> object(V_UNKNOWN(&direct.get()));
-        auto result = object.query<IDispatch>();
-        if (object && !result) throw RunTimeError(ErrorNumber::TypeMismatch);
-        return result;
-    }
+        return Ptr<IUnknown>(V_DISPATCH(&direct.get()));
+    case VT_UNKNOWN:
+        return Ptr<IUnknown>(V_UNKNOWN(&direct.get()));
     default:
         throw RunTimeError(ErrorNumber::ObjectRequired);
     }
+}
+
+Ptr<IDispatch> objectOf(const VARIANT& value) {
+    const auto object = unknownOf(value);
+    auto result = object.query<IDispatch>();
+    if (object && !result) throw RunTimeError(ErrorNumber::TypeMismatch);
+    return result;
 }
 
 bool isMissing(const VARIANT& value) {

@@ -59,6 +59,8 @@ bool booleanOf(const VARIANT& value);
 /// The object; none for Nothing, Empty and Null. Throws RunTimeError 424 for another value, 13 for an object
 /// that is not for Automation.
 Ptr<IDispatch> objectOf(const VARIANT& value);
+/// The object, one for Automation or not. Throws RunTimeError 424.
+Ptr<IUnknown> unknownOf(const VARIANT& value);
 /// Whether it is an optional argument that was left out.
 bool isMissing(const VARIANT& value);
 
@@ -70,6 +72,9 @@ inline std::int32_t longOf(const Variant& value) {
 }
 inline bool booleanOf(const Variant& value) {
     return booleanOf(value.get());
+}
+inline Ptr<IUnknown> unknownOf(const Variant& value) {
+    return unknownOf(value.get());
 }
 inline Ptr<IDispatch> objectOf(const Variant& value) {
     return objectOf(value.get());
