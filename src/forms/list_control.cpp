@@ -15,6 +15,12 @@ void ListControl::addItem(const std::string& text) {
     changed(Aspect::Items);
 }
 
+void ListControl::addItems(const std::vector<std::string>& texts) {
+    touch();
+    items_.insert(items_.end(), texts.begin(), texts.end());
+    changed(Aspect::Items);
+}
+
 void ListControl::clear() {
     touch();
     items_.clear();
@@ -30,6 +36,10 @@ void ListControl::setListIndex(int index) {
 const std::string& ListControl::text() const {
     static const std::string none;
     return listIndex() < 0 ? none : list(listIndex_);
+}
+
+void ListControl::userPressedKey(int keyCode) {
+    if (onKeyDown) raise([this, keyCode] { onKeyDown(keyCode); });
 }
 
 void ListControl::reset() {

@@ -2,6 +2,7 @@
 
 #include "forms/control.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,12 +13,17 @@ class ListControl : public Control {
   public:
     using Control::Control;
 
+    /// A key goes down in the list, which does with it what it does.
+    std::function<void(int keyCode)> onKeyDown;
+
     int listCount() const { return touch(), static_cast<int>(items_.size()); }
     /// Row 0 to listCount() - 1; raises "Invalid property value" beyond.
     const std::string& list(int index) const;
     const std::vector<std::string>& items() const { return touch(), items_; }
     /// Appends a row; selects nothing.
     void addItem(const std::string& text);
+    /// Appends rows, which is quicker than one after the other.
+    void addItems(const std::vector<std::string>& texts);
     /// Empties the list; nothing is chosen afterwards, without Click.
     void clear();
 
@@ -27,6 +33,9 @@ class ListControl : public Control {
     void setListIndex(int index);
     /// The chosen row's text, or empty.
     const std::string& text() const;
+
+    // What the user did; called by the window.
+    void userPressedKey(int keyCode);
 
     void reset() override;
 

@@ -15,6 +15,8 @@ class TextBox : public Control {
         : Control(form, ControlKind::TextBox, std::move(name), container) {}
 
     std::function<void()> onChange;
+    /// The user types a key, whether or not it changes the text; comes before the change.
+    std::function<void()> onKeyPress;
 
     const std::string& text() const { return touch(), text_; }
     /// Raises Change if the text is another one.
@@ -33,6 +35,8 @@ class TextBox : public Control {
         text_ = text;
         raise(onChange);
     }
+
+    void userPressedKey() { raise(onKeyPress); }
 
     void reset() override {
         Control::reset();

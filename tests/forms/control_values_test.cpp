@@ -57,6 +57,23 @@ TEST_F(ControlValues, ATextBoxChangesWhenItsTextBecomesAnother) {
     EXPECT_EQ(form->text.text(), "typed");
 }
 
+TEST_F(ControlValues, AKeyInABoxIsToldBeforeTheChangeAndWithoutOne) {
+    desktop.tabTo(form->text);
+    form->forget();
+    EXPECT_TRUE(desktop.type(form->text, "typed"));
+    EXPECT_TRUE(desktop.type(form->text, "typed")); // a key that changes nothing
+    EXPECT_THAT(form->log, ElementsAre("text KeyPress", "text Change", "text KeyPress"));
+    form->text.setText("by code");
+    EXPECT_EQ(form->count("text KeyPress"), 2);
+}
+
+TEST_F(ControlValues, AKeyInAListIsToldAndLeftToTheList) {
+    EXPECT_TRUE(desktop.press(form->combo, 40));
+    EXPECT_EQ(form->count("combo KeyDown 40"), 1);
+    form->combo.setEnabled(false);
+    EXPECT_FALSE(desktop.press(form->combo, 40));
+}
+
 TEST_F(ControlValues, ALockedBoxIsWrittenByCodeOnly) {
     form->text.setLocked(true);
     EXPECT_FALSE(desktop.type(form->text, "typed"));
@@ -78,6 +95,15 @@ void listClicksWhenARowIsChosen(RecordingForm& form, List& list, const std::stri
 
 TEST_F(ControlValues, AComboBoxClicksWhenARowIsChosen) {
     listClicksWhenARowIsChosen(*form, form->combo, "combo Click");
+}
+
+TEST_F(ControlValues, AListTakesManyRowsAtOnce) {
+    form->combo.clear();
+    form->combo.addItems({"a", "b"});
+    form->combo.addItems({});
+    form->combo.addItems({"c"});
+    EXPECT_THAT(form->combo.items(), ElementsAre("a", "b", "c"));
+    EXPECT_EQ(form->combo.listIndex(), -1);
 }
 
 TEST_F(ControlValues, AListBoxClicksWhenARowIsChosen) {

@@ -33,6 +33,8 @@ class RecordingForm : public Form {
             control->onLostFocus = [this, control] { heard(control->name() + " LostFocus"); };
         }
         text.onChange = [this] { heard("text Change"); };
+        text.onKeyPress = [this] { heard("text KeyPress"); };
+        combo.onKeyDown = [this](int key) { heard("combo KeyDown " + std::to_string(key)); };
         slider.onChange = [this] { heard("slider Change"); };
         slider.onScroll = [this] { heard("slider Scroll"); };
         surface.onResize = [this] { heard("surface Resize"); };

@@ -99,7 +99,8 @@ bool HeadlessDesktop::click(Control& control) {
 bool HeadlessDesktop::type(TextBox& box, const std::string& text) {
     const auto alive = box.form().shared_from_this();
     if (!takesInput(box) || box.locked() || !bringUp(box)) return false;
-    box.userTyped(text);
+    box.userPressedKey();
+    if (takesInput(box)) box.userTyped(text);
     return true;
 }
 
@@ -127,6 +128,13 @@ bool HeadlessDesktop::drag(Slider& slider, int value) {
 bool HeadlessDesktop::press(Form& form, int keyCode) {
     if (!takesInput(form)) return false;
     if (form.keyPreview() || form.activeControl() == nullptr) form.userReleasedKey(keyCode);
+    return true;
+}
+
+bool HeadlessDesktop::press(ListControl& list, int keyCode) {
+    const auto alive = list.form().shared_from_this();
+    if (!bringUp(list)) return false;
+    list.userPressedKey(keyCode);
     return true;
 }
 

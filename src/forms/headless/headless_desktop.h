@@ -84,6 +84,8 @@ class HeadlessDesktop : public Desktop {
     bool choose(TabStrip& tabs, int tab);
     bool drag(Slider& slider, int value);
     bool press(Form& form, int keyCode);
+    /// A key in a list, which by itself does nothing with it here.
+    bool press(ListControl& list, int keyCode);
     /// Presses the button that has the focus, else the form's default button.
     bool pressEnter(Form& form);
     /// Presses the form's cancel button.

@@ -1,5 +1,7 @@
 #include "forms/win32/list_window.h"
 
+#include "forms/win32/form_window.h"
+
 namespace corvelle::forms {
 
 void ListWindow::update(Aspect aspect) {
@@ -29,6 +31,11 @@ void ListWindow::update(Aspect aspect) {
 void ListWindow::created() {
     update(Aspect::Items);
     update(Aspect::Value);
+}
+
+LRESULT ListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN && form_.form() != nullptr) list_.userPressedKey(static_cast<int>(wParam));
+    return ControlWindow::handle(message, wParam, lParam);
 }
 
 void ListWindow::commanded(int code) {

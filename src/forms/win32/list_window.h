@@ -22,6 +22,7 @@ class ListWindow : public ControlWindow {
         : ControlWindow(form, list), list_(list), messages_(messages) {}
 
     void created() override;
+    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override;
     const ListControl& list() const { return list_; }
 
   private:

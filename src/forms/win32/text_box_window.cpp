@@ -1,5 +1,6 @@
 #include "forms/text_box.h"
 #include "forms/win32/control_windows.h"
+#include "forms/win32/form_window.h"
 
 namespace corvelle::forms {
 
@@ -44,6 +45,7 @@ class TextBoxWindow : public ControlWindow {
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         // Tab, Enter and Esc are the form's; coming here by the keyboard selects nothing.
         if (message == WM_GETDLGCODE) return DLGC_WANTCHARS | DLGC_WANTARROWS;
+        if (message == WM_CHAR && form_.form() != nullptr) box_.userPressedKey();
         return ControlWindow::handle(message, wParam, lParam);
     }
 

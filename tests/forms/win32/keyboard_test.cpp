@@ -116,6 +116,33 @@ TEST_F(Keyboard, EnterBreaksTheLineInATextBoxOfSeveral) {
     EXPECT_EQ(0, form->count("cmdOk click"));
 }
 
+TEST_F(Keyboard, AKeyInATextBoxIsTold) {
+    const auto form = shownForm();
+    int keys = 0;
+    form->txtName.onKeyPress = [&keys] { ++keys; };
+    form->txtName.setFocus();
+    PostMessageA(windowOf(form->txtName), WM_CHAR, 'x', 0);
+    desktop().doEvents();
+    EXPECT_EQ(1, keys);
+    EXPECT_NE(std::string::npos, form->txtName.text().find('x'));
+    PostMessageA(windowOf(form->txtName), WM_CHAR, 3, 0); // Ctrl+C changes nothing
+    desktop().doEvents();
+    EXPECT_EQ(2, keys);
+}
+
+TEST_F(Keyboard, AKeyInAListIsToldAndStillTheLists) {
+    const auto form = shownForm();
+    std::vector<int> keys;
+    form->cboKind.onKeyDown = [&keys](int key) { keys.push_back(key); };
+    form->cboKind.clear();
+    form->cboKind.addItems({"one", "two"});
+    form->cboKind.setListIndex(0);
+    form->cboKind.setFocus();
+    press(VK_DOWN);
+    EXPECT_EQ(std::vector<int>{VK_DOWN}, keys);
+    EXPECT_EQ(1, form->cboKind.listIndex());
+}
+
 TEST_F(Keyboard, EscPressesTheCancelButton) {
     const auto form = shownForm();
     press(VK_ESCAPE);
