@@ -5,6 +5,10 @@
 
 namespace corvelle::indexer {
 
+Message textFileNeeded() {
+    return {"You have to create new Text file for Text entries..", forms::box::information};
+}
+
 PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view configurationPath,
                                    std::string_view textPath) {
     PreparedEntries result;
@@ -16,7 +20,7 @@ PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view
     }
     result.mappings = LoadMappings(configurationPath);
     if (textPath.empty()) {
-        result.message = {"You have to create new Text file for Text entries..", forms::box::information};
+        result.message = textFileNeeded();
     } else {
         LoadTextEntries(textPath, result.mappings->index);
     }

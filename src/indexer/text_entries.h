@@ -14,6 +14,16 @@ namespace corvelle::indexer {
 inline constexpr std::string_view initialDefaultText =
     "No help information is available for this control.\r\n";
 
+/// What the user is told of editing them.
+inline constexpr const char* textEntriesInfo =
+    "This is the last functional stage. In this stage you can create the text entries for your controls which "
+    "will be displayed as text popups for controls. When you add your entries they are updated in a internal "
+    "buffer you must not press &Save button after each entry. Only when you have finished all the desired "
+    "entries  you must save the entries to the selected file, and you have done..";
+
+/// What is said when no text file has been named yet.
+Message textFileNeeded();
+
 /// What there is for editing.
 struct PreparedEntries {
     std::optional<Mappings> mappings; ///< none: the index must be created again

@@ -27,6 +27,8 @@ FrmIndexer::FrmIndexer(forms::Desktop& desktop) : Form(desktop, "FrmIndexer") {
     txtModule.onLostFocus = [this] { txtModule_LostFocus(); };
     cboDsr.onClick = [this] { cboDsr_Click(); };
     CboCtl.onClick = [this] { CboCtl_Click(); };
+    cboDsr.onKeyDown = [this](int keyCode) { cboDsr_KeyDown(static_cast<std::int16_t>(keyCode)); };
+    CboCtl.onKeyDown = [this](int keyCode) { CboCtl_KeyDown(static_cast<std::int16_t>(keyCode)); };
     CmdDef.onClick = [this] { CmdDef_Click(); };
     CmdDel.onClick = [this] { CmdDel_Click(); };
     cmdRpt.onClick = [this] { cmdRpt_Click(); };

@@ -43,11 +43,7 @@ constexpr std::array<StageTexts, 4> stageTexts{{
      "file will be also created to store the mappings. Tou must supply the two file paths in order to create "
      "them. After you have created the files you can proceed to next and last stage to write the help topics.",
      "Help Context ID Indexer :Stage 2 of 4"},
-    {"This is the last functional stage. In this stage you can create the text entries for your controls which "
-     "will be displayed as text popups for controls. When you add your entries they are updated in a internal "
-     "buffer you must not press &Save button after each entry. Only when you have finished all the desired "
-     "entries  you must save the entries to the selected file, and you have done..",
-     "Help Context ID Indexer :Stage 3 of 4"},
+    {textEntriesInfo, "Help Context ID Indexer :Stage 3 of 4"},
     // The last caption counts as the first one does.
     {"This is the final stage of this Add-In. Here you are presented with the processing results. Optionally you "
      "can save the processings as a Project file (a plain file to list the relevant informations for this "

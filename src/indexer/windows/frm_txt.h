@@ -80,6 +80,14 @@ class FrmTxt : public forms::Form {
     void Form_Unload(bool& cancel) override;
 
   private:
+    void designEntries();
+
+    void cboDsr_Click() { editor_.cboDsr_Click(); }
+    void CboCtl_Click() { editor_.CboCtl_Click(); }
+    void cboDsr_KeyDown(std::int16_t KeyCode) { TextEntryEditor::KeyDown(KeyCode); }
+    void CboCtl_KeyDown(std::int16_t KeyCode) { TextEntryEditor::KeyDown(KeyCode); }
+    void CmdDef_Click();
+    void CmdDel_Click();
     void Command2_Click();
     void CmdProc_Click();
     void CmdClose_Click() { unload(); }
@@ -91,9 +99,10 @@ class FrmTxt : public forms::Form {
     void openProject(const std::string& path);
     void showProject();
     void checkStatus();
-    bool loadData();
+    void loadData();
+    void chooseTextFile();
     void save();
-    void setStatus(std::string_view text);
+    void setStatus(std::string_view text) { Lblstat.setCaption(std::string(text)); }
     int msgBox(const Message& message);
     std::vector<std::string_view> filesToUpdate() const;
 

@@ -52,7 +52,6 @@ class TextEntryEditor {
     const HelpIndex& index() const { return index_; }
     /// Whether the user has confirmed that Set Default and Delete make the index files need updating.
     bool bFilesPrompted() const { return bFilesPrompted_; }
-    void forgetPrompt() { bFilesPrompted_ = false; }
     /// Whether it is the editor that writes txtHelp at the moment, not the user.
     bool isShowing() const { return showing_; }
 
@@ -61,17 +60,18 @@ class TextEntryEditor {
     void CmdDef_Click();
     void CmdDel_Click();
     /// The keys of both lists: they keep their own behaviour.
-    void KeyDown(std::int16_t KeyCode) const;
+    static void KeyDown(std::int16_t KeyCode);
     /// Stores the text on display into an entry; nothing happens for entry 0 and beyond the last one.
     void UpdateInfo(const std::int32_t& id);
     /// Asks whether the index files may be marked for update.
     bool getPromptRet();
 
   private:
-    bool mayUpdateFiles() { return bFilesPrompted_ || getPromptRet(); }
     bool isChosen() const;
     std::size_t chosenEntry() const;
-    void show(const std::string& text, bool enabled);
+    void showEntry(std::size_t entry);
+    void showText(const std::string& text, bool enabled);
+    void changeEntry(void (*change)(HelpIndex&, std::size_t));
 
     Controls controls_;
     Paths filesToUpdate_;

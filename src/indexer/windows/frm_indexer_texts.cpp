@@ -1,0 +1,61 @@
+#include "indexer/text_entries.h"
+#include "indexer/windows/frm_indexer.h"
+
+// Stage 3: the text entries of the index that was just created.
+namespace corvelle::indexer {
+
+void FrmIndexer::prepareTextEntries() {
+    const auto session = session_;
+    setMousePointer(forms::MousePointer::Hourglass);
+    auto prepared = indexer::prepareTextEntries(Text1(0).text(), Text1(1).text(), Text1(2).text());
+    if (prepared.mappings) {
+        texts_.clear();
+        texts_.takeMappings(std::move(*prepared.mappings));
+        texts_.chooseFirst();
+    }
+    if (!prepared.mappings) setMousePointer(forms::MousePointer::Default);
+    if (prepared.message) msgBox(*prepared.message);
+    if (session != session_) return; // the window has gone behind the box
+    setMousePointer(forms::MousePointer::Default);
+    if (!prepared.mappings) StageIndex();
+}
+
+void FrmIndexer::loadChosenTextFile() {
+    texts_.loadTexts(Text1(2).text());
+}
+
+void FrmIndexer::saveTextFile() {
+    const auto saved = saveTextEntries(Text1(2).text(), txtDefault.text(), texts_.index());
+    if (saved.saved) appendToReport(saved.reportLine);
+    msgBox(saved.message);
+}
+
+std::vector<std::string_view> FrmIndexer::filesToUpdate() {
+    return {Text1(0).text(), Text1(1).text(), Text1(3).text(), Text1(2).text()};
+}
+
+void FrmIndexer::cboDsr_Click() {
+    texts_.cboDsr_Click();
+}
+
+void FrmIndexer::CboCtl_Click() {
+    texts_.CboCtl_Click();
+}
+
+void FrmIndexer::cboDsr_KeyDown(std::int16_t KeyCode) {
+    TextEntryEditor::KeyDown(KeyCode);
+}
+
+void FrmIndexer::CboCtl_KeyDown(std::int16_t KeyCode) {
+    TextEntryEditor::KeyDown(KeyCode);
+}
+
+void FrmIndexer::CmdDef_Click() {
+    texts_.CmdDef_Click();
+}
+
+void FrmIndexer::CmdDel_Click() {
+    texts_.CmdDel_Click();
+}
+
+} // namespace corvelle::indexer

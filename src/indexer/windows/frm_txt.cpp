@@ -1,0 +1,222 @@
+#include "indexer/windows/frm_txt.h"
+
+#include "base/ignoring_errors.h"
+#include "forms/common_dialog.h"
+#include "forms/desktop.h"
+#include "forms/message_box.h"
+#include "indexer/existing_index.h"
+#include "indexer/files.h"
+#include "indexer/text_entries.h"
+#include "indexer/text_file.h"
+#include "indexer/windows/add_in_manager.h"
+#include "indexer/windows/show_file_dialog.h"
+
+#include <utility>
+
+namespace corvelle::indexer {
+
+FrmTxt::FrmTxt(forms::Desktop& desktop)
+    : Form(desktop, "FrmTxt"),
+      editor_({cboDsr, CboCtl, LblType, LblID, txtHelp, CmdDef, CmdDel}, [this] { return filesToUpdate(); }) {
+    Command2.onClick = [this] { Command2_Click(); };
+    cboDsr.onClick = [this] { cboDsr_Click(); };
+    cboDsr.onKeyDown = [this](int keyCode) { cboDsr_KeyDown(static_cast<std::int16_t>(keyCode)); };
+    CboCtl.onClick = [this] { CboCtl_Click(); };
+    CboCtl.onKeyDown = [this](int keyCode) { CboCtl_KeyDown(static_cast<std::int16_t>(keyCode)); };
+    txtHelp.onKeyPress = [this] { txtHelp_KeyPress(); };
+    txtHelp.onChange = [this] { txtHelp_Change(); };
+    CmdDef.onClick = [this] { CmdDef_Click(); };
+    CmdDel.onClick = [this] { CmdDel_Click(); };
+    CmdProc.onClick = [this] { CmdProc_Click(); };
+    CmdClose.onClick = [this] { CmdClose_Click(); };
+}
+
+void FrmTxt::ShowTextEdit(const std::shared_ptr<ide::VBE>& refInst,
+                          const std::shared_ptr<AddInManager>& refClass) {
+    VBInstance_ = refInst;
+    ThisMgr_ = refClass;
+    show();
+}
+
+void FrmTxt::Form_Load() {
+    setIcon(forms::Picture("icon101"));
+    lblInfo.setCaption(textEntriesInfo);
+    editor_.reset();
+    projectPath_.clear();
+    opened_.fill({});
+    info_.fill({});
+    saved_ = true;
+}
+
+int FrmTxt::msgBox(const Message& message) {
+    return desktop().msgBox(message.text, message.flags, message.title);
+}
+
+// Commands that must not meet one another
+
+void FrmTxt::runAlone(const std::function<void()>& command) {
+    if (busy_) return;
+    const auto alive = shared_from_this();
+    {
+        busy_ = true;
+        const struct Ended {
+            bool& busy;
+            ~Ended() { busy = false; }
+        } ended{busy_};
+        run(command);
+    }
+    if (std::exchange(closing_, false)) unload();
+}
+
+bool FrmTxt::mustClose() const {
+    return closing_ || desktop().isQuitting();
+}
+
+// Opening a project
+
+void FrmTxt::Command2_Click() {
+    runAlone([this] {
+        forms::CommonDialog dialog(desktop());
+        dialog.dialogTitle = "Open Indexer Project";
+        dialog.filter = "Indexer Project(*.icp)|*.icp";
+        dialog.initDir = getFilePath(Text1.text());
+        dialog.flags = forms::file_dialog::pathMustExist;
+        dialog.cancelError = true;
+        if (!base::ignoringErrors([&] { dialog.showOpen(); }) || dialog.fileName.empty()) return;
+        if (!mustClose()) openProject(dialog.fileName);
+    });
+}
+
+void FrmTxt::openProject(const std::string& path) {
+    Text1.setText(path);
+    projectPath_ = path;
+    const bool valid = ReadProjectFile(path, opened_);
+    CmdProc.setEnabled(valid);
+    if (!valid) {
+        txtPrj.setText(std::string(invalidProjectFile));
+        return;
+    }
+    showProject();
+    checkStatus();
+}
+
+void FrmTxt::showProject() {
+    std::string text;
+    for (std::size_t which = slot::projectName; which <= slot::text; ++which)
+        text.append("\r\n").append(opened_.at(which));
+    txtPrj.setText(text + "\r\nProject file loades successfully.");
+}
+
+void FrmTxt::ChkStatus() {
+    runAlone([this] { checkStatus(); });
+}
+
+void FrmTxt::checkStatus() {
+    if (CmdProc.enabled()) {
+        setStatus(" Status: Ready to load data....");
+        loadData();
+    } else {
+        setStatus(" Status: Not ready file path(s) empty");
+    }
+}
+
+void FrmTxt::loadData() {
+    auto info = withPathsFound(opened_, projectPath_);
+    if (!indexFilesExist(info)) {
+        CmdProc.setEnabled(false);
+        msgBox(indexFilesMissing());
+        return;
+    }
+    info_ = std::move(info);
+    setMousePointer(forms::MousePointer::Hourglass);
+    Indic.StartNow();
+    setStatus(" Status: Loading Mappings..");
+    editor_.reset();
+    editor_.takeMappings(LoadMappings(info_[slot::configuration]));
+    setStatus(" Status: Finished loading Mappings..");
+    if (info_[slot::text].empty()) {
+        msgBox(textFileNeeded());
+        chooseTextFile();
+    } else {
+        LoadTextEntries(info_[slot::text], editor_.index(), LastDefault::Read);
+    }
+    setStatus(" Status: Finished loading Text entries...");
+    saved_ = true;
+    editor_.chooseFirst();
+    Indic.stopNow();
+    setMousePointer(forms::MousePointer::Default);
+    setStatus(" Status: Ready to accept Text entries...");
+}
+
+void FrmTxt::NewText() {
+    runAlone([this] { chooseTextFile(); });
+}
+
+void FrmTxt::chooseTextFile() {
+    const int answer =
+        msgBox({"Do you wish to create new Text file ..?", forms::box::yesNo | forms::box::question});
+    if (answer == forms::answer::no || mustClose()) return;
+    forms::CommonDialog dialog(desktop());
+    const auto path =
+        ShowFileDialog("Text Files(*.txt)|*.txt", std::string(getFilePath(opened_[slot::text])), "", dialog);
+    if (path.empty() || mustClose()) return;
+    if (!fileExists(path)) WriteLines(path, {}); // the dialog has asked whether to make it
+    opened_[slot::text] = path;
+    if (CmdProc.enabled()) showProject();
+    checkStatus();
+}
+
+// Editing
+
+void FrmTxt::CmdDef_Click() {
+    runAlone([this] { editor_.CmdDef_Click(); });
+}
+
+void FrmTxt::CmdDel_Click() {
+    runAlone([this] { editor_.CmdDel_Click(); });
+}
+
+void FrmTxt::txtHelp_Change() {
+    // The mouse can paste without a key.
+    if (!editor_.isShowing()) saved_ = false;
+}
+
+std::vector<std::string_view> FrmTxt::filesToUpdate() const {
+    return {info_[slot::configuration], info_[slot::text], info_[slot::moduleName], info_[slot::moduleFile]};
+}
+
+// Saving
+
+void FrmTxt::CmdProc_Click() {
+    runAlone([this] { save(); });
+}
+
+void FrmTxt::save() {
+    const auto result = saveExistingIndex(info_, editor_.index(), editor_.bFilesPrompted(),
+                                          [this](std::string_view status) { setStatus(status); });
+    msgBox(result.message);
+    if (result.texts) saved_ = true;
+    setStatus(result.status);
+}
+
+// Closing
+
+void FrmTxt::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
+    if (busy_) {
+        // The command's stack still works on this window. It closes when the command has ended.
+        closing_ = cancel = true;
+        return;
+    }
+    // Nobody can answer while the program quits.
+    if (saved_ || desktop().isQuitting()) return;
+    const int answer = msgBox({"You have not saved the changes.\rDo you whish to save before closing..?",
+                               forms::box::yesNo | forms::box::question, "Save ?"});
+    if (answer == forms::answer::yes) save();
+}
+
+void FrmTxt::Form_Unload(bool& /*cancel*/) {
+    VBInstance_.reset();
+    if (const auto manager = std::exchange(ThisMgr_, {}).lock()) manager->Hide();
+}
+
+} // namespace corvelle::indexer

@@ -1,0 +1,105 @@
+#include "indexer/windows/frm_txt.h"
+
+// How the editor for an existing index looks.
+namespace corvelle::indexer {
+
+namespace {
+
+constexpr int edge = 45;
+constexpr int margin = 120;
+constexpr int lineHeight = 195;
+constexpr int boxHeight = 315;
+constexpr int buttonHeight = 375;
+constexpr int buttonWidth = 1335;
+// A label above its control.
+constexpr int below = 225;
+
+constexpr int infoWidth = 2385;
+constexpr int left = infoWidth + 2 * edge + margin;
+constexpr int width = 7005;
+constexpr int infoTop = 420;
+constexpr int frameTop = 2700;
+constexpr int frameHeight = 4245;
+constexpr int bottom = frameTop + frameHeight;
+constexpr forms::Size designSize{left + width + margin, bottom + 2 * margin + buttonHeight};
+
+void design(forms::Label& label, const char* caption, const forms::Bounds& bounds) {
+    label.setCaption(caption);
+    label.setBounds(bounds);
+}
+
+void design(forms::CommandButton& button, const char* caption, int x, int y) {
+    button.setCaption(caption);
+    button.setBounds({x, y, buttonWidth, buttonHeight});
+}
+
+} // namespace
+
+void FrmTxt::design() {
+    setCaption("Help ID Indexer: Create /Modify Text Entries");
+    setSize(designSize);
+
+    indexer::design(lblSubtitle, "Add  pop up text entries for your controls",
+                    {margin, margin, designSize.width - 2 * margin, 240});
+    auto bold = lblSubtitle.font();
+    bold.bold = true;
+    lblSubtitle.setFont(bold);
+    lblInfo.setBounds({edge, infoTop, infoWidth, bottom - infoTop});
+    lblInfo.setBordered(true);
+
+    constexpr int browseWidth = 495;
+    indexer::design(lblProject, "Select Indexer Project File:", {left, infoTop, width, lineHeight});
+    Text1.setLocked(true); // a path comes from the dialog alone
+    Text1.setBounds({left, infoTop + below, width - browseWidth - 60, boxHeight});
+    Command2.setCaption("....");
+    Command2.setBounds({left + width - browseWidth, infoTop + below, browseWidth, boxHeight});
+    constexpr int projectTop = infoTop + below + boxHeight + margin;
+    txtPrj.setMultiLine(true);
+    txtPrj.setLocked(true);
+    txtPrj.setText("No Information");
+    txtPrj.setBounds({left, projectTop, width, frameTop - projectTop - margin});
+
+    designEntries();
+
+    constexpr int buttonsTop = bottom + margin;
+    constexpr int right = left + width - buttonWidth;
+    constexpr int indicatorWidth = 1200;
+    Lblstat.setCaption(" Status: Not ready file path(s) empty");
+    Lblstat.setBordered(true);
+    Lblstat.setBounds({edge, buttonsTop + 60,
+                       right - 2 * (buttonWidth + margin) - edge + buttonWidth - indicatorWidth - margin,
+                       255});
+    IndicSurface.setBounds(
+        {right - buttonWidth - margin - indicatorWidth - margin, buttonsTop + 60, indicatorWidth, 255});
+    indexer::design(CmdProc, "&Save", right - buttonWidth - margin, buttonsTop);
+    CmdProc.setEnabled(false);
+    indexer::design(CmdClose, "&Close", right, buttonsTop);
+}
+
+void FrmTxt::designEntries() {
+    constexpr int inner = width - 2 * margin;
+    constexpr int half = (inner - margin) / 2;
+    constexpr int second = margin + half + margin;
+    constexpr int labelWidth = 1260;
+    Frame1.setCaption("Text Pop Up Entries");
+    Frame1.setBounds({left, frameTop, width, frameHeight});
+    indexer::design(lblDesigner, "Designer:", {margin, 300, half, lineHeight});
+    cboDsr.setBounds({margin, 300 + below, half, boxHeight});
+    indexer::design(lblControl, "Control:", {second, 300, half, lineHeight});
+    CboCtl.setBounds({second, 300 + below, half, boxHeight});
+    indexer::design(lblTypeIs, "Control type:", {margin, 1005, labelWidth, lineHeight});
+    LblType.setBordered(true);
+    LblType.setBounds({margin + labelWidth, 975, half - labelWidth, 255});
+    indexer::design(lblIDIs, "HelpContext ID:", {second, 1005, labelWidth, lineHeight});
+    LblID.setBordered(true);
+    LblID.setBounds({second + labelWidth, 975, half - labelWidth, 255});
+    constexpr int buttonsTop = frameHeight - margin - buttonHeight;
+    indexer::design(lblHelp,
+                    "Text Pop Up Entry [The text which appears as help):", {margin, 1380, inner, lineHeight});
+    txtHelp.setMultiLine(true);
+    txtHelp.setBounds({margin, 1380 + below, inner, buttonsTop - margin - 1380 - below});
+    indexer::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttonsTop);
+    indexer::design(CmdDel, "Delete", margin + inner - buttonWidth, buttonsTop);
+}
+
+} // namespace corvelle::indexer
