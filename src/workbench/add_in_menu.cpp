@@ -2,15 +2,22 @@
 
 #include "workbench/resource.h"
 
+#include <utility>
+
 namespace corvelle::workbench {
 
 void AddInMenu::update() {
     while (GetMenuItemCount(popup_) > 1) DeleteMenu(popup_, 1, MF_BYPOSITION);
     shown_ = model_.commands();
-    if (shown_.empty()) return;
-    AppendMenuA(popup_, MF_SEPARATOR, 0, nullptr);
+    bool separated = false;
     UINT_PTR number = IDM_FIRST_COMMAND;
-    for (const auto& command : shown_) AppendMenuA(popup_, MF_STRING, number++, command->caption().c_str());
+    for (const auto& command : shown_) {
+        const UINT_PTR id = number++;
+        if (!command->isVisible()) continue;
+        if (!std::exchange(separated, true)) AppendMenuA(popup_, MF_SEPARATOR, 0, nullptr);
+        AppendMenuA(popup_, command->isEnabled() ? MF_STRING : MF_STRING | MF_GRAYED, id,
+                    command->caption().c_str());
+    }
 }
 
 bool AddInMenu::run(int command) {

@@ -2,8 +2,6 @@
 
 #include "workbench/window_procedure.h"
 
-#include <utility>
-
 namespace corvelle::workbench {
 
 namespace {
@@ -12,8 +10,8 @@ constexpr const char* className = "Workbench.Child";
 
 }
 
-ChildWindow::ChildWindow(Kind kind, workspace::Component& component, Closed closed)
-    : kind_(kind), component_(component), closed_(std::move(closed)) {}
+ChildWindow::ChildWindow(Kind kind, workspace::Component& component, Owner& owner)
+    : kind_(kind), component_(component), owner_(owner) {}
 
 ChildWindow::~ChildWindow() {
     if (window_ != nullptr) setOwner<ChildWindow>(window_, nullptr);
@@ -44,7 +42,7 @@ LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM wParam
         setOwner<ChildWindow>(window, nullptr);
         child->window_ = nullptr;
         const LRESULT result = DefMDIChildProcA(window, message, wParam, lParam);
-        child->closed_(*child);
+        child->owner_.childClosed(*child);
         return result;
     }
     return guarded(window, [&] { return child->take(message, wParam, lParam); });
@@ -62,7 +60,10 @@ LRESULT ChildWindow::take(UINT message, WPARAM wParam, LPARAM lParam) {
         SetFocus(content_);
         return 0;
     case WM_MDIACTIVATE:
-        if (reinterpret_cast<HWND>(lParam) == window_) SetFocus(content_);
+        if (reinterpret_cast<HWND>(lParam) == window_) {
+            SetFocus(content_);
+            owner_.childActivated(*this);
+        }
         return 0;
     case WM_COMMAND:
         if (reinterpret_cast<HWND>(lParam) != content_) break;

@@ -2,7 +2,6 @@
 
 #include "ide/workspace/component.h"
 
-#include <functional>
 #include <string>
 #include <windows.h>
 
@@ -12,7 +11,15 @@ namespace corvelle::workbench {
 class ChildWindow {
   public:
     enum class Kind { Code, Designer };
-    using Closed = std::function<void(ChildWindow&)>;
+    /// Whoever owns the windows.
+    class Owner {
+      public:
+        virtual ~Owner() = default;
+        /// It has come to the front.
+        virtual void childActivated(ChildWindow& child) = 0;
+        /// It is gone; this may end the object's life.
+        virtual void childClosed(ChildWindow& child) = 0;
+    };
 
     virtual ~ChildWindow();
     ChildWindow(const ChildWindow&) = delete;
@@ -25,8 +32,7 @@ class ChildWindow {
     virtual void tick() {}
 
   protected:
-    /// `closed` is told once the window is gone, and may end the object's life.
-    ChildWindow(Kind kind, workspace::Component& component, Closed closed);
+    ChildWindow(Kind kind, workspace::Component& component, Owner& owner);
     /// Makes the window; what it shows is the content's task.
     void open(HWND client);
     void setCaption(const std::string& caption) { SetWindowTextA(window_, caption.c_str()); }
@@ -42,7 +48,7 @@ class ChildWindow {
 
     Kind kind_;
     workspace::Component& component_;
-    Closed closed_;
+    Owner& owner_;
     HWND window_ = nullptr;
     HWND content_ = nullptr;
 };

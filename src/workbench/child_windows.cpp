@@ -24,11 +24,12 @@ void ChildWindows::open(ChildWindow::Kind kind, workspace::Component& component)
         SendMessageA(client_, WM_MDIACTIVATE, reinterpret_cast<WPARAM>(child->window()), 0);
         return;
     }
-    const auto gone = [this](ChildWindow& child) { closed(child); };
     if (kind == ChildWindow::Kind::Code) {
-        windows_.push_back(std::make_unique<CodeWindow>(client_, component, gone));
+        windows_.push_back(
+            std::make_unique<CodeWindow>(client_, component, static_cast<ChildWindow::Owner&>(*this)));
     } else {
-        windows_.push_back(std::make_unique<DesignerWindow>(client_, component, gone));
+        windows_.push_back(
+            std::make_unique<DesignerWindow>(client_, component, static_cast<ChildWindow::Owner&>(*this)));
     }
 }
 
@@ -55,13 +56,13 @@ ChildWindow* ChildWindows::active() const {
     return window == 0 ? nullptr : ownerOf<ChildWindow>(reinterpret_cast<HWND>(window));
 }
 
-ChildWindow* ChildWindows::activeCode() const {
+workspace::Component* ChildWindows::topCode() const {
     for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
          window = GetWindow(window, GW_HWNDNEXT)) {
         const auto found = std::find_if(windows_.begin(), windows_.end(), [window](const auto& child) {
             return child->window() == window && child->kind() == ChildWindow::Kind::Code;
         });
-        if (found != windows_.end()) return found->get();
+        if (found != windows_.end()) return &(*found)->component();
     }
     return nullptr;
 }
@@ -70,10 +71,35 @@ void ChildWindows::tick() {
     for (std::size_t i = 0; i < windows_.size(); ++i) windows_[i]->tick();
 }
 
-void ChildWindows::closed(const ChildWindow& child) {
+std::vector<workspace::Component*> ChildWindows::codePanes() const {
+    std::vector<workspace::Component*> components;
+    for (const auto& child : windows_) {
+        if (child->kind() == ChildWindow::Kind::Code) components.push_back(&child->component());
+    }
+    return components;
+}
+
+void ChildWindows::childActivated(ChildWindow& child) {
+    if (child.kind() == ChildWindow::Kind::Code) setActiveCode(&child.component());
+    if (onActivated) onActivated(child.component());
+}
+
+void ChildWindows::childClosed(ChildWindow& child) {
+    auto& component = child.component();
+    const auto kind = child.kind();
     windows_.erase(std::remove_if(windows_.begin(), windows_.end(),
                                   [&child](const auto& one) { return one.get() == &child; }),
                    windows_.end());
+    if (kind == ChildWindow::Kind::Designer) {
+        if (onDesignerClosed) onDesignerClosed(component);
+    } else if (activeCode_ == &component) {
+        setActiveCode(topCode());
+    }
+}
+
+void ChildWindows::setActiveCode(workspace::Component* component) {
+    activeCode_ = component;
+    if (onActiveCodeChanged) onActiveCodeChanged();
 }
 
 } // namespace corvelle::workbench

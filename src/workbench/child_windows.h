@@ -2,6 +2,7 @@
 
 #include "workbench/child_window.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 #include <windows.h>
@@ -9,8 +10,12 @@
 namespace corvelle::workbench {
 
 /// The windows inside the main window: at most one of a kind for each component.
-class ChildWindows {
+class ChildWindows : private ChildWindow::Owner {
   public:
+    std::function<void(workspace::Component&)> onActivated;      ///< a window of it came to the front
+    std::function<void()> onActiveCodeChanged;                   ///< see activeCode
+    std::function<void(workspace::Component&)> onDesignerClosed; ///< by the user or anybody
+
     /// Makes the area that they stand in. The window menu lists them.
     void create(HWND frame, HMENU windowMenu);
     HWND client() const { return client_; }
@@ -23,14 +28,20 @@ class ChildWindows {
     ChildWindow* find(ChildWindow::Kind kind, const workspace::Component& component) const;
     /// The window that is in front; nothing when none is open.
     ChildWindow* active() const;
-    /// The code window that was in front last; nothing when none is open.
-    ChildWindow* activeCode() const;
+    /// The component whose code window was in front last; nothing when none is open.
+    workspace::Component* activeCode() const { return activeCode_; }
+    /// The components whose code windows are open.
+    std::vector<workspace::Component*> codePanes() const;
     void tick();
 
   private:
-    void closed(const ChildWindow& child);
+    void childActivated(ChildWindow& child) override;
+    void childClosed(ChildWindow& child) override;
+    void setActiveCode(workspace::Component* component);
+    workspace::Component* topCode() const;
 
     HWND client_ = nullptr;
+    workspace::Component* activeCode_ = nullptr;
     std::vector<std::unique_ptr<ChildWindow>> windows_;
 };
 

@@ -56,8 +56,8 @@ LRESULT CALLBACK editProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
 
 } // namespace
 
-CodeWindow::CodeWindow(HWND client, workspace::Component& component, Closed closed)
-    : ChildWindow(Kind::Code, component, std::move(closed)) {
+CodeWindow::CodeWindow(HWND client, workspace::Component& component, Owner& owner)
+    : ChildWindow(Kind::Code, component, owner) {
     open(client);
     show(textOf(*component.CodeModule()));
 }

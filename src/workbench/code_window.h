@@ -11,7 +11,7 @@ namespace corvelle::workbench {
 class CodeWindow : public ChildWindow {
   public:
     /// Opens the window.
-    CodeWindow(HWND client, workspace::Component& component, Closed closed);
+    CodeWindow(HWND client, workspace::Component& component, Owner& owner);
     void tick() override;
 
   private:

@@ -5,7 +5,6 @@
 
 #include <commctrl.h>
 #include <cstdint>
-#include <utility>
 
 namespace corvelle::workbench {
 
@@ -22,10 +21,10 @@ void addColumn(HWND list, int number, const char* title, int width) {
 
 } // namespace
 
-DesignerWindow::DesignerWindow(HWND client, workspace::Component& component, Closed closed)
-    : ChildWindow(Kind::Designer, component, std::move(closed)) {
+DesignerWindow::DesignerWindow(HWND client, workspace::Component& component, Owner& owner)
+    : ChildWindow(Kind::Designer, component, owner) {
     open(client);
-    setCaption(component.Name() + " (Object)");
+    setCaption(component.designerWindow()->Caption());
     const auto designer = component.Designer();
     if (!designer) return;
     const auto controls = designer->VBControls();

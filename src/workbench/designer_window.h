@@ -8,7 +8,7 @@ namespace corvelle::workbench {
 class DesignerWindow : public ChildWindow {
   public:
     /// Opens the window.
-    DesignerWindow(HWND client, workspace::Component& component, Closed closed);
+    DesignerWindow(HWND client, workspace::Component& component, Owner& owner);
 
   private:
     HWND makeContent(HWND parent) override;

@@ -106,7 +106,9 @@ void MainWindow::open(const std::string& file) {
         ProjectSession opened;
         leftOut = opened.open(base::pathOf(file));
         children_.closeAll();
+        if (before) before->setObserver(nullptr);
         session_ = std::move(opened);
+        session_.ide()->setObserver(this);
     } catch (const std::exception& error) {
         reportError(window_, file + "\n\ncould not be opened: " + error.what());
         return;
@@ -149,14 +151,12 @@ void MainWindow::openSelected(ChildWindow::Kind kind) {
     auto* component = tree_.selected();
     if (active != nullptr && GetFocus() != tree_.window()) component = &active->component();
     if (component == nullptr) return;
-    if (kind == ChildWindow::Kind::Designer && !component->Designer()) return;
-    children_.open(kind, *component);
+    if (kind == ChildWindow::Kind::Code) return showCode(*component);
+    if (auto* const designer = component->designerWindow()) designer->SetFocus();
 }
 
 void MainWindow::openSelectedAsIs() {
-    auto* const component = tree_.selected();
-    if (component == nullptr) return;
-    children_.open(component->Designer() ? ChildWindow::Kind::Designer : ChildWindow::Kind::Code, *component);
+    if (auto* const component = tree_.selected()) component->Activate();
 }
 
 void MainWindow::close() {

@@ -37,6 +37,7 @@ MainWindow::MainWindow() {
 
 MainWindow::~MainWindow() {
     if (window_ != nullptr) DestroyWindow(window_);
+    if (session_.ide()) session_.ide()->setObserver(nullptr); // an add-in may hold it longer
 }
 
 void MainWindow::show() {
@@ -55,6 +56,7 @@ int MainWindow::run() {
             continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
+        if (commands.idle) commands.idle();
     }
     return static_cast<int>(message.wParam);
 }
@@ -100,6 +102,10 @@ LRESULT MainWindow::take(UINT message, WPARAM wParam, LPARAM lParam) {
             openSelectedAsIs();
             return notice->code == NM_RETURN ? 1 : 0;
         }
+        if (notice->code == TVN_SELCHANGED) {
+            if (const auto* const component = tree_.selected()) session_.setActive(*component);
+            updateTitle();
+        }
         break;
     }
     case WM_COMMAND:
@@ -132,6 +138,12 @@ LRESULT MainWindow::take(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void MainWindow::create() {
     const HMENU menu = GetMenu(window_);
+    children_.onActivated = [this](workspace::Component& component) {
+        session_.setActive(component);
+        updateTitle();
+    };
+    children_.onActiveCodeChanged = [this] { session_.ide()->setActiveCodePane(children_.activeCode()); };
+    children_.onDesignerClosed = [](workspace::Component& component) { component.designerWindow()->Close(); };
     addInMenu_.emplace(GetSubMenu(menu, addInsPlace), menus_.addIns());
     tree_.create(window_);
     children_.create(window_, GetSubMenu(menu, windowPlace));
@@ -165,6 +177,22 @@ bool MainWindow::dragSplitter(UINT message, LPARAM lParam) {
         }
     }
     return dragging_;
+}
+
+void MainWindow::showCode(workspace::Component& component) {
+    children_.open(ChildWindow::Kind::Code, component);
+}
+
+void MainWindow::designerChanged(workspace::Component& component) {
+    if (!component.designerWindow()->isVisible()) {
+        children_.close(ChildWindow::Kind::Designer, component);
+    } else if (children_.find(ChildWindow::Kind::Designer, component) == nullptr) {
+        children_.open(ChildWindow::Kind::Designer, component);
+    }
+}
+
+void MainWindow::designerFocused(workspace::Component& component) {
+    children_.open(ChildWindow::Kind::Designer, component);
 }
 
 void MainWindow::tick() {

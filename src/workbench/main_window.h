@@ -13,16 +13,17 @@
 namespace corvelle::workbench {
 
 /// The main window: the project, its code and designer windows, and the menus.
-class MainWindow {
+class MainWindow : private workspace::WorkspaceObserver {
   public:
     /// What the window does not do itself.
     struct Commands {
         std::function<void()> manageAddIns;
         std::function<void()> leaving; ///< the window is about to close
+        std::function<void()> idle;    ///< a message has been served, and nothing is under way
     };
 
     MainWindow();
-    ~MainWindow();
+    ~MainWindow() override;
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
@@ -35,9 +36,12 @@ class MainWindow {
     int run();
 
     HWND window() const { return window_; }
-    ProjectSession& session() { return session_; }
+    const ProjectSession& session() const { return session_; }
     workspace::Menus& menus() { return menus_; }
-    ChildWindows& children() { return children_; }
+    const ChildWindows& children() const { return children_; }
+    const ProjectTree& tree() const { return tree_; }
+    /// Brings the component's code to the front.
+    void showCode(workspace::Component& component);
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -47,6 +51,10 @@ class MainWindow {
     bool dragSplitter(UINT message, LPARAM lParam);
     void tick();
     void updateTitle();
+
+    void designerChanged(workspace::Component& component) override;
+    void designerFocused(workspace::Component& component) override;
+    void codeActivated(workspace::Component& component) override { showCode(component); }
 
     // main_commands.cpp
     bool runCommand(int command);

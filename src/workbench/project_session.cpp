@@ -17,6 +17,14 @@ std::string ProjectSession::title() const {
     return project ? project->Name() : std::string();
 }
 
+void ProjectSession::setActive(const workspace::Component& component) {
+    for (const auto& project : ide_->projects()) {
+        for (const auto& one : project->components()) {
+            if (one.get() == &component) ide_->setActiveVBProject(*project);
+        }
+    }
+}
+
 std::vector<workspace::Component*> ProjectSession::unsaved() const {
     std::vector<workspace::Component*> components;
     if (!ide_) return components;

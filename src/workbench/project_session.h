@@ -24,6 +24,8 @@ class ProjectSession {
     std::vector<std::string> open(const std::filesystem::path& path);
     /// The active project's name; empty while none is open.
     std::string title() const;
+    /// Makes the component's project the active one.
+    void setActive(const workspace::Component& component);
     /// The components with changes that are not saved.
     std::vector<workspace::Component*> unsaved() const;
     /// Saves them all; returns what went wrong, a line each. The ones that could not be saved stay unsaved.

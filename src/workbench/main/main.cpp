@@ -1,17 +1,28 @@
 // workbench [/addin:PROGID]... [FILE] - a stand-in for the IDE: opens a project and runs add-ins on it.
 
-#include "workbench/command_line.h"
-#include "workbench/main_window.h"
+#include "workbench/workbench.h"
 
 #include <clocale>
+#include <memory>
 
 using namespace corvelle;
+
+namespace {
+
+/// The thread's use of COM.
+struct Com {
+    Com() { OleInitialize(nullptr); }
+    ~Com() { OleUninitialize(); }
+    Com(const Com&) = delete;
+    Com& operator=(const Com&) = delete;
+};
+
+} // namespace
 
 int main(int argc, char* argv[]) {
     std::setlocale(LC_CTYPE, ""); // paths are in the machine's code page
     const workbench::CommandLine arguments(argc, argv);
-    workbench::MainWindow window;
-    window.show();
-    if (!arguments.file.empty()) window.open(arguments.file);
-    return window.run();
+    const Com com;
+    const auto workbench = std::make_shared<workbench::Workbench>();
+    return workbench->run(workbench, arguments);
 }

@@ -1,0 +1,29 @@
+#include "workbench/workbench.h"
+
+#include "workbench/add_in_manager.h"
+#include "workbench/window_procedure.h"
+
+namespace corvelle::workbench {
+
+Workbench::Workbench() : addIns_([this](const std::string& text) { reportError(window_.window(), text); }) {
+    window_.commands.manageAddIns = [this] { workbench::manageAddIns(window_.window(), addIns_); };
+    window_.commands.leaving = [this] { addIns_.disconnectAll(); };
+    window_.commands.idle = [this] { addIns_.releaseLibraries(); };
+}
+
+Workbench::~Workbench() {
+    addIns_.setVbe({});
+}
+
+int Workbench::run(const std::shared_ptr<Workbench>&, const CommandLine& arguments) {
+    window_.show();
+    if (!arguments.file.empty()) window_.open(arguments.file);
+    addIns_.start(arguments.addIns);
+    return window_.run();
+}
+
+void Workbench::quit() {
+    PostMessageA(window_.window(), WM_CLOSE, 0, 0);
+}
+
+} // namespace corvelle::workbench
