@@ -2,6 +2,7 @@
 
 #include "cli/format_command.h"
 #include "cli/index_command.h"
+#include "cli/text_command.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -162,6 +163,41 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     });
 }
 
+// `corvelle text PROJECT.icp COMMAND`: each command is one of the parser's own, so that each has its help.
+void addText(CLI::App& app, TextSettings& settings) {
+    CLI::App& text = *app.add_subcommand("text", "Edit the text entries of an index that was made earlier");
+    text.footer(
+        "PROJECT.icp is an indexer project file; a relative path in it is taken from the current folder, else\n"
+        "from the project file's. CONTROL#2 is the second control of a name, as a control array has them.\n\n"
+        "Exit status: 0 done; 1 something must be looked at (an invalid project file, a configuration or text\n"
+        "file that is missing, an unknown designer or control, a control whose text cannot be set); 2 wrong\n"
+        "usage, or a file that could not be read or written.");
+    text.add_option("PROJECT.icp", settings.project, "The index to edit")
+        ->required()
+        ->option_text(" ")
+        ->transform(asGiven());
+    text.require_subcommand(1, 1);
+    const auto add = [&](const char* name, TextAction action, const char* description) -> CLI::App& {
+        CLI::App& command = *text.add_subcommand(name, description);
+        command.callback([&settings, action] { settings.action = action; });
+        return command;
+    };
+    const auto takes = [](CLI::App& command, const char* name, std::string& value, const char* description) {
+        command.add_option(name, value, description)->required()->option_text(" ")->transform(asGiven());
+    };
+    const auto takesControl = [&](CLI::App& command) -> CLI::App& {
+        takes(command, "DESIGNER", settings.designer, "The form, control or other designer");
+        takes(command, "CONTROL", settings.control, "Its control; CONTROL#2 is the second of that name");
+        return command;
+    };
+    add("list", TextAction::List, "Print a line a control: designer, control, class, IDH_ name, text");
+    CLI::App& set = takesControl(add("set", TextAction::Set, "Give a control a text"));
+    takes(set, "TEXT", settings.text, "The text");
+    set.footer("A TEXT that begins with - comes after an argument --");
+    takesControl(add("default", TextAction::Default, "Put a control on the default text"));
+    takesControl(add("delete", TextAction::Delete, "Take a control out of the index"));
+}
+
 } // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
@@ -176,6 +212,8 @@ int runCommandLine(int argc, const char* const* argv) {
     addFormat(app, settings);
     IndexSettings indexSettings;
     addIndex(app, indexSettings);
+    TextSettings textSettings;
+    addText(app, textSettings);
     try {
         app.parse(argumentsLastFirst(argc, argv));
         if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
@@ -188,7 +226,8 @@ int runCommandLine(int argc, const char* const* argv) {
         app.exit(error);
         return exitFailed;
     }
-    return app.got_subcommand("index") ? runIndex(indexSettings) : runFormat(settings);
+    if (app.got_subcommand("index")) return runIndex(indexSettings);
+    return app.got_subcommand("text") ? runText(textSettings) : runFormat(settings);
 }
 
 } // namespace corvelle::cli
