@@ -58,6 +58,12 @@ Variant::Variant(IDispatch* object) : Variant() {
     if (object) object->AddRef();
 }
 
+Variant::Variant(IUnknown* object) : Variant() {
+    V_VT(&value_) = VT_UNKNOWN;
+    V_UNKNOWN(&value_) = object;
+    if (object) object->AddRef();
+}
+
 Variant::Variant(const VARIANT& value) : Variant() {
     check(VariantCopy(&value_, const_cast<VARIANT*>(&value)));
 }

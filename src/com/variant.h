@@ -29,8 +29,10 @@ class Variant {
     Variant(Bstr text);
     /// An object, or Nothing.
     Variant(IDispatch* object);
+    /// An object that need not be one for Automation.
+    Variant(IUnknown* object);
     template <class Interface>
-    Variant(const Ptr<Interface>& object) : Variant(static_cast<IDispatch*>(object.get())) {}
+    Variant(const Ptr<Interface>& object) : Variant(object.get()) {}
     Variant(const void*) = delete; // would become a Boolean
     /// What the value refers to is copied.
     explicit Variant(const VARIANT& value);
