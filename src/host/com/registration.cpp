@@ -1,0 +1,130 @@
+#include "host/com/registration.h"
+
+#include "com/error.h"
+#include "host/com/class_table.h"
+#include "host/com/module.h"
+#include "host/com/registry_key.h"
+
+#include <string>
+
+namespace corvelle::host {
+
+namespace {
+
+// That a class may be used by late-bound callers, and that it is a control.
+const std::wstring programmable = L"{40FC6ED5-2438-11CF-A3DB-080036F12502}";
+const std::wstring control = L"{40FC6ED4-2438-11CF-A3DB-080036F12502}";
+
+std::wstring textOf(REFGUID id) {
+    wchar_t text[40];
+    StringFromGUID2(id, text, 40);
+    return text;
+}
+
+/// The type library's identity, as the registry has it.
+class LibraryKey {
+  public:
+    LibraryKey() : library_(typeLibrary()) {
+        TLIBATTR* attributes = nullptr;
+        const HRESULT result = library_->GetLibAttr(&attributes);
+        if (FAILED(result)) throw com::HresultError(result);
+        attributes_ = *attributes;
+        library_->ReleaseTLibAttr(attributes);
+    }
+
+    ITypeLib* library() const { return library_.get(); }
+    const TLIBATTR& attributes() const { return attributes_; }
+    std::wstring id() const { return textOf(attributes_.guid); }
+    std::wstring version() const {
+        return std::to_wstring(attributes_.wMajorVerNum) + L"." + std::to_wstring(attributes_.wMinorVerNum);
+    }
+    std::wstring path() const { return L"TypeLib\\" + id(); }
+    std::wstring versionPath() const { return path() + L"\\" + version(); }
+    std::wstring filePath() const {
+        wchar_t locale[16];
+        wsprintfW(locale, L"%lx", attributes_.lcid);
+        return versionPath() + L"\\" + locale + L"\\win32";
+    }
+
+  private:
+    com::Ptr<ITypeLib> library_;
+    TLIBATTR attributes_{};
+};
+
+std::wstring classPath(const ComClass& entry) {
+    return L"CLSID\\" + textOf(entry.id);
+}
+
+void set(const std::wstring& path, const std::wstring& value, const std::wstring& name = {}) {
+    RegistryKey::make(HKEY_CLASSES_ROOT, path).set(name, value);
+}
+
+bool isSame(const std::wstring& a, const std::wstring& b) {
+    return lstrcmpiW(a.c_str(), b.c_str()) == 0;
+}
+
+/// What a container wants to know of a control before it makes one.
+void registerControl(const std::wstring& path, const std::wstring& file) {
+    set(path + L"\\Control", L"");
+    set(path + L"\\MiscStatus", L"0");
+    set(path + L"\\MiscStatus\\1", L"131473");
+    set(path + L"\\ToolboxBitmap32", file + L", 103");
+    set(path + L"\\Implemented Categories\\" + control, L"");
+}
+
+void registerClass(const ComClass& entry, const LibraryKey& library, const std::wstring& file) {
+    const std::wstring path = classPath(entry);
+    const std::wstring progId = entry.progId;
+    set(path, entry.description);
+    set(path + L"\\InprocServer32", file);
+    set(path + L"\\InprocServer32", L"Apartment", L"ThreadingModel");
+    set(path + L"\\ProgID", progId);
+    set(path + L"\\TypeLib", library.id());
+    set(path + L"\\Version", library.version());
+    set(path + L"\\Programmable", L"");
+    set(path + L"\\Implemented Categories\\" + programmable, L"");
+    if (entry.isControl) registerControl(path, file);
+    set(progId, entry.description);
+    set(progId + L"\\CLSID", textOf(entry.id));
+}
+
+void unregisterClass(const ComClass& entry, const std::wstring& file) {
+    const std::wstring path = classPath(entry);
+    const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, path + L"\\InprocServer32");
+    if (registered && !isSame(*registered, file)) return; // another copy's
+    RegistryKey::remove(HKEY_CLASSES_ROOT, path);
+    const std::wstring progId = entry.progId;
+    const auto id = RegistryKey::text(HKEY_CLASSES_ROOT, progId + L"\\CLSID");
+    if (id && isSame(*id, textOf(entry.id))) RegistryKey::remove(HKEY_CLASSES_ROOT, progId);
+}
+
+void unregisterTypeLibrary(const std::wstring& file) {
+    const LibraryKey key;
+    const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, key.filePath());
+    if (!registered || !isSame(*registered, file)) return; // another copy's
+    const TLIBATTR& of = key.attributes();
+    const HRESULT result = UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind);
+    if (FAILED(result)) throw com::HresultError(result);
+    RegistryKey::remove(HKEY_CLASSES_ROOT, key.versionPath()); // flags and folder
+    RegistryKey::removeIfEmpty(HKEY_CLASSES_ROOT, key.path());
+}
+
+} // namespace
+
+void registerServer() {
+    const LibraryKey library;
+    const std::wstring path = modulePath();
+    std::wstring file = path;
+    std::wstring helpFolder = path.substr(0, path.find_last_of(L'\\'));
+    const HRESULT result = RegisterTypeLib(library.library(), file.data(), helpFolder.data());
+    if (FAILED(result)) throw com::HresultError(result);
+    for (const ComClass& entry : classTable()) registerClass(entry, library, path);
+}
+
+void unregisterServer() {
+    const std::wstring file = modulePath();
+    for (const ComClass& entry : classTable()) unregisterClass(entry, file);
+    unregisterTypeLibrary(file);
+}
+
+} // namespace corvelle::host
