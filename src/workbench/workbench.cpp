@@ -1,6 +1,7 @@
 #include "workbench/workbench.h"
 
 #include "workbench/add_in_manager.h"
+#include "workbench/model/serve_vbe.h"
 #include "workbench/window_procedure.h"
 
 namespace corvelle::workbench {
@@ -15,7 +16,8 @@ Workbench::~Workbench() {
     addIns_.setVbe({});
 }
 
-int Workbench::run(const std::shared_ptr<Workbench>&, const CommandLine& arguments) {
+int Workbench::run(const std::shared_ptr<Workbench>& self, const CommandLine& arguments) {
+    addIns_.setVbe(serveVBE(self));
     window_.show();
     if (!arguments.file.empty()) window_.open(arguments.file);
     addIns_.start(arguments.addIns);
