@@ -27,7 +27,7 @@ class ControlWindow {
     void create(HWND parent, int number);
     /// The property has changed.
     virtual void update(Aspect aspect);
-    /// All windows of the form are there: what raises an event.
+    /// All windows of the form are there: what needs them, and what raises an event.
     virtual void start() {}
     /// Brings to the screen what update() put off.
     virtual void writeLateText() {}

@@ -13,6 +13,11 @@ class TabStripWindow : public ControlWindow {
 
     bool takesFocus() const override { return true; }
 
+    // Its area belongs to the form: whatever stands there is in front of it.
+    void start() override {
+        SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+
     void update(Aspect aspect) override {
         switch (aspect) {
         case Aspect::Items:
@@ -41,11 +46,7 @@ class TabStripWindow : public ControlWindow {
   protected:
     Native native() const override { return {WC_TABCONTROLA, 0, 0}; }
 
-    void created() override {
-        // Its area belongs to the form: whatever stands there is in front of it.
-        SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-        update(Aspect::Items);
-    }
+    void created() override { update(Aspect::Items); }
 
   private:
     TabStrip& tabs_;

@@ -177,6 +177,18 @@ TEST_F(Controls, ATabIsSelected) {
     EXPECT_EQ(1, form->count("tabMain click"));
 }
 
+TEST_F(Controls, ATabStripLiesBehindWhateverStandsInItsArea) {
+    const auto form = shownForm();
+    for (Control* onTab :
+         std::vector<Control*>{&form->chkOne, &form->srfDraw}) { // made before it and after it
+        onTab->setBounds({240, 3600, 900, 300});
+        RECT place{};
+        GetWindowRect(windowOf(*onTab), &place);
+        EXPECT_EQ(windowOf(*onTab), WindowFromPoint({place.left + 2, place.top + 2})) << onTab->name();
+        onTab->setVisible(false);
+    }
+}
+
 TEST_F(Controls, DisablingAFrameTakesItsControlsAlong) {
     const auto form = shownForm();
     form->fraOptions.setEnabled(false);
