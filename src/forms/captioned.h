@@ -7,13 +7,15 @@
 
 namespace corvelle::forms {
 
-/// A control with a caption. `&` marks the accelerator, `&&` is a plain ampersand.
+/// A control with a caption. `&` marks the accelerator, `&&` is a plain ampersand; but for a label that uses
+/// none.
 class Captioned : public Control {
   public:
     using Control::Control;
 
     const std::string& caption() const { return touch(), caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::Text); }
+    virtual bool useMnemonic() const { return true; }
 
     void reset() override {
         Control::reset();

@@ -21,17 +21,22 @@ class Label : public Captioned {
     /// Whether what lies below it shows between its letters.
     bool transparent() const { return touch(), transparent_; }
     void setTransparent(bool transparent) { change(transparent_, transparent, Aspect::Colours); }
+    /// Whether `&` marks an accelerator; otherwise it is shown as it stands, and so is `&&`.
+    bool useMnemonic() const override { return touch(), useMnemonic_; }
+    void setUseMnemonic(bool use) { change(useMnemonic_, use, Aspect::Colours); }
 
     void reset() override {
         Captioned::reset();
         alignment_ = Alignment::Left;
         bordered_ = transparent_ = false;
+        useMnemonic_ = true;
     }
 
   private:
     Alignment alignment_ = Alignment::Left;
     bool bordered_ = false;
     bool transparent_ = false;
+    bool useMnemonic_ = true;
 };
 
 } // namespace corvelle::forms

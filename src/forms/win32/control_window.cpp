@@ -82,7 +82,7 @@ void ControlWindow::update(Aspect aspect) {
 
 bool ControlWindow::hasAccelerator(char letter) const {
     const auto* const captioned = dynamic_cast<const Captioned*>(&control_);
-    if (captioned == nullptr) return false;
+    if (captioned == nullptr || !captioned->useMnemonic()) return false;
     const std::string& caption = captioned->caption();
     for (std::size_t i = caption.find('&'); i != std::string::npos && i + 1 < caption.size();
          i = caption.find('&', i + 2)) {

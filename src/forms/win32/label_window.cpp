@@ -92,7 +92,7 @@ class LabelWindow : public ControlWindow {
         const HGDIOBJ before = SelectObject(device, form_.desktop().gdi().font(label_.font()));
         const std::string lines = windowText();
         DrawTextA(device, lines.c_str(), static_cast<int>(lines.size()), &inside,
-                  DT_WORDBREAK | DT_EXPANDTABS | alignment());
+                  DT_WORDBREAK | DT_EXPANDTABS | alignment() | (label_.useMnemonic() ? 0U : DT_NOPREFIX));
         SelectObject(device, before);
     }
 

@@ -196,6 +196,15 @@ TEST_F(Keyboard, ALabelsAcceleratorMovesToTheNextControl) {
     EXPECT_EQ(&form->txtName, form->activeControl());
 }
 
+TEST_F(Keyboard, ALabelMayUseNoAccelerator) {
+    const auto form = shownForm();
+    form->cmdCancel.setFocus();
+    form->lblName.setUseMnemonic(false);
+    postAccelerator(windowOf(form->cmdCancel), 'n');
+    pump();
+    EXPECT_EQ(&form->cmdCancel, form->activeControl());
+}
+
 TEST_F(Keyboard, ADisabledButtonsAcceleratorDoesNothing) {
     const auto form = shownForm();
     form->cmdOk.setEnabled(false);
