@@ -19,6 +19,7 @@ void showAll(forms::Desktop& desktop, const std::shared_ptr<workspace::Workspace
 // The windows of a subsystem each.
 void showFormatter(forms::Desktop& desktop, const std::shared_ptr<workspace::Workspace>& ide,
                    const Look& look);
+void showIndexer(forms::Desktop& desktop, const std::shared_ptr<workspace::Workspace>& ide, const Look& look);
 void showShared(forms::Desktop& desktop, const Look& look);
 
 } // namespace corvelle::gallery

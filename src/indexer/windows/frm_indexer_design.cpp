@@ -76,6 +76,7 @@ void FrmIndexer::design() {
     setSize(designSize);
     lblInfo.setBounds({edge, edge, infoWidth, frameHeight});
     lblInfo.setBordered(true);
+    lblInfo.setUseMnemonic(false); // it only speaks of a button
 
     FrameOne.setCaption("Project Analysis");
     FrameTwo.setCaption("Index Files");
@@ -202,10 +203,10 @@ void FrmIndexer::designStageThree() {
     indexer::design(lblCtl, "Control:", {right, 1050, half, lineHeight});
     CboCtl.setBounds({right, 1050 + below, half, boxHeight});
     indexer::design(lblTypeIs, "Control type:", {margin, 1755, 1260, lineHeight});
-    LblType.setBounds({margin + 1260, 1725, half - 1260, 255});
+    LblType.setBounds({margin + 1260, 1710, half - 1260, 285});
     LblType.setBordered(true);
     indexer::design(lblIDIs, "HelpContext ID:", {right, 1755, 1260, lineHeight});
-    LblID.setBounds({right + 1260, 1725, half - 1260, 255});
+    LblID.setBounds({right + 1260, 1710, half - 1260, 285});
     LblID.setBordered(true);
 
     indexer::design(lblHelp,
