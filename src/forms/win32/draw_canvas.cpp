@@ -14,6 +14,8 @@ void drawCanvas(HDC device, const Canvas& canvas, const RECT& box) {
     format.header.biPlanes = 1;
     format.header.biBitCount = 32;
     format.header.biCompression = BI_BITFIELDS;
+    // A metafile may keep no more than this says.
+    format.header.biSizeImage = static_cast<DWORD>(canvas.pixels().size() * sizeof canvas.pixels()[0]);
     format.red = 0x0000FF;
     format.green = 0x00FF00;
     format.blue = 0xFF0000;
