@@ -37,6 +37,8 @@ constexpr WellKnown wellKnown[] = {
 };
 
 std::string systemText(HRESULT result) {
+    // What an IDE that is closing answers; not every system has the text.
+    if (result == RPC_E_DISCONNECTED) return "The object invoked has disconnected from its clients.";
     wchar_t text[512];
     auto size = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
                                static_cast<DWORD>(result), 0, text, std::size(text), nullptr);
