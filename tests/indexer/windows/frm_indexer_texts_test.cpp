@@ -1,0 +1,281 @@
+#include "forms/message_box.h"
+#include "indexer/windows/indexer_wizard.h"
+
+#include <filesystem>
+#include <gmock/gmock.h>
+
+namespace corvelle::indexer::test {
+namespace {
+
+using forms::answer::no;
+using forms::answer::ok;
+using forms::answer::yes;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const char* const invalidBox =
+    "Corvelle|16|Either header  file or configuration file is invalid.You need to re generate them ";
+const char* const noTextFileBox = "Corvelle|64|You have to create new Text file for Text entries..";
+const char* const savedBox = "Corvelle|64|File was saved successfully.";
+
+// frmMain with cmdOK and txtName, frmOrder with txtDate, lblDate and cmdOK: IDH_AAAB to IDH_AAAF.
+class IndexerTexts : public testing::Test, protected IndexerWizard {
+  protected:
+    IndexerTexts() { addExample(); }
+
+    FrmIndexer& showCreated() {
+        FrmIndexer& form = showStageTwo();
+        click(form.CmdProc);
+        return form;
+    }
+    FrmIndexer& showStageThree(const std::string& texts) {
+        FrmIndexer& form = showCreated();
+        folder.write("a.txt", texts);
+        form.Text1(2).setText(pathOf("a.txt"));
+        click(form.CmdNext);
+        return form;
+    }
+    // The stage with no text file named before.
+    FrmIndexer& showStageThree() {
+        FrmIndexer& form = showCreated();
+        desktop.answerNextBox(ok);
+        click(form.CmdNext);
+        EXPECT_TRUE(desktop.type(form.Text1(2), pathOf("a.txt")));
+        return form;
+    }
+    void choose(FrmIndexer& form, int designer, int control) {
+        EXPECT_TRUE(desktop.choose(form.cboDsr, designer));
+        EXPECT_TRUE(desktop.choose(form.CboCtl, control));
+    }
+    void save(FrmIndexer& form) {
+        desktop.answerNextBox(ok);
+        EXPECT_TRUE(click(form.CmdProc));
+        EXPECT_EQ(lastBox(), savedBox);
+    }
+    // The topic's text in the saved file.
+    std::string saved(const std::string& name) const {
+        const auto texts = folder.read("a.txt");
+        const auto topic = ".topic  " + name + "\r\n";
+        const auto at = texts.find(topic);
+        if (at == std::string::npos) return "none";
+        const auto begin = at + topic.size();
+        return texts.substr(begin, texts.find("\r\n", begin) - begin);
+    }
+};
+
+TEST_F(IndexerTexts, StartEmptyWithoutATextFile) {
+    FrmIndexer& form = showStageThree();
+    EXPECT_EQ(lastBox(), noTextFileBox);
+    EXPECT_THAT(form.cboDsr.items(), ElementsAre("frmMain", "frmOrder"));
+    EXPECT_THAT(form.CboCtl.items(), ElementsAre("cmdOK", "txtName"));
+    EXPECT_EQ(form.LblType.caption(), "CommandButton");
+    EXPECT_EQ(form.LblID.caption(), "IDH_AAAB");
+    EXPECT_TRUE(form.txtHelp.enabled());
+    EXPECT_EQ(form.txtHelp.text(), "");
+    EXPECT_EQ(form.mousePointer(), forms::MousePointer::Default);
+}
+
+TEST_F(IndexerTexts, AreReadFromATextFile) {
+    FrmIndexer& form = showStageThree(".topic  IDH_AAAC\r\nThe name.\r\n");
+    EXPECT_THAT(desktop.boxes(), IsEmpty());
+    choose(form, 0, 1);
+    EXPECT_EQ(form.txtHelp.text(), " The name.");
+}
+
+TEST_F(IndexerTexts, NeedTheIndexFiles) {
+    FrmIndexer& form = showCreated();
+    for (const auto* missing : {"a.h", "a.hcnf"}) {
+        const auto bytes = folder.read(missing);
+        std::filesystem::remove(folder.path() / missing);
+        desktop.answerNextBox(ok, [&] { EXPECT_EQ(form.mousePointer(), forms::MousePointer::Default); });
+        click(form.CmdNext);
+        EXPECT_EQ(lastBox(), invalidBox);
+        EXPECT_EQ(form.caption(), "Help Context ID Indexer :Stage 2 of 4");
+        EXPECT_TRUE(form.FrameTwo.visible());
+        folder.write(missing, bytes);
+    }
+    desktop.answerNextBox(ok);
+    click(form.CmdNext);
+    EXPECT_EQ(form.caption(), "Help Context ID Indexer :Stage 3 of 4");
+}
+
+TEST_F(IndexerTexts, AreSavedWithTheDefaultText) {
+    FrmIndexer& form = showStageThree();
+    desktop.type(form.txtHelp, "Closes the window.\r\nAt once.");
+    choose(form, 0, 1);
+    save(form);
+    EXPECT_EQ(folder.read("a.txt"),
+              ".topic  IDH_AAAA\r\nNo help information is available for this control.\r\n\r\n"
+              ".topic  IDH_AAAB\r\nCloses the window.\r\nAt once.\r\n.topic  IDH_AAAC\r\n\r\n"
+              ".topic  IDH_AAAD\r\n\r\n.topic  IDH_AAAE\r\n\r\n.topic  IDH_AAAF\r\n\r\n");
+    EXPECT_EQ(reportLines(form).back(), "Created Text file: " + pathOf("a.txt"));
+    form.txtDefault.setText("Ask Ann.");
+    save(form); // as often as one likes
+    EXPECT_THAT(folder.read("a.txt"),
+                testing::StartsWith(".topic  IDH_AAAA\r\nAsk Ann.\r\n.topic  IDH_AAAB"));
+    EXPECT_EQ(reportLines(form)[reportLines(form).size() - 2], "Created Text file: " + pathOf("a.txt"));
+    EXPECT_EQ(header(), exampleHeader);
+    EXPECT_EQ(configuration(), exampleConfiguration);
+}
+
+TEST_F(IndexerTexts, AreTheDefaultAloneWithoutControls) {
+    FrmIndexer& form = showCreated();
+    folder.write("a.hcnf", "<P>frmMain</P>\r\n");
+    desktop.answerNextBox(ok);
+    click(form.CmdNext);
+    EXPECT_THAT(form.CboCtl.items(), IsEmpty());
+    EXPECT_FALSE(form.txtHelp.enabled());
+    desktop.type(form.Text1(2), pathOf("a.txt"));
+    form.txtDefault.setText("Nothing.");
+    save(form);
+    EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\nNothing.\r\n");
+}
+
+TEST_F(IndexerTexts, AreSavedAsTheyStandWithoutTheTextOnDisplay) {
+    FrmIndexer& form = showStageThree();
+    desktop.type(form.txtHelp, "typed");
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "");
+    choose(form, 0, 1);
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "typed");
+}
+
+TEST_F(IndexerTexts, GoIntoTheFirstControlWhenAnotherDesignerIsChosen) {
+    FrmIndexer& form = showStageThree(".topic  IDH_AAAC\r\nearlier\r\n");
+    choose(form, 0, 1);
+    desktop.type(form.txtHelp, "typed for the second");
+    desktop.choose(form.cboDsr, 1);
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "typed for the second");
+    EXPECT_EQ(saved("IDH_AAAC"), " earlier");
+    EXPECT_EQ(saved("IDH_AAAD"), "");
+}
+
+TEST_F(IndexerTexts, AskOnceWhichFilesNeedUpdating) {
+    FrmIndexer& form = showStageThree();
+    form.Text1(3).setText("C:\\Proj\\modHelp.bas");
+    const auto prompt = "Update files..?|36|This action requires following files to be updated :/" +
+                        pathOf("a.h") + "/" + pathOf("a.hcnf") + "/C:\\Proj\\modHelp.bas/" + pathOf("a.txt") +
+                        "/Do you wish to continue ?";
+    desktop.answerNextBox(no);
+    click(form.CmdDel);
+    EXPECT_EQ(lastBox(), prompt);
+    EXPECT_EQ(form.LblID.caption(), "IDH_AAAB");
+    desktop.answerNextBox(yes);
+    click(form.CmdDel);
+    EXPECT_EQ(form.LblID.caption(), "");
+    EXPECT_EQ(form.txtHelp.text(), "This control is deleted from Index..");
+    click(form.CmdDef);
+    EXPECT_EQ(form.LblID.caption(), "IDH_AAAA");
+    choose(form, 1, 1);
+    click(form.CmdDel);
+    // Nor after the way back and forth.
+    click(form.CmdClose);
+    click(form.CmdNext);
+    click(form.CmdDel);
+    EXPECT_EQ(form.LblID.caption(), "");
+    EXPECT_EQ(desktop.boxes().size(), 3U);
+}
+
+TEST_F(IndexerTexts, LeaveTheIndexFilesAlone) {
+    FrmIndexer& form = showStageThree();
+    desktop.answerNextBox(yes);
+    click(form.CmdDel);
+    click(form.CmdDef);
+    choose(form, 0, 1);
+    click(form.CmdDel);
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "none");
+    EXPECT_EQ(saved("IDH_AAAC"), "none");
+    EXPECT_EQ(saved("IDH_AAAD"), "");
+    EXPECT_EQ(header(), exampleHeader);
+    EXPECT_EQ(configuration(), exampleConfiguration);
+}
+
+TEST_F(IndexerTexts, AreReadAtOnceFromATextFileThatIsChosen) {
+    FrmIndexer& form = showStageThree();
+    desktop.type(form.txtHelp, "typed");
+    folder.write("b.txt", ".topic  IDH_AAAC\r\nThe name.\r\n.topic  IDH_AAAD\r\nThe date.\r\n");
+    desktop.chooseNextFile(pathOf("b.txt"));
+    click(form.Command2(2));
+    EXPECT_EQ(desktop.fileDialogs().back().filter, "Text file(*.txt)|*.txt");
+    EXPECT_EQ(form.txtHelp.text(), "typed"); // that file knows nothing of this control
+    folder.write("c.txt", ".topic  IDH_AAAB\r\nKnown.\r\n.topic  IDH_AAAD\r\nThe day.\r\n");
+    desktop.chooseNextFile(pathOf("c.txt"));
+    click(form.Command2(2));
+    EXPECT_EQ(form.txtHelp.text(), " Known.");
+    choose(form, 0, 1);
+    EXPECT_EQ(form.txtHelp.text(), " The name.");
+    choose(form, 0, 0);
+    EXPECT_EQ(form.txtHelp.text(), " Known.");
+    desktop.choose(form.cboDsr, 1);
+    EXPECT_EQ(form.txtHelp.text(), " The day.");
+    EXPECT_TRUE(form.CmdProc.enabled());
+}
+
+TEST_F(IndexerTexts, AreLoadedAnewOnEveryWayIntoTheStage) {
+    FrmIndexer& form = showStageThree(".topic  IDH_AAAB\r\nfirst\r\n.topic  IDH_AAAD\r\nthird\r\n");
+    desktop.type(form.txtHelp, "never saved");
+    choose(form, 0, 1);
+    choose(form, 1, 2);
+    click(form.CmdClose);
+    folder.write("a.txt", ".topic  IDH_AAAB\r\nnew\r\n.topic  IDH_AAAD\r\nthird\r\n");
+    click(form.CmdNext);
+    EXPECT_EQ(form.cboDsr.listIndex(), 0);
+    EXPECT_EQ(form.txtHelp.text(), " new");
+    desktop.choose(form.cboDsr, 1);
+    EXPECT_EQ(form.txtHelp.text(), " third");
+    EXPECT_EQ(form.cboDsr.listCount(), 2);
+}
+
+TEST_F(IndexerTexts, StayWhenTheyCannotBeSaved) {
+    FrmIndexer& form = showStageThree();
+    desktop.type(form.txtHelp, "typed");
+    choose(form, 0, 1);
+    form.Text1(2).setText(pathOf("none/a.txt"));
+    desktop.answerNextBox(ok);
+    click(form.CmdProc);
+    EXPECT_EQ(lastBox(), "Corvelle|48|Errors occured while saving file. ");
+    EXPECT_THAT(form.TxtRV.text(), testing::Not(HasSubstr("Created Text file: ")));
+    form.Text1(2).setText(pathOf("a.txt"));
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "typed");
+}
+
+TEST_F(IndexerTexts, LeaveTheKeysOfTheListsToThem) {
+    FrmIndexer& form = showStageThree();
+    for (auto* list : {&form.cboDsr, &form.CboCtl}) {
+        ASSERT_TRUE(list->onKeyDown);
+        EXPECT_TRUE(desktop.press(*list, 65));
+        EXPECT_EQ(list->listIndex(), 0);
+    }
+}
+
+TEST_F(IndexerTexts, EndWithTheirWindow) {
+    const auto disconnect = [this] { manager->disconnect(); };
+    FrmIndexer& form = showCreated();
+    auto alive = form.shared_from_this();
+    desktop.answerNextBox(ok, disconnect); // no text file yet
+    click(form.CmdNext);
+    EXPECT_FALSE(alive->isLoaded());
+    for (const int command : {0, 1, 2}) {
+        FrmIndexer& other = showStageThree();
+        alive = other.shared_from_this();
+        desktop.answerNextBox(command == 2 ? ok : yes, disconnect);
+        click(command == 0 ? other.CmdDel : command == 1 ? other.CmdDef : other.CmdProc);
+        EXPECT_FALSE(alive->isLoaded());
+    }
+    FrmIndexer& other = showCreated();
+    std::filesystem::remove(folder.path() / "a.h");
+    alive = other.shared_from_this();
+    desktop.answerNextBox(ok, disconnect);
+    click(other.CmdNext);
+    EXPECT_FALSE(alive->isLoaded());
+    EXPECT_THAT(desktop.windows(), IsEmpty());
+}
+
+} // namespace
+} // namespace corvelle::indexer::test
