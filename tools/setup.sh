@@ -3,6 +3,10 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 say() { echo "corvelle: $*" >&2; }
 
+# What building the Windows flavour takes.
+windows_packages=(g++ g++-mingw-w64-i686-posix mingw-w64-tools cmake ninja-build libcli11-dev googletest
+  librsvg2-bin icoutils imagemagick python3 fp-utils nsis zip)
+
 # need_packages NAME...: installs the Debian packages that are missing; asks nothing.
 need_packages() {
   command -v dpkg-query >/dev/null || return 0 # not a Debian: the build says what it misses
