@@ -5,6 +5,7 @@
 #include "forms/message_box.h"
 #include "ide/required.h"
 
+#include <exception>
 #include <new>
 #include <utility>
 
@@ -29,6 +30,8 @@ void AddIn::IDTExtensibility_OnConnection(const std::shared_ptr<ide::VBE>& VBIns
         report(error.description());
     } catch (const std::bad_alloc&) {
         report(base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)));
+    } catch (const std::exception& error) {
+        report(error.what());
     }
 }
 
