@@ -7,6 +7,8 @@
 #include "formatter/windows/frm_main.h"
 #include "forms/headless/headless_desktop.h"
 #include "indexer/windows/frm_index_main.h"
+#include "indexer/windows/frm_indexer.h"
+#include "indexer/windows/frm_txt.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
@@ -145,6 +147,11 @@ struct Window {
 
 class ManualOfWindows : public testing::Test {
   protected:
+    ManualOfWindows() { // so that no window asks for the file
+        desktop.settings().save(desktop.application.productName, "Indexer", "ExcludeList_Path",
+                                "exclude.lst");
+    }
+
     template <class T>
     Window window(std::vector<std::string> pages) {
         auto form = std::make_shared<T>(desktop);
@@ -157,6 +164,8 @@ class ManualOfWindows : public testing::Test {
             window<formatter::FrmFormatter>({"formatter_dialog.html"}),
             window<formatter::FrmError>({"error_list.html"}),
             window<indexer::FrmIndex_Main>({"start_menu.html"}),
+            window<indexer::FrmIndexer>({"stage1.html", "stage2.html", "stage3.html", "stage4.html"}),
+            window<indexer::FrmTxt>({"editor.html", "stage3.html"}),
         };
     }
 
