@@ -7,7 +7,10 @@ namespace corvelle::host {
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** result) {
     if (!result) return E_POINTER;
     *result = nullptr;
-    if (outer) return CLASS_E_NOAGGREGATION;
+    if (outer) {
+        if (!made_.makePart || !IsEqualIID(iid, IID_IUnknown)) return CLASS_E_NOAGGREGATION;
+        return com::guarded([&] { *result = made_.makePart(outer).release(); });
+    }
     return com::guarded([&] { return made_.make()->QueryInterface(iid, result); });
 }
 

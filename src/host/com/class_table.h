@@ -13,6 +13,8 @@ struct ComClass {
     const wchar_t* description;
     /// A new object; throws.
     com::Ptr<IUnknown> (*make)();
+    /// A new object that is part of the outer one's aggregate; throws. Null if the class cannot be one.
+    com::Ptr<IUnknown> (*makePart)(IUnknown* outer) = nullptr;
     /// Whether it is a control, which containers look for by more entries in the registry.
     bool isControl = false;
 };
