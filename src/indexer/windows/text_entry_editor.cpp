@@ -10,6 +10,8 @@ namespace corvelle::indexer {
 
 void TextEntryEditor::reset() {
     bFilesPrompted_ = false;
+    controls_.CmdDef.setToolTipText("Asign the default message to selected control");
+    controls_.CmdDel.setToolTipText("Remove selected control from Indexing");
     clear();
 }
 

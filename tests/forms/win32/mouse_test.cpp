@@ -1,5 +1,7 @@
 #include "forms/win32/screen_test.h"
 
+#include <commctrl.h>
+
 namespace corvelle::forms::tests {
 
 namespace {
@@ -14,6 +16,45 @@ TEST_F(Mouse, OverAControlIsTheControls) {
     postMove(windowOf(form->srfDraw), 5, 5);
     pump();
     EXPECT_EQ((std::vector<std::string>{"cmdOk mouse", "txtName mouse", "srfDraw mouse"}), form->log);
+}
+
+BOOL CALLBACK isToolTip(HWND window, LPARAM result) {
+    char name[32] = "";
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(name) != TOOLTIPS_CLASSA) return TRUE;
+    *reinterpret_cast<HWND*>(result) = window;
+    return FALSE;
+}
+
+// The window of a tool tip of this thread; null if there is none.
+HWND toolTip() {
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), isToolTip, reinterpret_cast<LPARAM>(&found));
+    return found;
+}
+
+TEST_F(Mouse, OverAButtonHasATipIfTheButtonHas) {
+    const auto form = shownForm();
+    form->cmdOk.setToolTipText("Puts all right & well");
+    postMove(windowOf(form->cmdCancel), 3, 3);
+    pump();
+    EXPECT_EQ(nullptr, toolTip());
+    postMove(windowOf(form->cmdOk), 3, 3);
+    postMove(windowOf(form->cmdOk), 4, 4);
+    pump();
+    const HWND tip = toolTip();
+    ASSERT_NE(nullptr, tip);
+    EXPECT_EQ(1, SendMessageA(tip, TTM_GETTOOLCOUNT, 0, 0));
+    char text[80] = "";
+    TOOLINFOA tool{};
+    tool.cbSize = TTTOOLINFOA_V1_SIZE;
+    tool.hwnd = windowOf(*form);
+    tool.uId = reinterpret_cast<UINT_PTR>(windowOf(form->cmdOk));
+    tool.lpszText = text;
+    SendMessageA(tip, TTM_GETTEXTA, 0, reinterpret_cast<LPARAM>(&tool));
+    EXPECT_STREQ("Puts all right & well", text);
+    form->unload();
+    EXPECT_FALSE(IsWindow(tip));
 }
 
 TEST_F(Mouse, OverALabelOrAnImageIsTheirs) {

@@ -51,7 +51,9 @@ TEST_F(TextEntryWindow, IntroducesItself) {
     EXPECT_EQ(window.lblIDIs.caption(), "HelpContext ID:");
     EXPECT_EQ(window.lblHelp.caption(), "Text Pop Up Entry [The text which appears as help):");
     EXPECT_EQ(window.CmdDef.caption(), "Set &Default");
+    EXPECT_EQ(window.CmdDef.toolTipText(), "Asign the default message to selected control");
     EXPECT_EQ(window.CmdDel.caption(), "Delete");
+    EXPECT_EQ(window.CmdDel.toolTipText(), "Remove selected control from Indexing");
     EXPECT_EQ(window.CmdProc.caption(), "&Save");
     EXPECT_EQ(window.CmdClose.caption(), "&Close");
     EXPECT_EQ(status(), notReadyStatus);
