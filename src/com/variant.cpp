@@ -11,7 +11,13 @@ namespace {
 using base::ErrorNumber;
 using base::RunTimeError;
 
+// The system follows a reference without a look.
+void requireReferent(const VARIANT& value) {
+    if ((V_VT(&value) & VT_BYREF) != 0 && !V_BYREF(&value)) throw RunTimeError(ErrorNumber::TypeMismatch);
+}
+
 Variant changed(const VARIANT& value, VARTYPE type) {
+    requireReferent(value);
     Variant result;
     // The function takes the value as one that it might write; it does not.
     const auto status =
@@ -24,6 +30,7 @@ Variant changed(const VARIANT& value, VARTYPE type) {
 
 // The value that a reference of whatever kind leads to.
 Variant withoutReference(const VARIANT& value) {
+    requireReferent(value);
     Variant result;
     if (FAILED(VariantCopyInd(result.receive(), const_cast<VARIANT*>(&value))))
         throw RunTimeError(ErrorNumber::TypeMismatch);

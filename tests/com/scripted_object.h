@@ -4,6 +4,7 @@
 #include "com/object.h"
 #include "com/variant.h"
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <ole2.h>
@@ -45,20 +46,26 @@ class ScriptedObject : public com::Object<IDispatch> {
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
         lookups.emplace_back(names[0]);
-        const auto found = members.find(names[0]);
-        if (found == members.end()) return DISP_E_UNKNOWNNAME;
-        *ids = static_cast<DISPID>(std::distance(members.begin(), found)) + 1;
+        if (members.count(names[0]) == 0) return DISP_E_UNKNOWNNAME;
+        const auto known = std::find(names_.begin(), names_.end(), names[0]);
+        *ids = static_cast<DISPID>(known - names_.begin()) + 1;
+        if (known == names_.end()) names_.emplace_back(names[0]);
         return S_OK;
     }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kind, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* information, UINT*) override {
         kinds.push_back(kind);
-        const auto member = std::next(members.begin(), id - 1)->second; // which may replace itself
+        const auto found = members.find(names_[static_cast<std::size_t>(id - 1)]);
+        if (found == members.end()) return DISP_E_MEMBERNOTFOUND;
+        const auto member = found->second; // which may replace itself
         Call call{kind, com::Arguments(*parameters), *parameters, {}, information};
         const auto status = member(call);
         if (SUCCEEDED(status) && result) *result = call.result.release();
         return status;
     }
+
+  private:
+    std::vector<std::wstring> names_; // by DISPID, from 1
 };
 
 } // namespace corvelle::test
