@@ -1,0 +1,67 @@
+#include "control_under_test.h"
+
+#include "com/error.h"
+#include "com/object.h"
+
+#include <gtest/gtest.h>
+
+namespace corvelle::host {
+
+namespace {
+
+FARPROC entryPoint(const char* name) {
+    static const HMODULE module = LoadLibraryA(CORVELLE_DLL);
+    return GetProcAddress(module, name);
+}
+
+/// OLE for the whole program.
+class Ole : public testing::Environment {
+    void SetUp() override { ASSERT_EQ(OleInitialize(nullptr), S_OK); }
+    void TearDown() override { OleUninitialize(); }
+};
+
+[[maybe_unused]] testing::Environment* const ole = testing::AddGlobalTestEnvironment(new Ole);
+
+} // namespace
+
+com::Ptr<IClassFactory> controlFactory() {
+    using Function = HRESULT(WINAPI*)(REFCLSID, REFIID, void**);
+    const auto function =
+        reinterpret_cast<Function>(reinterpret_cast<void*>(entryPoint("DllGetClassObject")));
+    void* found = nullptr;
+    com::check(function(__uuidof(Indicator), IID_IClassFactory, &found));
+    return com::Ptr<IClassFactory>::take(static_cast<IClassFactory*>(found));
+}
+
+com::Ptr<IUnknown> makeControl(IUnknown* outer) {
+    void* made = nullptr;
+    com::check(controlFactory()->CreateInstance(outer, IID_IUnknown, &made));
+    return com::Ptr<IUnknown>::take(static_cast<IUnknown*>(made));
+}
+
+com::Ptr<_Indicator> makeIndicator() {
+    return makeControl().query<_Indicator>();
+}
+
+HRESULT callModule(const char* function) {
+    using Function = HRESULT(WINAPI*)();
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(entryPoint(function)))();
+}
+
+long livingObjects() {
+    return com::objectCount() + (callModule("DllCanUnloadNow") == S_OK ? 0 : 1);
+}
+
+void pump(unsigned milliseconds) {
+    const DWORD start = GetTickCount();
+    do {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+        Sleep(1);
+    } while (GetTickCount() - start < milliseconds);
+}
+
+} // namespace corvelle::host
