@@ -95,6 +95,15 @@ TEST_F(RoundTrip, CodeOfEveryByte) {
     EXPECT_EQ(lines->Lines(1, 1), bytes);
 }
 
+TEST_F(RoundTrip, CodeOfTheLargestModule) {
+    constexpr std::int32_t count = 65534;
+    const auto lines = code("modMain");
+    lines->DeleteLines(1, lines->CountOfLines());
+    for (std::int32_t line = 1; line <= count; ++line) lines->InsertLines(line, std::to_string(line));
+    ASSERT_EQ(lines->CountOfLines(), count);
+    for (std::int32_t line = 1; line <= count; ++line) ASSERT_EQ(lines->Lines(line, 1), std::to_string(line));
+}
+
 TEST_F(RoundTrip, ActiveCodePane) {
     program->ide->setActiveCodePane(&component(2));
     EXPECT_EQ(vbe->ActiveCodePane()->CodeModule()->Name(), "modMain");
