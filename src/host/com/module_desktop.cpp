@@ -97,10 +97,7 @@ std::shared_ptr<ModuleDesktop>& desktop() {
 
 std::shared_ptr<forms::Desktop> useDesktop() {
     auto& kept = desktop();
-    if (kept && kept->thread != GetCurrentThreadId()) {
-        if (kept.use_count() > 1 || kept->isInUse()) throw com::HresultError(RPC_E_WRONG_THREAD);
-        kept.reset();
-    }
+    if (kept && kept->thread != GetCurrentThreadId()) throw com::HresultError(RPC_E_WRONG_THREAD);
     if (!kept) kept = std::make_shared<ModuleDesktop>();
     return kept;
 }
