@@ -1,5 +1,6 @@
 #include "base/ignoring_errors.h"
 #include "formatter/windows/frm_formatter.h"
+#include "formatter/windows/frm_main.h"
 #include "forms/desktop.h"
 
 #include <algorithm>
@@ -107,6 +108,7 @@ void FrmFormatter::showResult(std::int32_t errorCount) {
     SetResults("Module contains " + std::to_string(initialLines_) +
                " Lines | Formatted code contains:  " + std::to_string(maxIndx_ + 1) + " Lines");
     formatted_ = true;
+    if (const auto page = FrmCalled.lock()) page->ModuleFormatted();
 }
 
 FrmError& FrmFormatter::errors() {

@@ -102,7 +102,7 @@ void frmMain::CmdNext_Click() {
     } released{*this, dialog};
     if (Text1.text() == lastFormatted_ && !confirmRepetition()) return;
     if (!isLoaded()) return; // closed behind the box
-    lastFormatted_ = Text1.text();
+    handedOver_ = Text1.text();
     dialog->FmtCodeModule = codeModule_;
     dialog->FmtCodePane = codePane_;
     dialog->BackDir = BackupDir_;
@@ -125,6 +125,10 @@ bool frmMain::confirmRepetition() {
     }
     return desktop().msgBox(question, forms::box::yesNo | forms::box::exclamation,
                             "Repeate formatting ..?") == forms::answer::yes;
+}
+
+void frmMain::ModuleFormatted() {
+    lastFormatted_ = handedOver_;
 }
 
 void frmMain::FormatterClosed(const std::string& backupDir) {

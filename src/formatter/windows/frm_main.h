@@ -43,6 +43,8 @@ class frmMain : public forms::Form {
     void setActiveModule();
     /// Closes the wizard, the dialog included, unless the dialog stays.
     void CloseNotify();
+    /// A pass over the dialog's module has come to its end.
+    void ModuleFormatted();
     /// The dialog has closed: lets go of it, keeps its backup directory and shows the page again.
     void FormatterClosed(const std::string& backupDir);
 
@@ -71,7 +73,8 @@ class frmMain : public forms::Form {
 
     std::shared_ptr<ide::CodePane> codePane_;
     std::shared_ptr<ide::CodeModule> codeModule_;
-    std::string lastFormatted_; // what Text1 showed then
+    std::string handedOver_;    // the dialog's module, as Text1 showed it then
+    std::string lastFormatted_; // the same of the module formatted last
     std::string BackupDir_;
     std::shared_ptr<FrmFormatter> formatter_;
     bool closing_ = false; // the page does not come back

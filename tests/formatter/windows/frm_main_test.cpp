@@ -1,6 +1,8 @@
 #include "formatter/windows/wizard.h"
 #include "ui/frm_abt.h"
 
+#include <gmock/gmock.h>
+
 namespace corvelle::formatter::test {
 namespace {
 
@@ -73,6 +75,7 @@ TEST_F(SelectionPage, CannotProceedWithoutACodeWindow) {
     desktop.answerNextBox(ok);
     showPage();
     EXPECT_EQ(lastBox(), activateBox);
+    EXPECT_EQ(page().caption(), "Trellis [Stockroom]"); // the title is renewed all the same
     EXPECT_FALSE(page().CmdNext.enabled());
     EXPECT_FALSE(desktop.click(page().CmdNext));
     EXPECT_EQ(desktop.boxes().size(), 1U); // closing the box activates nothing
@@ -81,8 +84,10 @@ TEST_F(SelectionPage, CannotProceedWithoutACodeWindow) {
     desktop.click(page());
     EXPECT_TRUE(page().CmdNext.enabled());
     ide->activate(nullptr);
+    ide->project->name = "Renamed";
     desktop.answerNextBox(ok);
     desktop.click(page().cmdRef);
+    EXPECT_EQ(page().caption(), "Trellis [Renamed]");
     EXPECT_FALSE(page().CmdNext.enabled());
     EXPECT_EQ(page().Text1.text(), "");
 }
@@ -140,8 +145,38 @@ TEST_F(SelectionPage, HandsTheModuleOver) {
     EXPECT_EQ(desktop.modals(), (Lines{"FrmFormatter"}));
 }
 
+TEST_F(SelectionPage, WarnsAgainWhenTheDialogWasLeftBeforeAPassHadEnded) {
+    inDialog([](FrmFormatter&) {}); // Back at once
+    inDialog([&](FrmFormatter& dialog) {
+        desktop.atYield([&] { dialog.DisableProc(); }, 15);
+        desktop.click(dialog.CmdFmt);
+        EXPECT_EQ(status(dialog), " Status: Formatting was aborted by user..");
+    });
+    EXPECT_TRUE(desktop.boxes().empty()); // no question about repetition
+    module->dirty = true;
+    desktop.answerNextBox(ok);
+    desktop.click(page());
+    EXPECT_THAT(lastBox(), testing::StartsWith("Save Module first..|64|"));
+}
+
+TEST_F(SelectionPage, CountsAPassWithErrorsAsFormatted) {
+    code() = {"End Sub"};
+    inDialog([&](FrmFormatter& dialog) {
+        desktop.inNextModal([&](forms::Form& list) { desktop.close(list); });
+        desktop.click(dialog.CmdFmt);
+        leaveAnyway(dialog);
+    });
+    const auto before = desktop.boxes().size();
+    module->dirty = true;
+    desktop.click(page());
+    EXPECT_EQ(desktop.boxes().size(), before);
+}
+
 TEST_F(SelectionPage, AsksBeforeFormattingTheSameModuleAgain) {
-    inDialog([](FrmFormatter&) {});
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.click(dialog.CmdAdd);
+    });
     desktop.answerNextBox(no);
     EXPECT_TRUE(desktop.click(page().CmdNext));
     EXPECT_EQ(lastBox(),
@@ -169,9 +204,13 @@ TEST_F(SelectionPage, AsksMoreWhenTheModuleWasNotSavedAfterFormatting) {
 }
 
 TEST_F(SelectionPage, AsksNothingBeforeFormattingAnotherModule) {
-    inDialog([](FrmFormatter&) {});
+    const auto formatAndAdd = [&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.click(dialog.CmdAdd);
+    };
+    inDialog(formatAndAdd);
     openModule("Other", sample());
-    inDialog([](FrmFormatter&) {});
+    inDialog(formatAndAdd);
     ide->activate(ide->project->components[0]);
     desktop.click(page());
     inDialog([](FrmFormatter&) {}); // only the last one counts

@@ -63,7 +63,10 @@ TEST_F(Interrupted, BehindTheBoxThatNoModuleIsActive) {
 }
 
 TEST_F(Interrupted, BehindTheQuestionBeforeARepetition) {
-    inDialog([](FrmFormatter&) {});
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        desktop.click(dialog.CmdAdd);
+    });
     disconnectBehindBox(yes);
     desktop.click(page().CmdNext);
     EXPECT_EQ(desktop.modals().size(), 1U); // no dialog for a page that is gone
