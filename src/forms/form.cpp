@@ -3,6 +3,7 @@
 #include "base/run_time_error.h"
 #include "forms/desktop.h"
 
+#include <exception>
 #include <new>
 #include <utility>
 
@@ -144,6 +145,8 @@ bool Form::run(const std::function<void()>& handler) {
         desktop_.msgBox(error.description(), 0);
     } catch (const std::bad_alloc&) {
         desktop_.msgBox(base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)), 0);
+    } catch (const std::exception& error) {
+        desktop_.msgBox(error.what(), 0); // nothing may get into the system's code, which is next
     }
     return false;
 }
