@@ -10,11 +10,11 @@
 namespace corvelle::indexer {
 
 ProjectInfo withPathsFound(ProjectInfo info, std::string_view projectPath) {
-    const auto folder = base::pathOf(projectPath).parent_path();
     for (const auto which : {slot::header, slot::configuration, slot::text}) {
-        const auto path = base::pathOf(info[which]);
-        if (info[which].empty() || !path.is_relative() || fileExists(info[which])) continue;
         base::ignoringErrors([&] {
+            const auto folder = base::pathOf(projectPath).parent_path();
+            const auto path = base::pathOf(info[which]);
+            if (info[which].empty() || !path.is_relative() || fileExists(info[which])) return;
             auto beside = base::textOf(folder / path);
             if (fileExists(beside)) info[which] = std::move(beside);
         });

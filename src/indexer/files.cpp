@@ -7,14 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
-#include <system_error>
 
 namespace corvelle::indexer {
 
 bool fileExists(std::string_view path) {
-    std::error_code error;
-    [[maybe_unused]] const auto length = std::filesystem::file_size(base::pathOf(path), error);
-    return !error;
+    return base::ignoringErrors(
+        [&] { [[maybe_unused]] const auto length = std::filesystem::file_size(base::pathOf(path)); });
 }
 
 std::string_view getFilePath(std::string_view path) {

@@ -18,7 +18,8 @@ std::string_view getFilePath(std::string_view path);
 /// Writes the lines, each ended by CR LF, into the file, which is created or truncated. False on any failure.
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines);
 
-/// The system's call for a path's short form: fills the buffer of that size with text that ends in NUL.
+/// The system's call for a path's short form: fills the buffer of that size with text that ends in NUL. On
+/// Windows that is base::shortPathName.
 using ShortPathCall = std::function<void(const char* path, char* buffer, std::uint32_t size)>;
 
 /// The short (8.3) form of the path, as the call gives it into a buffer of 128 characters.

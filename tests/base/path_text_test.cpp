@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace corvelle::base {
 namespace {
 
@@ -20,6 +24,13 @@ TEST(PathText, JoinsWithOtherPaths) {
 #ifdef _WIN32
 TEST(PathText, RefusesANameThatTheCodePageCannotHold) {
     EXPECT_THROW(textOf(std::filesystem::path(L"\x4E2D.bas")), FileError);
+    EXPECT_THROW(textOf(std::filesystem::path(L"\x0100.bas")), FileError); // the system would offer an A
+}
+
+TEST(PathText, IsInTheMachinesCodePageWhateverTheLocale) {
+    if (GetACP() != 1252) GTEST_SKIP() << "the code page is another one";
+    EXPECT_EQ(pathOf("\x80\xE4").native(), L"\x20AC\xE4");
+    EXPECT_EQ(textOf(std::filesystem::path(L"\x20AC\xE4")), "\x80\xE4");
 }
 #endif
 

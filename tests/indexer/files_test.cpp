@@ -5,6 +5,12 @@
 #include <cstring>
 #include <gtest/gtest.h>
 
+#ifdef _WIN32
+#include "base/win32/short_path_name.h"
+
+#include <windows.h>
+#endif
+
 namespace corvelle::indexer {
 namespace {
 
@@ -46,6 +52,27 @@ TEST(WriteLines, TellsThatAFileCannotBeWritten) {
     EXPECT_FALSE(WriteLines("/dev/full", {"a"}));
 #endif
 }
+
+#ifdef _WIN32
+
+TEST(WriteLines, TakesThePathInTheMachinesCodePage) {
+    if (GetACP() != 1252) GTEST_SKIP() << "the code page is another one";
+    const TemporaryFolder folder;
+    std::filesystem::create_directory(folder.path() / L"\x20AC");
+    EXPECT_TRUE(WriteLines(folder.path().string() + "\\\x80\\\x99.icp", {"a"}));
+    EXPECT_EQ(folder.read(L"\x20AC\\\x2122.icp"), "a\r\n");
+}
+
+TEST(GetShortPath, NamesAFileAsTheSystemDoes) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a name that is long.text", "x").string();
+    const std::filesystem::path found = getShortPath(path, base::shortPathName);
+    EXPECT_EQ(std::filesystem::file_size(found), 1U);
+    EXPECT_LE(found.filename().string().size(), 12U) << found;
+    EXPECT_EQ(getShortPath(path + "none", base::shortPathName), "");
+}
+
+#endif
 
 TEST(GetShortPath, GivesTheTextUpToTheFirstNul) {
     const auto call = [](const char* path, char* buffer, std::uint32_t size) {

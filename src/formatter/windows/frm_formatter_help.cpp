@@ -16,8 +16,9 @@ constexpr int tableOfContents = 1;
 constexpr int contextNumber = 15;
 
 bool isFile(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(base::pathOf(path), ignored);
+    bool found = false;
+    base::ignoringErrors([&] { found = std::filesystem::is_regular_file(base::pathOf(path)); });
+    return found;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "ide/workspace/path_resolver.h"
 
+#include "base/file_error.h"
 #include "base/path_text.h"
 #include "base/text.h"
 
@@ -33,7 +34,15 @@ std::string withSlashes(std::string_view written) {
 } // namespace
 
 fs::path pathInProject(const fs::path& folder, std::string_view written) {
-    return folder / base::pathOf(withSlashes(written));
+    auto name = withSlashes(written);
+    try {
+        return folder / base::pathOf(name);
+    } catch (const base::FileError&) {
+        // No file can have such a name; what is missing is told with question marks in it.
+        std::replace_if(
+            name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) > 127; }, '?');
+        return folder / base::pathOf(name);
+    }
 }
 
 #ifdef _WIN32

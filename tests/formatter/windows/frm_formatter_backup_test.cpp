@@ -6,7 +6,9 @@
 #include <filesystem>
 #include <utility>
 
-#ifndef _WIN32
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <csignal>
 #include <sys/resource.h>
 #endif
@@ -163,6 +165,19 @@ TEST_F(Backup, ReplacesAFileCompletely) {
         EXPECT_EQ(bytesOf(path), asFile(sample()));
     });
 }
+
+#ifdef _WIN32
+TEST_F(Backup, TakesThePathInTheMachinesCodePage) {
+    if (GetACP() != 1252) GTEST_SKIP() << "the code page is another one";
+    fs::create_directory(folder.path() / L"\x20AC");
+    const std::string path = folder.path().string() + "\\\x80\\\x99_bak.bas";
+    inDialog([&](FrmFormatter& dialog) {
+        save(dialog, path);
+        expectSaved(dialog, path);
+    });
+    EXPECT_EQ(folder.read(L"\x20AC\\\x2122_bak.bas"), asFile(sample()));
+}
+#endif
 
 TEST_F(Backup, KeepsEveryByteAndWritesNothingForNoLines) {
     inDialog([&](FrmFormatter& dialog) {
