@@ -10,7 +10,8 @@ namespace corvelle::host {
 
 namespace {
 
-constexpr int largestSize = 32767; // pixels; what a window can have
+constexpr int largestSide = 32767;      // pixels; what a window can have
+constexpr int largestArea = 16'777'216; // pixels; more than any screen has would only fill the memory
 
 } // namespace
 
@@ -59,8 +60,9 @@ bool IndicatorControl::isUserMode() const {
 void IndicatorControl::setSize(SIZE pixels) {
     forms::Canvas& canvas = home_.canvas();
     const int width = static_cast<int>(pixels.cx), height = static_cast<int>(pixels.cy);
-    if (width < 0 || height < 0 || width > largestSize || height > largestSize)
+    if (width < 0 || height < 0 || width > largestSide || height > largestSide)
         throw com::HresultError(E_INVALIDARG);
+    if (width > 0 && height > largestArea / width) throw com::HresultError(E_OUTOFMEMORY);
     if (width == canvas.width() && height == canvas.height()) return;
     canvas.resize(width, height, forms::colours::black);
     indicator_.resized();
