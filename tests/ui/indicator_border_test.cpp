@@ -179,6 +179,32 @@ TEST_F(IndicatorBorder, SmallAndEmptySizesAreAllowed) {
     }
 }
 
+TEST_F(IndicatorBorder, TheBarStandsInEachAsInNone) {
+    indicator.setScrollColor(0x0000AA);
+    indicator.setVisualEffect(2); // its blocks are black
+    for (const auto& [width, height] : {std::pair{60, 20}, std::pair{38, 9}, std::pair{20, 7}}) {
+        for (const std::int32_t style : {0, 1, 2}) {
+            home.pixels.resize(width, height, 0);
+            indicator.resized();
+            indicator.setBorderStyle(style);
+            indicator.StartNow();
+            const int edge = style == 1 ? 1 : 0;
+            auto wanted = plain(width, height, style == 1 ? '|' : '.');
+            box(wanted, edge, edge, width - edge, height - edge, '.');
+            for (int x = edge + 8; x <= edge + 26; x += 9)
+                box(wanted, x, edge + 2, std::min(x + 6, width - edge), height - edge - 3, '|');
+            if (style == 2) {
+                box(wanted, 1, 1, width - 1, 2, '#');
+                box(wanted, 1, height - 2, width - 1, height - 1, '#');
+                box(wanted, 1, 1, 2, height - 1, '#');
+                box(wanted, width - 2, 1, width - 1, height - 1, '#');
+            }
+            EXPECT_EQ(picture(), wanted) << style << ": " << width << " by " << height;
+            indicator.stopNow();
+        }
+    }
+}
+
 TEST_F(IndicatorBorder, ANewBackColourClears) {
     home.pixels.resize(30, 12, 0);
     indicator.resized();
