@@ -142,6 +142,7 @@ TEST_F(ControlDrawing, RefusesWhatItIsNot) {
 }
 
 TEST_F(ControlDrawing, EveryFrameIsToldWhileThereIsNoWindow) {
+    control->put_Interval(10);
     const auto container = com::make<TestContainer>();
     const auto view = control.query<IViewObject2>();
     ASSERT_EQ(view->SetAdvise(DVASPECT_CONTENT, ADVF_PRIMEFIRST, container.get()), S_OK);

@@ -3,10 +3,12 @@
 #include "com/error.h"
 #include "test_container.h"
 
+#include <atomic>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <olectl.h>
 #include <optional>
+#include <thread>
 
 namespace corvelle::host {
 namespace {
@@ -108,25 +110,22 @@ TEST_F(ControlEvents, LetGoOfInsideATickItGoesQuietly) {
     EXPECT_EQ(sink->ticks, 1);
 }
 
+// It yields when it stops and, with the bar, at every frame.
 TEST_F(ControlEvents, LetGoOfWhileItYieldsItGoesQuietly) {
-    for (const LONG effect : {0, 1}) {
+    connection.reset();
+    for (const bool stopping : {true, false}) {
         control = makeIndicator();
-        control->put_VisualEffect(effect);
-        control->put_Interval(10);
+        control->put_VisualEffect(stopping ? 0 : 1);
         container->host(control);
         container->activate();
-        control->StartNow();
-        const auto raw = control.get();
-        bool left = false;
+        if (stopping) control->StartNow();
+        const auto called = control; // as VB does for the time of a call
         container->post([&] {
             container->leave();
             control.reset();
-            left = true;
         });
-        raw->AddRef(); // as VB does around a call
-        EXPECT_EQ(effect == 0 ? raw->stopNow() : raw->put_Interval(5), S_OK);
-        raw->Release();
-        EXPECT_TRUE(pumpUntil([&] { return left; }));
+        EXPECT_EQ(stopping ? called->stopNow() : called->StartNow(), S_OK);
+        EXPECT_FALSE(control) << "inside the call";
     }
 }
 
@@ -146,6 +145,34 @@ TEST_F(ControlEvents, StoppedInsideATick) {
     ASSERT_TRUE(pumpUntil([this] { return sink->ticks == 1; }));
     pump(60);
     EXPECT_EQ(sink->ticks, 1);
+}
+
+// Each control ticks in the thread that made it, which serves messages for that.
+TEST_F(ControlEvents, TicksInTheThreadOfItsContainer) {
+    int here = 0, elsewhere = 0;
+    std::atomic<bool> done = false;
+    std::thread other([&] {
+        OleInitialize(nullptr);
+        {
+            const auto made = makeIndicator();
+            const auto heard = com::make<TickSink>();
+            heard->doing = [&, home = GetCurrentThreadId()] {
+                ++(GetCurrentThreadId() == home ? here : elsewhere);
+            };
+            const com::Connection connected(made.get(), __uuidof(__Indicator), heard.get());
+            made->put_Interval(10);
+            made->put_RaiseTicK(VARIANT_TRUE);
+            made->StartNow();
+            pumpUntil([&] { return heard->ticks >= 3; });
+        }
+        OleUninitialize();
+        done = true;
+    });
+    control->StartNow();
+    EXPECT_TRUE(pumpUntil([&] { return sink->ticks >= 3 && done; }));
+    other.join();
+    EXPECT_GE(here, 3);
+    EXPECT_EQ(elsewhere, 0);
 }
 
 TEST_F(ControlEvents, EveryWrittenPropertyIsTold) {

@@ -134,7 +134,7 @@ class SavedControl : public ControlPersistence, public testing::WithParamInterfa
         const auto [effect, border] = GetParam();
         setExtent(control, 70, 25);
         paintWith(*control, effect, border);
-        control->put_Interval(77);
+        control->put_Interval(65432);
         control->put_RaiseTicK(VARIANT_TRUE);
     }
     // Whatever it was kept in, the loaded one is and looks the same.

@@ -65,6 +65,13 @@ TEST_F(ControlPlace, TellsWhatItIs) {
     EXPECT_EQ(place->GetWindow(&window), E_FAIL);
 }
 
+TEST_F(ControlPlace, TheContainersColourIsNotItsOwn) {
+    EXPECT_EQ(container->control.query<IPersistStreamInit>()->InitNew(), S_OK);
+    OLE_COLOR colour = 0;
+    EXPECT_EQ(container->control->get_Backcolor(&colour), S_OK);
+    EXPECT_EQ(colour, 0x8000000FU);
+}
+
 TEST_F(ControlPlace, AsksTheContainerStepByStep) {
     ASSERT_EQ(container->activate(), S_OK);
     EXPECT_THAT(container->calls, ElementsAre("CanInPlaceActivate", "OnInPlaceActivate", "GetWindow",
@@ -193,6 +200,9 @@ TEST_F(ControlPlace, RefusesSizesThatNoWindowHas) {
     EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &after), S_OK);
     EXPECT_EQ(before.cx, after.cx);
     EXPECT_EQ(before.cy, after.cy);
+    extent = {500000, 500000}; // 18,898 pixels each way
+    EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &extent), E_OUTOFMEMORY);
+    EXPECT_EQ(viewOf(container->control, 160, 20).size(), 20U) << "it can still be drawn";
     ASSERT_EQ(container->activate(), S_OK);
     const RECT inverse{50, 50, 10, 10};
     EXPECT_EQ(place->SetObjectRects(&inverse, &container->clip), E_INVALIDARG);

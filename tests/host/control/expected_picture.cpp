@@ -67,6 +67,7 @@ void paintWith(_Indicator& indicator, LONG effect, LONG borderStyle) {
     indicator.put_ScrollColor(colours::scroll);
     indicator.put_VisualEffect(effect);
     indicator.put_BorderStyle(borderStyle);
+    indicator.put_Interval(60000);
 }
 
 Rows firstFrame(int width, int height, LONG effect, LONG borderStyle) {

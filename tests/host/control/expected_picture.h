@@ -7,7 +7,7 @@
 
 namespace corvelle::host {
 
-/// Gives the control the colours that the letters of a picture stand for.
+/// Gives the control the colours that the letters of a picture stand for. It ticks but once a minute.
 void paintWith(_Indicator& indicator, LONG effect, LONG borderStyle);
 
 /// What the control looks like in its first frame, worked out box by box.
