@@ -5,7 +5,7 @@
 
 namespace corvelle::indexer {
 
-/// "11/21/2026 2:43:10 AM"
+/// "11/21/2026 2:43:10 AM"; at midnight the date alone.
 std::string generalDate(const std::tm& time);
 
 /// The current local time so written.
