@@ -2,10 +2,10 @@
 
 #include "base/file.h"
 #include "base/ignoring_errors.h"
-#include "base/line_reader.h"
 #include "base/path_text.h"
 #include "base/text.h"
 #include "indexer/space_pairs.h"
+#include "indexer/text_lines.h"
 
 #include <algorithm>
 
@@ -25,7 +25,7 @@ std::size_t ReadExcludeList(std::string_view path, ExcludeList& list) {
 }
 
 std::size_t readExcludeList(std::string_view bytes, ExcludeList& list) {
-    base::LineReader lines(bytes);
+    TextLines lines(bytes);
     if (!lines.next()) return upperBound(list); // no line is a failed reading
     const auto line =
         base::upper(withSpacePairsJoined(std::string(" ").append(base::trimSpaces(lines.line()))));

@@ -2,10 +2,11 @@
 
 #include "base/file.h"
 #include "base/ignoring_errors.h"
-#include "base/line_reader.h"
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "base/text.h"
 #include "indexer/index_lines.h"
+#include "indexer/text_lines.h"
 
 #include <algorithm>
 
@@ -89,7 +90,7 @@ Mappings readMappings(std::string_view bytes) {
     Mappings mappings;
     mappings.index.entries.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) +
                                    1);
-    for (base::LineReader lines(bytes); lines.next();) {
+    for (TextLines lines(bytes); lines.next();) {
         const auto line = base::trimSpaces(lines.line());
         if (base::startsWithIgnoringCase(line, "<P>"))
             readDesigner(line, mappings);
@@ -101,7 +102,10 @@ Mappings readMappings(std::string_view bytes) {
 
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index) {
     return base::ignoringErrors([&] {
-        base::replaceFile(base::pathOf(configurationPath), [&](base::FileWriter& configuration) {
+        const auto path = base::pathOf(configurationPath);
+        if (base::isSamePath(path, base::pathOf(headerPath)))
+            throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
+        base::replaceFile(path, [&](base::FileWriter& configuration) {
             writeIndexFiles(configuration, headerPath, index);
         });
     });

@@ -16,8 +16,8 @@ struct Mappings {
     std::vector<std::string> rows; ///< what the list of designers shows: the names whose line is complete
 };
 
-/// Reads a configuration file; any text is accepted. What an unreadable file gave up to its failure, without
-/// a word.
+/// Reads a configuration file; any text is accepted. A file that cannot be read to its end counts as an empty
+/// one, without a word.
 Mappings LoadMappings(std::string_view path);
 
 /// The same, of the file's bytes.
@@ -25,7 +25,7 @@ Mappings readMappings(std::string_view bytes);
 
 /// Writes both files anew, with numbers from 1001 on in the order of designers, then entries; entries that
 /// are deleted are left out, those on the default topic get no number. False on any failure, after which the
-/// old configuration file is as it was.
+/// old configuration file is as it was; two paths of one file are one.
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index);
 
 } // namespace corvelle::indexer

@@ -2,9 +2,9 @@
 
 #include "base/file.h"
 #include "base/ignoring_errors.h"
-#include "base/line_reader.h"
 #include "base/path_text.h"
 #include "base/text.h"
+#include "indexer/text_lines.h"
 
 namespace corvelle::indexer {
 
@@ -33,7 +33,7 @@ bool ReadProjectFile(std::string_view path, ProjectInfo& info) {
 
 bool readProjectInfo(std::string_view bytes, ProjectInfo& info) {
     info.fill({});
-    for (base::LineReader lines(bytes); lines.next() && lines.number() <= keys.size() + 1;) {
+    for (TextLines lines(bytes); lines.next() && lines.number() <= keys.size() + 1;) {
         const auto line = base::trimSpaces(lines.line());
         if (lines.number() == 1) {
             if (line.substr(0, firstKey.size()) != firstKey) return false;

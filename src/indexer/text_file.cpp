@@ -2,10 +2,10 @@
 
 #include "base/file.h"
 #include "base/ignoring_errors.h"
-#include "base/line_reader.h"
 #include "base/path_text.h"
 #include "base/text.h"
 #include "indexer/space_pairs.h"
+#include "indexer/text_lines.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -113,17 +113,15 @@ void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDe
 }
 
 bool holdsTopicLine(std::string_view text) {
-    while (!text.empty()) {
-        const auto end = std::min(text.find_first_of("\r\n"), text.size());
-        if (beginsTopic(base::trimSpaces(text.substr(0, end)))) return true;
-        text.remove_prefix(std::min(end + 1, text.size()));
+    for (TextLines lines(text); lines.next();) {
+        if (beginsTopic(base::trimSpaces(lines.line()))) return true;
     }
     return false;
 }
 
 void readTextEntries(std::string_view bytes, HelpIndex& index, LastDefault lastDefault) {
     TopicReader topics(index, lastDefault);
-    for (base::LineReader lines(bytes); lines.next();) topics.readLine(base::trimSpaces(lines.line()));
+    for (TextLines lines(bytes); lines.next();) topics.readLine(base::trimSpaces(lines.line()));
     topics.end();
 }
 

@@ -12,8 +12,8 @@ namespace corvelle::indexer {
 /// it.
 enum class LastDefault { Ignored, Read };
 
-/// Reads the texts of a file into the entries of their topics' names; the others are left as they are. What
-/// an unreadable file gave up to its failure, without a word.
+/// Reads the texts of a file into the entries of their topics' names; the others are left as they are. Of a
+/// file that cannot be read to its end none is taken, without a word.
 void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault = LastDefault::Ignored);
 
 /// The same, of the file's bytes.

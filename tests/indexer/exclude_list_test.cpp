@@ -27,6 +27,8 @@ TEST(ReadExcludeList, ReadsUpperCaseNamesBehindAnEmptyOne) {
 TEST(ReadExcludeList, ReadsTheFirstLineOnly) {
     EXPECT_THAT(listOf("  label  \r\ntimer\r\n"), ElementsAre("", "LABEL"));
     EXPECT_THAT(listOf("\r\ntimer\r\n"), ElementsAre("", ""));
+    for (const auto* bytes : {"label\r\ntimer", "label\ntimer", "label\rtimer"})
+        EXPECT_THAT(listOf(bytes), ElementsAre("", "LABEL"));
 }
 
 TEST(ReadExcludeList, LeavesAnEmptyNameBetweenThreeSpaces) {

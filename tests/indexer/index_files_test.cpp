@@ -1,3 +1,4 @@
+#include "base/full_disk.h"
 #include "base/temporary_folder.h"
 #include "indexer/index_files.h"
 
@@ -80,6 +81,14 @@ TEST(LoadMappings, TakesTwoSpacesForAnEmptyClass) {
 TEST(LoadMappings, LeavesMissingPartsEmpty) {
     EXPECT_THAT(entriesOf(readMappings("<C></C>\r\n<C>a</C>\r\n<C>a B</C>\r\n<C>a B C D</C>\r\n")),
                 ElementsAre("0|||IDH_AAAA|", "0||||", "0|a|||", "0|a|B||", "0|a|B|C|"));
+}
+
+TEST(LoadMappings, TakesLinesAsEveryEditorEndsThem) {
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        const auto mappings = readMappings("<P>f</P>" + end + "<P>g</P>" + end + "<C>a B IDH_X</C>");
+        EXPECT_THAT(mappings.rows, ElementsAre("f", "g"));
+        EXPECT_THAT(entriesOf(mappings), ElementsAre("0|||IDH_AAAA|", "2|a|B|IDH_X|"));
+    }
 }
 
 TEST(LoadMappings, PassesOverOtherLines) {
@@ -165,6 +174,33 @@ TEST(SaveIndexFiles, TellsThatAFileCannotBeWritten) {
     EXPECT_FALSE(SaveIndexFiles(good, "/dev/full", HelpIndex()));
 #endif
 }
+
+TEST(SaveIndexFiles, RefusesOneFileForBoth) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a", "old").string();
+    const auto other = (folder.path() / "." / "a").string();
+    const auto none = (folder.path() / "none").string();
+    EXPECT_FALSE(SaveIndexFiles(path, other, HelpIndex()));
+    EXPECT_EQ(folder.read("a"), "old");
+    EXPECT_FALSE(SaveIndexFiles(none, none, HelpIndex()));
+    EXPECT_EQ(folder.names().size(), 1U);
+}
+
+#ifndef _WIN32
+TEST(SaveIndexFiles, LeavesTheOldConfigurationAloneWhenTheDiskIsFull) {
+    const TemporaryFolder folder;
+    const auto configuration = folder.write("a.hcnf", "<P>frmMain</P>\r\n").string();
+    HelpIndex index;
+    index.designers.assign(2000, "frmAnother"); // the header needs less room
+    {
+        const test::FullDisk disk(1000);
+        EXPECT_FALSE(SaveIndexFiles(configuration, (folder.path() / "a.h").string(), index));
+    }
+    EXPECT_EQ(folder.read("a.hcnf"), "<P>frmMain</P>\r\n");
+    EXPECT_EQ(folder.read("a.h"), "#define IDH_AAAA  1000\r\n");
+    EXPECT_EQ(folder.names().size(), 2U);
+}
+#endif
 
 TEST(SaveIndexFiles, LeavesTheOldConfigurationAloneWhenTheHeaderFails) {
     const TemporaryFolder folder;

@@ -82,8 +82,21 @@ TEST(ReadProjectFile, AcceptsEmptyModuleValues) {
     auto info = whole;
     info[slot::moduleName] = info[slot::moduleFile] = "";
     ProjectInfo read;
+    read.fill("old");
     ASSERT_TRUE(readProjectInfo(joined(projectFileLines("", info)), read));
     EXPECT_EQ(read[slot::moduleName], "");
+    EXPECT_EQ(read[slot::moduleFile], "");
+}
+
+TEST(ReadProjectFile, TakesLinesAsEveryEditorEndsThem) {
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        std::string bytes;
+        for (const auto& line : wholeLines()) bytes += (bytes.empty() ? "" : end) + line;
+        ProjectInfo info;
+        EXPECT_TRUE(readProjectInfo(bytes, info));
+        EXPECT_EQ(info[slot::projectName], "Proj");
+        EXPECT_EQ(info[slot::moduleFile], " modHelp.bas"); // of a last line without an end
+    }
 }
 
 TEST(ReadProjectFile, TrimsLines) {

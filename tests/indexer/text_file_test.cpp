@@ -109,6 +109,25 @@ TEST(LoadTextEntries, JoinsPairsOfSpacesInOnePass) {
     EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\na\r\n\r\n\r\nb\r\n")[1], " a  b");
 }
 
+TEST(LoadTextEntries, TakesLinesAsEveryEditorEndsThem) {
+    for (const std::string end : {"\r\n", "\n", "\r"}) {
+        EXPECT_EQ(
+            textsAfter(".topic  IDH_AAAB" + end + "b" + end + "B" + end + ".topic  IDH_AAAC" + end + "c"),
+            (Texts{"old", " b B", " c"}));
+    }
+}
+
+TEST(LoadTextEntries, TrimsEachLineOfSpacesOnly) {
+    EXPECT_EQ(textsAfter(".topic IDH_AAAB\r\n  a   \r\n\tb\t\r\n")[1], " a \tb\t");
+}
+
+TEST(TextFile, GivesATextWithLineBreaksBackAsOneLine) {
+    auto index = indexOf({"IDH_AAAB"});
+    index.entries[1].HelpText = "a\r\nb\nc";
+    readTextEntries(saved(index), index);
+    EXPECT_EQ(index.entries[1].HelpText, " a b c");
+}
+
 TEST(LoadTextEntries, ChangesNothingForAFileThatCannotBeRead) {
     const TemporaryFolder folder;
     auto index = indexOf({"IDH_AAAB"});
@@ -168,12 +187,13 @@ TEST(TextFile, IsTheSameWhenWrittenAgain) {
             for (auto count = random() % 6; count > 0; --count) entry.HelpText += " " + words[random() % 9];
         }
         // What was read once is in the form that a file can hold, all but the last topic's blanks.
-        const auto first = saved(index);
-        readTextEntries(first, index);
-        for (int i = 0; i < 8; ++i) readTextEntries(saved(index), index); // runs of spaces get shorter
+        for (int i = 0; i < 9; ++i) readTextEntries(saved(index), index); // runs of spaces get shorter
         const auto settled = saved(index);
-        readTextEntries(settled, index);
-        EXPECT_EQ(saved(index), settled);
+        auto fresh = indexOf({"IDH_AAAB", "IDH_AAAC", "IDH_AAAD"});
+        readTextEntries(settled, fresh);
+        for (std::size_t i = 0; i < index.entries.size(); ++i)
+            EXPECT_EQ(fresh.entries[i].HelpText, index.entries[i].HelpText) << i;
+        EXPECT_EQ(saved(fresh), settled);
     }
 }
 

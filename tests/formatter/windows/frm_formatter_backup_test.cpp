@@ -1,4 +1,5 @@
 #include "base/file.h"
+#include "base/full_disk.h"
 #include "base/path_text.h"
 #include "base/temporary_folder.h"
 #include "formatter/windows/wizard.h"
@@ -8,9 +9,6 @@
 
 #ifdef _WIN32
 #include <windows.h>
-#else
-#include <csignal>
-#include <sys/resource.h>
 #endif
 
 namespace corvelle::formatter::test {
@@ -249,28 +247,6 @@ TEST_F(Backup, KeepsTheOldFileWhenAReadFails) {
 }
 
 #ifndef _WIN32
-// Lets no file grow beyond a size, as a full disk does.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) {
-        handler_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-  private:
-    rlimit before_{};
-    void (*handler_)(int) = nullptr;
-};
-
 TEST_F(Backup, KeepsTheOldFileWhenTheDiskIsFull) {
     const std::string path = pathOf("old.bas");
     base::writeFile(base::pathOf(path), "the only copy");
@@ -278,7 +254,7 @@ TEST_F(Backup, KeepsTheOldFileWhenTheDiskIsFull) {
     const Lines before = code();
     inDialog([&](FrmFormatter& dialog) {
         for (const rlim_t room : {rlim_t{20}, rlim_t{70000}, rlim_t{500000}, rlim_t{779999}}) {
-            const FullDisk disk(room);
+            const corvelle::test::FullDisk disk(room);
             save(dialog, path);
             EXPECT_EQ(status(dialog), " Status: Error while saving file: " + path + " please verify..");
             EXPECT_FALSE(dialog.CmdFmt.enabled());

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace corvelle::indexer {
+
+/// Walks over the lines of a text. A line ends at CR LF, CR or LF, as editors of every kind leave it; text
+/// after the last line end is a line too.
+class TextLines {
+  public:
+    explicit TextLines(std::string_view text) : text_(text) {}
+
+    /// Goes to the next line; false at the end of the text.
+    bool next() {
+        if (next_ >= text_.size()) return false;
+        ++number_;
+        const auto end = std::min(text_.find_first_of("\r\n", next_), text_.size());
+        line_ = text_.substr(next_, end - next_);
+        next_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
+        return true;
+    }
+
+    /// The line without its line end.
+    std::string_view line() const { return line_; }
+    /// How many lines have been read: the line's number from 1.
+    std::uint32_t number() const { return number_; }
+
+  private:
+    std::string_view text_, line_;
+    std::size_t next_ = 0;
+    std::uint32_t number_ = 0;
+};
+
+} // namespace corvelle::indexer
