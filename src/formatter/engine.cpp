@@ -12,12 +12,9 @@ using base::RunTimeError;
 
 namespace {
 
-// The counters are 16-bit integers whose overflow is a run-time error.
+// The counters are 16-bit integers whose overflow is a run-time error. None falls below -1.
 std::int16_t checked(std::int32_t value) {
-    if (value > std::numeric_limits<std::int16_t>::max() ||
-        value < std::numeric_limits<std::int16_t>::min()) {
-        throw RunTimeError(ErrorNumber::Overflow);
-    }
+    if (value > std::numeric_limits<std::int16_t>::max()) throw RunTimeError(ErrorNumber::Overflow);
     return static_cast<std::int16_t>(value);
 }
 

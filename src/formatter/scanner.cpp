@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <limits>
 
 namespace corvelle::formatter {
 
@@ -52,8 +53,6 @@ std::string_view uncommentFrom(std::string_view text, std::size_t apostrophe) {
 } // namespace
 
 void Scanner::LoadKeys_VB() {
-    startKeysByLetter_.fill(0);
-    endKeysByLetter_.fill(0);
     const auto enter = [](auto& table, std::string_view phrase, std::int16_t index) {
         for (const char first : {base::lower(phrase[0]), base::upper(phrase[0])}) {
             table[static_cast<unsigned char>(first)] |= 1U << index;
@@ -152,9 +151,10 @@ bool Scanner::codeStarted(std::string_view mStr) {
 }
 
 std::int32_t Scanner::getArrByteCount(const std::vector<std::string>& mArr) {
-    std::int32_t bytes = 0;
-    for (const std::string& line : mArr) bytes += static_cast<std::int32_t>(line.size()) + 2;
-    return bytes;
+    std::uint64_t bytes = 0;
+    for (const std::string& line : mArr) bytes += std::uint64_t{line.size()} + 2;
+    constexpr std::uint64_t most = std::numeric_limits<std::int32_t>::max();
+    return static_cast<std::int32_t>(std::min(bytes, most));
 }
 
 } // namespace corvelle::formatter

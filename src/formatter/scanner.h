@@ -56,7 +56,7 @@ class Scanner {
     /// Whether the line marks the start of the module's declarations.
     static bool codeStarted(std::string_view mStr);
 
-    /// Bytes that the lines take when written out: their lengths and two for each line end.
+    /// Bytes that the lines take when written out: their lengths and two for each line end; 2^31 - 1 at most.
     static std::int32_t getArrByteCount(const std::vector<std::string>& mArr);
 
   private:

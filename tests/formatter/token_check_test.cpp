@@ -187,6 +187,15 @@ TEST(TokenCheck, FindsAJoiningMarkThatIsLost) {
     EXPECT_EQ(loss("'\t_", "'_"), "the comment '?_");
 }
 
+TEST(TokenCheck, FindsANextLineThatWouldComeToMeanSomethingElse) {
+    EXPECT_EQ(loss("x ' a", "x ' a _", commentsMayGo),
+              "the end of the comment: the next line would become part of it");
+    EXPECT_EQ(loss("x ' a _", "x _", commentsMayGo),
+              "the comment that goes on: the next line would become code");
+    EXPECT_EQ(loss("x", "x _", commentsMayGo),
+              "the end of the statement: the next line would be joined to it");
+}
+
 TEST(TokenCheck, BlanksBehindAJoiningMarkMayGo) {
     EXPECT_EQ(unsafeLines({{"x = a + _ \t", "x = a + _"}, {"b", "b"}, {"", nullptr}}, commentsStay), Lines{});
 }
@@ -296,6 +305,9 @@ TEST(TokenCheck, BytesOfAnyValuePassThrough) {
 }
 
 TEST(TokenCheck, AMessageIsShortAndOneLine) {
+    const std::string longest(60, 'a');
+    EXPECT_EQ(lossOfDropped(longest), "the code " + longest);
+    EXPECT_EQ(lossOfDropped(longest + "b"), "the code " + longest + "...");
     const std::string code = "f \"" + std::string(5000, 'a') + "\"";
     for (const char* start : {"", "' ", "[", "\r\x07", "\x01\x02\x1F\x7F", "\"a\" ", "x _ '"}) {
         const std::string line = start + code;

@@ -70,6 +70,8 @@ TEST(VbLexer, AnOpenLiteralTakesInTheJoiningMarkAndTheNextLineIsJoined) {
 TEST(VbLexer, ANameInBracketsMayHoldQuotesAndApostrophes) {
     EXPECT_EQ(tokens("[a'b] = [c\"d] 'e"), "N([a'b]) M(=) N([c\"d]) C(e)");
     EXPECT_EQ(tokens("x = [a 'b "), "W(x) M(=) N([a 'b )");
+    EXPECT_EQ(tokens("[]x]"), "N([]) W(x) M(])");
+    EXPECT_EQ(tokens("x.[y][z]"), "W(x) M+(.) N+([y]) N([z])");
 }
 
 TEST(VbLexer, ABracketByteBehindAByteAbove127IsPartOfTheLetter) {
