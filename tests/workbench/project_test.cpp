@@ -14,13 +14,13 @@ TEST_F(WorkbenchTest, ShowsTheProjectAndEndsWhenClosed) {
     start();
     waitForTitle(clean);
     constexpr LRESULT rows = 1 + 4 + 12; // the project, its kinds, its components
-    EXPECT_EQ(rows, SendMessageA(tree(), TVM_GETCOUNT, 0, 0));
+    EXPECT_EQ(rows, ask(tree(), TVM_GETCOUNT));
     const HWND code = openCode("modText");
     EXPECT_NE(std::string::npos, allText(contentOf(code)).find("Option Explicit"));
     const HWND designer = openDesigner("frmPart", "frmPart (Form)");
-    EXPECT_GT(SendMessageA(contentOf(designer), LVM_GETITEMCOUNT, 0, 0), 5);
+    EXPECT_GT(ask(contentOf(designer), LVM_GETITEMCOUNT), 5);
     takePicture("project");
-    SendMessageA(designer, WM_CLOSE, 0, 0);
+    ask(designer, WM_CLOSE);
     EXPECT_FALSE(IsWindow(designer));
     command(IDM_EXIT);
     EXPECT_EQ(0U, waitForEnd());

@@ -21,6 +21,16 @@ BOOL CALLBACK findMain(HWND window, LPARAM result) {
     return FALSE;
 }
 
+BOOL CALLBACK findOpenMenu(HWND window, LPARAM result) {
+    constexpr UINT askForMenu = 0x01E1; // MN_GETHMENU
+    char name[64] = {};
+    GetClassNameA(window, name, sizeof name);
+    if (std::string(name) == "#32768" && IsWindowVisible(window) &&
+        SendMessageA(window, askForMenu, 0, 0) != 0)
+        *reinterpret_cast<bool*>(result) = true;
+    return TRUE;
+}
+
 std::string quoted(const std::string& argument) {
     return "\"" + argument + "\"";
 }
@@ -44,6 +54,10 @@ WorkbenchTest::WorkbenchTest() {
 }
 
 WorkbenchTest::~WorkbenchTest() {
+    end();
+}
+
+void WorkbenchTest::end() {
     if (process_.hProcess == nullptr) return;
     if (isRunning()) {
         TerminateProcess(process_.hProcess, 99);
@@ -51,9 +65,12 @@ WorkbenchTest::~WorkbenchTest() {
     }
     CloseHandle(process_.hThread);
     CloseHandle(process_.hProcess);
+    process_ = {};
+    window_ = nullptr;
 }
 
 void WorkbenchTest::start(const std::vector<std::string>& switches, const std::string& file) {
+    end();
     std::string line = quoted(WORKBENCH_BINARY);
     for (const auto& one : switches) line += " " + quoted(one);
     if (!file.empty()) line += " " + quoted((folder.path() / file).string());
@@ -82,14 +99,22 @@ DWORD WorkbenchTest::waitForEnd() const {
     return status;
 }
 
-void WorkbenchTest::chooseFromMenu(char menu, char letter) const {
-    PostMessageA(window_, WM_SYSCOMMAND, SC_KEYMENU, menu);
-    User::waitUntil("the menu", [this] {
-        GUITHREADINFO state{};
-        state.cbSize = sizeof state;
-        return GetGUIThreadInfo(process_.dwThreadId, &state) && (state.flags & GUI_INMENUMODE) != 0;
+void WorkbenchTest::chooseFromAddIns(int row) const {
+    bringForward(window_);
+    ask(window_, WM_NULL); // what is under way ends
+    DWORD last = 0;
+    User::waitUntil("the menu", [&] {
+        constexpr DWORD again = 2000; // a change of windows under way closes it
+        if (last == 0 || GetTickCount() - last > again) {
+            PostMessageA(window_, WM_SYSCOMMAND, SC_KEYMENU, 'i');
+            last = GetTickCount();
+        }
+        bool isOpen = false;
+        EnumThreadWindows(process_.dwThreadId, findOpenMenu, reinterpret_cast<LPARAM>(&isOpen));
+        return isOpen;
     });
-    PostMessageA(window_, WM_CHAR, static_cast<WPARAM>(letter), 1);
+    for (int i = 0; i < row; ++i) PostMessageA(window_, WM_KEYDOWN, VK_DOWN, 1);
+    PostMessageA(window_, WM_KEYDOWN, VK_RETURN, 1);
 }
 
 void WorkbenchTest::press(WORD key, const std::vector<WORD>& modifiers) {
@@ -147,14 +172,17 @@ HWND WorkbenchTest::openDesigner(const std::string& name, const std::string& cap
     return found;
 }
 
+LRESULT WorkbenchTest::ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    DWORD_PTR result = 0;
+    if (SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, patience, &result) == 0)
+        throw std::runtime_error("the program does not answer message " + std::to_string(message));
+    return static_cast<LRESULT>(result);
+}
+
 std::string WorkbenchTest::allText(HWND window) {
-    DWORD_PTR length = 0;
-    SendMessageTimeoutA(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, patience, &length);
-    std::string text(length + 1, '\0');
-    DWORD_PTR copied = 0;
-    SendMessageTimeoutA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL,
-                        patience, &copied);
-    text.resize(copied);
+    std::string text(static_cast<std::size_t>(ask(window, WM_GETTEXTLENGTH)) + 1, '\0');
+    const LRESULT copied = ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
     return text;
 }
 
@@ -226,6 +254,40 @@ void WithAddIns::TearDownTestSuite() {
 
 void WithAddIns::startBoth(const std::string& file) {
     start({"/addin:Corvelle.CodeFormatter", "/addin:Corvelle.ContextHelpIndexer"}, file);
+}
+
+HWND WithAddIns::openManager() const {
+    chooseFromAddIns(0);
+    return user().box("Add-In Manager");
+}
+
+void WithAddIns::toggle(HWND manager, const std::string& progId, int box) {
+    const HWND list = GetDlgItem(manager, IDC_ADD_INS);
+    ask(list, LB_SELECTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(progId.c_str()));
+    ask(manager, WM_COMMAND, MAKEWPARAM(IDC_ADD_INS, LBN_SELCHANGE), reinterpret_cast<LPARAM>(list));
+    ask(GetDlgItem(manager, box), BM_CLICK);
+}
+
+void WithAddIns::accept(HWND manager) {
+    PostMessageA(manager, WM_COMMAND, IDOK, 0);
+    User::waitUntil("the manager to go", [manager] { return !IsWindow(manager); });
+}
+
+void WithAddIns::toggleLoaded(const std::string& progId) const {
+    const HWND manager = openManager();
+    toggle(manager, progId, IDC_LOADED);
+    accept(manager);
+}
+
+std::string WithAddIns::autoShow() {
+    char value[8] = {};
+    DWORD size = sizeof value - 1;
+    HKEY key = nullptr;
+    RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\VB and VBA Program Settings\\Corvelle\\Settings", 0, KEY_READ,
+                  &key);
+    RegQueryValueExA(key, "AutoShow", nullptr, nullptr, reinterpret_cast<BYTE*>(value), &size);
+    RegCloseKey(key);
+    return value;
 }
 
 } // namespace corvelle::workbench::tests

@@ -30,8 +30,8 @@ class WorkbenchTest : public testing::Test {
 
     /// What a menu's command does, by its number.
     void command(int number) const { PostMessageA(window_, WM_COMMAND, static_cast<WPARAM>(number), 0); }
-    /// Opens the menu of that mnemonic and chooses by a letter, as the keyboard does.
-    void chooseFromMenu(char menu, char letter) const;
+    /// Chooses from the add-ins' menu by the keyboard: 0 is the manager, the add-ins' commands follow.
+    void chooseFromAddIns(int row) const;
     /// Keys for whatever has the focus; the modifiers are held meanwhile.
     static void press(WORD key, const std::vector<WORD>& modifiers = {});
     /// Makes the window the one that gets the keys.
@@ -43,6 +43,8 @@ class WorkbenchTest : public testing::Test {
     /// The window inside the main one of that caption; none if there is none.
     HWND child(const std::string& caption) const;
     static HWND contentOf(HWND child) { return GetWindow(child, GW_CHILD); }
+    /// What a window of the program answers; throws where it does not answer for long.
+    static LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     /// All of a window's text.
     static std::string allText(HWND window);
     static void type(HWND edit, const std::string& text);
@@ -60,6 +62,8 @@ class WorkbenchTest : public testing::Test {
     corvelle::test::TemporaryFolder folder;
 
   private:
+    void end();
+
     PROCESS_INFORMATION process_{};
     HWND window_ = nullptr;
     std::atomic<unsigned> waits_{0};
@@ -68,9 +72,23 @@ class WorkbenchTest : public testing::Test {
 /// Registers the add-ins for the tests of the suite, and takes them out again.
 class WithAddIns : public WorkbenchTest {
   protected:
+    static constexpr int formatter = 1; ///< rows of the menu, with both loaded
+    static constexpr int indexer = 2;
+
     static void SetUpTestSuite();
     static void TearDownTestSuite();
     void startBoth(const std::string& file = "Stockroom.vbp");
+
+    /// Opens the Add-In Manager.
+    HWND openManager() const;
+    /// Selects an add-in there and presses one of the check boxes.
+    static void toggle(HWND manager, const std::string& progId, int box);
+    /// Presses OK.
+    static void accept(HWND manager);
+    /// Loads or unloads an add-in, which is not so yet, through the manager.
+    void toggleLoaded(const std::string& progId) const;
+    /// The setting that an add-in leaves behind.
+    static std::string autoShow();
 };
 
 } // namespace corvelle::workbench::tests

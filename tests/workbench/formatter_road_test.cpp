@@ -1,0 +1,125 @@
+#include "cli/run_corvelle.h"
+#include "workbench/resource.h"
+#include "workbench/workbench_test.h"
+
+namespace corvelle::workbench::tests {
+
+namespace {
+
+const std::string clean = "Stockroom - Corvelle Workbench";
+const std::string changed = "Stockroom* - Corvelle Workbench";
+
+struct FormatterRoad : WithAddIns {
+    HWND openPage() const {
+        chooseFromAddIns(formatter);
+        return user().windowWith("&Next   >>");
+    }
+    HWND openDialog(HWND page) const {
+        clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
+        return user().windowWith("&Format Code");
+    }
+    void format(HWND dialog) const {
+        clickUntil(dialog, "&Format Code", "the formatted code", [dialog] {
+            return User::isEnabled(dialog, "&Add to Module") &&
+                   hasText(dialog, "Formatting completed successfully...");
+        });
+    }
+    static bool hasText(HWND dialog, const std::string& status) {
+        for (const HWND edit : User::controls(dialog, "Edit")) {
+            if (User::text(edit) == " Status: " + status) return true;
+        }
+        return false;
+    }
+    void saveBackup(HWND dialog, const std::string& path) const {
+        constexpr int nameField = 0x47C;
+        clickUntil(dialog, "&Select ...", "the save dialog", [this] { return user().seesBox("Save As"); });
+        const HWND save = user().box("Save As");
+        User::waitUntil("the proposed name",
+                        [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
+        Sleep(300); // it fills itself first
+        SendDlgItemMessageA(save, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+        PostMessageA(save, WM_COMMAND, IDOK, 0);
+        User::waitUntil("the save dialog to go", [&] {
+            const HWND asks = user().sees("&Format Code") ? nullptr : GetLastActivePopup(save);
+            if (asks != nullptr && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+            return !IsWindow(save);
+        });
+        User::waitUntil("the backup",
+                        [&] { return hasText(dialog, "File--> " + path + " was saved successfully.."); });
+    }
+
+    /// Formats a component by hand and compares the files with what the command line makes of a copy.
+    void formatsAsTheCommandLine(const std::string& component, const std::string& ending, bool pictures) {
+        const std::string file = component + ending;
+        const corvelle::test::TemporaryFolder byCommand;
+        byCommand.write(file, folder.read(file));
+        const auto outcome =
+            corvelle::test::runCorvelle({"format", "--remove-empty-lines", "--backup-dir",
+                                         byCommand.path().string(), (byCommand.path() / file).string()});
+        ASSERT_EQ(0, outcome.status) << outcome.err;
+        ASSERT_NE(folder.read(file), byCommand.read(file));
+
+        startBoth();
+        const HWND edit = contentOf(openCode(component));
+        const std::string before = allText(edit);
+        const HWND page = openPage();
+        EXPECT_EQ("Trellis [Stockroom]", User::text(page));
+        EXPECT_EQ(" " + component, User::text(User::controls(page, "Edit").at(0)));
+        if (pictures) {
+            Sleep(500);
+            takePicture("page");
+        }
+        const HWND dialog = openDialog(page);
+        EXPECT_FALSE(IsWindowEnabled(window()));
+        format(dialog);
+        const std::string backup = (folder.path() / (component + "_bak" + ending)).string();
+        saveBackup(dialog, backup);
+        format(dialog);
+        if (pictures) {
+            Sleep(500);
+            takePicture("dialog");
+        }
+        clickUntil(dialog, "&Add to Module", "the code to be added",
+                   [dialog] { return hasText(dialog, "Formatted code written to the code module.."); });
+        clickUntil(dialog, "<< Go &Back", "the page", [this] { return user().sees("&Next   >>"); });
+        EXPECT_TRUE(IsWindowEnabled(window()));
+        waitForTitle(changed);
+        User::waitUntil("the window to show it", [&] { return allText(edit) != before; });
+        clickUntil(page, "&Cancel", "the page to go", [page] { return !IsWindow(page); });
+        command(IDM_SAVE);
+        waitForTitle(clean);
+        EXPECT_EQ(byCommand.read(file), folder.read(file));
+        EXPECT_EQ(byCommand.read(component + "_bak" + ending), folder.read(component + "_bak" + ending));
+        command(IDM_EXIT);
+        EXPECT_EQ(0U, waitForEnd());
+    }
+};
+
+TEST_F(FormatterRoad, FormatsAModuleAsTheCommandLineDoes) {
+    formatsAsTheCommandLine("modText", ".bas", true);
+}
+
+TEST_F(FormatterRoad, FormatsAFormAsTheCommandLineDoes) {
+    formatsAsTheCommandLine("frmParts", ".frm", false);
+}
+
+TEST_F(FormatterRoad, FollowsTheActiveCodeWindow) {
+    startBoth();
+    openCode("modMain");
+    const HWND last = openCode("modText");
+    const HWND page = openPage();
+    const auto name = [page] { return User::text(User::controls(page, "Edit").at(0)); };
+    EXPECT_EQ(" modText", name());
+    ask(last, WM_CLOSE);
+    clickUntil(page, "&Refresh", "the window below", [&] { return name() == " modMain"; });
+    openDesigner("frmPart", "frmPart (Form)"); // no code window: the one before stays the active one
+    clickUntil(page, "&Refresh", "a look", [&] { return name() == " modMain"; });
+    ask(child("modMain (Code)"), WM_CLOSE);
+    PostMessageA(User::control(page, "Button", "&Refresh"), BM_CLICK, 0, 0);
+    EXPECT_EQ("Activate a code module before activating this form.", user().answer("Corvelle", IDOK));
+    EXPECT_FALSE(User::isEnabled(page, "&Next   >>"));
+}
+
+} // namespace
+
+} // namespace corvelle::workbench::tests

@@ -1,0 +1,135 @@
+#include "workbench/resource.h"
+#include "workbench/workbench_test.h"
+
+namespace corvelle::workbench::tests {
+
+namespace {
+
+// The program's message loop knows nothing of the add-ins' windows; their keys work all the same.
+struct Keyboard : WithAddIns {
+    std::string focused() const {
+        GUITHREADINFO state{};
+        state.cbSize = sizeof state;
+        GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &state);
+        return state.hwndFocus == nullptr ? std::string() : User::text(state.hwndFocus);
+    }
+    void waitForFocus(const std::string& text) const {
+        try {
+            User::waitUntil("the focus", [&] { return focused() == text; });
+        } catch (const std::exception&) {
+            throw std::runtime_error("the focus is on \"" + focused() + "\", not on \"" + text + "\"");
+        }
+    }
+    static void waitUntilGone(HWND form) {
+        User::waitUntil("the window to go", [form] { return !IsWindow(form); });
+    }
+    static void waitUntilHidden(HWND form) {
+        User::waitUntil("the window to hide", [form] { return !IsWindowVisible(form); });
+    }
+};
+
+TEST_F(Keyboard, WorksInThePage) {
+    startBoth();
+    openCode("modText");
+    chooseFromAddIns(formatter);
+    HWND page = user().windowWith("&Next   >>");
+    bringForward(page);
+    const std::string first = focused();
+    press(VK_TAB);
+    User::waitUntil("another focus", [&] { return focused() != first; });
+    press(VK_TAB, {VK_SHIFT});
+    waitForFocus(first);
+    press(VK_ESCAPE);
+    waitUntilGone(page);
+
+    chooseFromAddIns(formatter);
+    page = user().windowWith("&Next   >>");
+    bringForward(page);
+    press('C', {VK_MENU}); // not the program's menu
+    waitUntilGone(page);
+
+    chooseFromAddIns(formatter);
+    page = user().windowWith("&Next   >>");
+    bringForward(page);
+    press(VK_RETURN);
+    const HWND dialog = user().windowWith("&Format Code");
+    waitUntilHidden(page);
+    bringForward(dialog);
+    press('B', {VK_MENU});
+    EXPECT_EQ(page, user().windowWith("&Next   >>"));
+}
+
+TEST_F(Keyboard, KeepsThePagesKeysAndTheProgramsApart) {
+    startBoth();
+    const HWND code = openCode("modText");
+    chooseFromAddIns(formatter);
+    const HWND page = user().windowWith("&Next   >>");
+    bringForward(page);
+    press(VK_F4, {VK_CONTROL}); // would close the code window
+    press(VK_TAB);
+    Sleep(300);
+    EXPECT_TRUE(IsWindow(code));
+
+    bringForward(window());
+    press(VK_ESCAPE);
+    press(VK_TAB);
+    waitForTitle("Stockroom* - Corvelle Workbench"); // it went into the code
+    press(VK_F4, {VK_CONTROL});
+    User::waitUntil("the code window to go", [code] { return !IsWindow(code); });
+    EXPECT_TRUE(IsWindowVisible(page));
+    EXPECT_FALSE(user().sees("&Format Code"));
+}
+
+TEST_F(Keyboard, WorksInTheStartMenuAndTheWizard) {
+    startBoth();
+    chooseFromAddIns(indexer);
+    HWND menu = user().windowWith("&Create a New Index");
+    bringForward(menu);
+    waitForFocus("&Create a New Index");
+    press(VK_TAB);
+    waitForFocus("&Add Entry to previously created Index");
+    press(VK_TAB);
+    waitForFocus("&Nothing .. Just Exit");
+    press(VK_ESCAPE); // does nothing
+    press(VK_RETURN);
+    waitUntilGone(menu);
+
+    chooseFromAddIns(indexer);
+    menu = user().windowWith("&Create a New Index");
+    bringForward(menu);
+    waitForFocus("&Create a New Index");
+    press('C', {VK_MENU});
+    user().answer("File not found..", IDNO);
+    const HWND wizard = user().windowWith("&Analyse");
+    bringForward(wizard);
+    const std::string first = focused();
+    press(VK_TAB);
+    User::waitUntil("another focus", [&] { return focused() != first; });
+    press('C', {VK_MENU});
+    waitUntilGone(wizard);
+}
+
+TEST_F(Keyboard, WorksInTheErrorList) {
+    folder.write("Odd.bas",
+                 "Attribute VB_Name = \"Odd\"\r\nSub A()\r\nEnd If\r\nEnd If\r\nEnd Sub\r\nEnd Sub\r\n");
+    startBoth("Odd.bas");
+    waitForTitle("Project1 - Corvelle Workbench");
+    command(IDM_CODE);
+    User::waitUntil("the code", [this] { return child("Odd (Code)") != nullptr; });
+    chooseFromAddIns(formatter);
+    const HWND page = user().windowWith("&Next   >>");
+    clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
+    const HWND dialog = user().windowWith("&Format Code");
+    PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
+    const HWND errors = user().windowTitled("Formatting Errors");
+    User::waitUntil("the list", [errors] { return IsWindowVisible(errors) && IsWindowEnabled(errors); });
+    bringForward(errors);
+    takePicture("errors");
+    press('C', {VK_MENU});
+    User::waitUntil("the list to go", [errors] { return !IsWindow(errors) || !IsWindowVisible(errors); });
+    EXPECT_TRUE(IsWindow(dialog));
+}
+
+} // namespace
+
+} // namespace corvelle::workbench::tests
