@@ -19,7 +19,7 @@ constexpr int left = infoWidth + 2 * edge + margin;
 constexpr int width = 7005;
 constexpr int infoTop = 420;
 constexpr int frameTop = 2700;
-constexpr int frameHeight = 4245;
+constexpr int frameHeight = 3690;
 constexpr int bottom = frameTop + frameHeight;
 constexpr forms::Size designSize{left + width + margin, bottom + 2 * margin + buttonHeight};
 
@@ -46,6 +46,7 @@ void FrmTxt::design() {
     lblSubtitle.setFont(bold);
     lblInfo.setBounds({edge, infoTop, infoWidth, bottom - infoTop});
     lblInfo.setBordered(true);
+    lblInfo.setUseMnemonic(false); // it only speaks of a button
 
     constexpr int browseWidth = 495;
     indexer::design(lblProject, "Select Indexer Project File:", {left, infoTop, width, lineHeight});
@@ -66,11 +67,11 @@ void FrmTxt::design() {
     constexpr int indicatorWidth = 1200;
     Lblstat.setCaption(" Status: Not ready file path(s) empty");
     Lblstat.setBordered(true);
-    Lblstat.setBounds({edge, buttonsTop + 60,
+    Lblstat.setBounds({edge, buttonsTop + 45,
                        right - 2 * (buttonWidth + margin) - edge + buttonWidth - indicatorWidth - margin,
-                       255});
+                       285});
     IndicSurface.setBounds(
-        {right - buttonWidth - margin - indicatorWidth - margin, buttonsTop + 60, indicatorWidth, 255});
+        {right - buttonWidth - margin - indicatorWidth - margin, buttonsTop + 45, indicatorWidth, 285});
     indexer::design(CmdProc, "&Save", right - buttonWidth - margin, buttonsTop);
     CmdProc.setEnabled(false);
     indexer::design(CmdClose, "&Close", right, buttonsTop);
@@ -89,10 +90,10 @@ void FrmTxt::designEntries() {
     CboCtl.setBounds({second, 300 + below, half, boxHeight});
     indexer::design(lblTypeIs, "Control type:", {margin, 1005, labelWidth, lineHeight});
     LblType.setBordered(true);
-    LblType.setBounds({margin + labelWidth, 975, half - labelWidth, 255});
+    LblType.setBounds({margin + labelWidth, 960, half - labelWidth, 285});
     indexer::design(lblIDIs, "HelpContext ID:", {second, 1005, labelWidth, lineHeight});
     LblID.setBordered(true);
-    LblID.setBounds({second + labelWidth, 975, half - labelWidth, 255});
+    LblID.setBounds({second + labelWidth, 960, half - labelWidth, 285});
     constexpr int buttonsTop = frameHeight - margin - buttonHeight;
     indexer::design(lblHelp,
                     "Text Pop Up Entry [The text which appears as help):", {margin, 1380, inner, lineHeight});
