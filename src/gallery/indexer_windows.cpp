@@ -97,6 +97,18 @@ void showIndexer(forms::Desktop& desktop, const std::shared_ptr<workspace::Works
     const auto editor = std::make_shared<indexer::FrmTxt>(desktop);
     editor->ShowTextEdit(ide, nullptr);
     look("FrmTxt", *editor);
+    editor->Text1.setText("C:\\Projects\\Stockroom\\Help\\Stockroom.icp");
+    editor->txtPrj.setText(
+        "\r\nStockroom\r\nC:\\Projects\\Stockroom\\Stockroom.vbp\r\nC:\\Projects\\Stockroom\\Help\\"
+        "Stockroom.h\r\nC:\\Projects\\Stockroom\\Help\\Stockroom.hcnf\r\n"
+        "C:\\Projects\\Stockroom\\Help\\Stockroom.txt\r\nProject file loades successfully.");
+    editor->LblType.setCaption("CommandButton");
+    editor->LblID.setCaption("IDH_AAAB");
+    editor->CmdProc.setEnabled(true);
+    editor->Lblstat.setCaption("Status: Error while saving header or configuration file.."); // the longest
+    editor->Indic.StartNow();
+    look("FrmTxt-working", *editor);
+    editor->Indic.stopNow();
     editor->unload();
 }
 
