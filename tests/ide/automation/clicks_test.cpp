@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <ocidl.h>
+#include <olectl.h>
 #include <vector>
 
 namespace corvelle::automation {
@@ -94,6 +95,23 @@ TEST_F(Clicks, NeedACommandOfTheIde) {
     EXPECT_EQ(errorOf([&] { vbe->Events()->CommandBarEvents(std::make_shared<Foreign>()); }),
               error(ErrorNumber::TypeMismatch));
     EXPECT_EQ(errorOf([&] { vbe->Events()->CommandBarEvents(nullptr); }), error(ErrorNumber::TypeMismatch));
+}
+
+TEST_F(Clicks, EndWithTheirSourceThoughItsConnectionPointIsHeld) {
+    count();
+    com::Ptr<IConnectionPoint> point;
+    objectOf(source).query<IConnectionPointContainer>()->FindConnectionPoint(clickEvents, point.receive());
+    ASSERT_TRUE(point);
+    com::Ptr<IConnectionPointContainer> container;
+    EXPECT_EQ(point->GetConnectionPointContainer(container.receive()), S_OK);
+    EXPECT_TRUE(com::isSameObject(container, objectOf(source)));
+    container.reset();
+    source.reset();
+    EXPECT_EQ(point->GetConnectionPointContainer(container.receive()), E_UNEXPECTED);
+    DWORD cookie = 0;
+    EXPECT_EQ(point->Advise(com::make<test::ScriptedObject>().get(), &cookie), CONNECT_E_CANNOTCONNECT);
+    userClicks();
+    EXPECT_EQ(clicks, 0);
 }
 
 TEST_F(Clicks, NeedASourceOfEvents) {
