@@ -83,7 +83,7 @@ void FrmIndexer::loadExcludeList() {
     ignoringErrors([&] { path = settings.get(application, section, key, ""); });
     if (path.empty()) {
         path = locateExcludeList();
-        if (path.empty() || session != session_) return;
+        if (path.empty()) return;
         ignoringErrors([&] { settings.save(application, section, key, path); });
     }
     ReadExcludeList(path, session->excludeList);
