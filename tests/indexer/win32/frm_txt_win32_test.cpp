@@ -1,0 +1,168 @@
+#include "base/temporary_folder.h"
+#include "cli/run_corvelle.h"
+#include "formatter/win32/user.h"
+#include "forms/win32/win32_desktop.h"
+#include "indexer/windows/add_in_manager.h"
+#include "indexer/windows/frm_txt.h"
+
+#include <atomic>
+#include <exception>
+#include <filesystem>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+#include <windows.h>
+
+namespace corvelle::indexer::tests {
+namespace {
+
+using formatter::tests::User;
+namespace fs = std::filesystem;
+
+/// Counts how often it has waited for messages; it does so only when nothing is under way.
+class EditorDesktop : public forms::Win32Desktop {
+  public:
+    using Win32Desktop::Win32Desktop;
+    bool waitForEvents() override {
+        ++waits;
+        return Win32Desktop::waitForEvents();
+    }
+
+    std::atomic<unsigned> waits{0};
+};
+
+/// The connect object: owns the editor and lets go of it.
+class EditorOwner : public AddInManager {
+  public:
+    std::shared_ptr<FrmTxt> editor;
+
+    void Hide() override {
+        if (const auto shown = std::exchange(editor, nullptr)) shown->unload();
+    }
+    void setbOK(bool) override {}
+};
+
+/// The editor's real window over an index of the example project; a second one is for the command line.
+class TextEditorOnScreen : public testing::Test {
+  protected:
+    TextEditorOnScreen() {
+        for (const char* copy : {"window", "command"}) {
+            fs::copy(fs::path(EXAMPLES_DIR) / "Stockroom", folder.path() / copy);
+            const auto in = [&](const char* name) { return path(copy, name); };
+            const auto run = corvelle::test::runCorvelle(
+                {"index", "--header", in("a.h"), "--config", in("a.hcnf"), "--text", in("a.txt"),
+                 "--default-text", "No help.", "--project-file", in("a.icp"), in("Stockroom.vbp")});
+            EXPECT_EQ(run.status, 0) << run.err;
+        }
+        SetCursorPos(0, 0);
+    }
+    ~TextEditorOnScreen() override {
+        owner->Hide();
+        MSG message; // the user has left word to quit
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (message.message != WM_QUIT) DispatchMessageA(&message);
+        }
+    }
+
+    std::string path(const std::string& copy, const std::string& name) const {
+        return (folder.path() / copy / name).string();
+    }
+
+    /// Shows the editor and serves messages while a user works, on another thread. Once.
+    void letUserWork(const std::function<void(const User&)>& user) {
+        owner->editor = std::make_shared<FrmTxt>(desktop);
+        owner->editor->ShowTextEdit(nullptr, owner);
+        const DWORD thread = GetCurrentThreadId();
+        std::thread works([&] {
+            try {
+                user(User(thread, desktop.waits));
+            } catch (const std::exception& error) {
+                ADD_FAILURE() << error.what();
+            }
+            PostThreadMessageA(thread, WM_QUIT, 0, 0); // closes what a failure has left open
+        });
+        while (desktop.waitForEvents()) {
+        }
+        works.join();
+    }
+
+    static void openProject(const User& user, HWND window, const std::string& file) {
+        constexpr int nameField = 0x47C;
+        user.click(window, "....");
+        const HWND dialog = user.box("Open Indexer Project");
+        Sleep(200); // it fills itself first
+        SendDlgItemMessageA(dialog, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        User::waitUntil("the file dialog to go", [&] { return !IsWindow(dialog); });
+    }
+    static void type(HWND box, const std::string& text) {
+        for (const char key : text) PostMessageA(box, WM_CHAR, static_cast<unsigned char>(key), 0);
+    }
+
+    corvelle::test::TemporaryFolder folder;
+    EditorDesktop desktop{GetModuleHandleA(nullptr)};
+    std::shared_ptr<EditorOwner> owner = std::make_shared<EditorOwner>();
+};
+
+TEST_F(TextEditorOnScreen, LeavesTheFilesThatTheCommandLineLeaves) {
+    letUserWork([&](const User& user) {
+        const HWND window = user.windowWith("Set &Default");
+        EXPECT_EQ("Help ID Indexer: Create /Modify Text Entries", User::text(window));
+        EXPECT_FALSE(User::isEnabled(window, "&Save"));
+        openProject(user, window, path("window", "a.icp"));
+        User::waitForText(window, "Static", " Status: Ready to accept Text entries...");
+        User::waitForText(window, "Edit", path("window", "a.icp"));
+        User::waitForText(window, "Static", "IDH_AAAB");
+        const auto boxes = User::controls(window, "Edit");
+        const auto lists = User::controls(window, "ComboBox");
+        ASSERT_EQ(3U, boxes.size());
+        ASSERT_EQ(2U, lists.size());
+        SendMessageA(boxes[2], EM_SETSEL, 0, -1);
+        type(boxes[2], "Tells the time");
+        User::press(lists[1], VK_DOWN); // keeps what was typed
+        User::waitForText(window, "Static", "IDH_AAAC");
+        user.click(window, "Set &Default");
+        const auto asked = user.answer("Update files..?", IDYES);
+        EXPECT_EQ(0U, asked.find("This action requires following files to be updated :")) << asked;
+        User::waitForText(window, "Static", "IDH_AAAA");
+        User::press(lists[1], VK_DOWN);
+        User::waitForText(window, "Static", "IDH_AAAD");
+        user.click(window, "Delete");
+        User::waitForText(window, "Edit", "This control is deleted from Index..");
+        user.click(window, "&Save");
+        EXPECT_EQ("File was saved successfully.", user.answer("Corvelle", IDOK));
+        User::waitForText(window, "Static", "Status: Text file saved..");
+
+        User::press(lists[1], VK_DOWN);
+        User::waitForText(window, "Static", "IDH_AAAE");
+        type(boxes[2], "x");
+        user.click(window, "&Close");
+        const auto closing = user.answer("Save ?", IDNO);
+        EXPECT_EQ(0U, closing.find("You have not saved the changes.")) << closing;
+        User::waitUntil("the window to go", [&] { return !IsWindow(window); });
+    });
+    EXPECT_FALSE(owner->editor);
+
+    // A text that is read again has a space in front: last what the window has typed.
+    for (const std::vector<std::string>& command : {std::vector<std::string>{"default", "frmMain", "dlgFile"},
+                                                    {"delete", "frmMain", "tbrMain"},
+                                                    {"set", "frmMain", "tmrClock", "Tells the time"}}) {
+        std::vector<std::string> arguments{"text", path("command", "a.icp")};
+        arguments.insert(arguments.end(), command.begin(), command.end());
+        const auto run = corvelle::test::runCorvelle(arguments);
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.out, "File was saved successfully.\n");
+    }
+    for (const std::string name : {"a.h", "a.hcnf", "a.txt"}) {
+        EXPECT_FALSE(folder.read("window/" + name).empty());
+        EXPECT_EQ(folder.read("window/" + name), folder.read("command/" + name)) << name;
+    }
+    EXPECT_NE(folder.read("window/a.txt").find(".topic  IDH_AAAB\r\nTells the time\r\n"), std::string::npos);
+}
+
+} // namespace
+} // namespace corvelle::indexer::tests
