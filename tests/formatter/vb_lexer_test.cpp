@@ -44,6 +44,10 @@ TEST(VbLexer, WordsAreLettersDigitsUnderscoresAndBytesAbove127) {
     EXPECT_EQ(tokens("\xC4nderung=\xFF\x80z"), "W(\xC4nderung) M(=) W(\xFF\x80z)");
 }
 
+TEST(VbLexer, AWordEndsWithItsLineWhateverFollowsInMemory) {
+    EXPECT_EQ(tokens("abc"sv.substr(0, 2)), "W(ab)");
+}
+
 TEST(VbLexer, EveryOtherByteIsAMarkOfItsOwn) {
     EXPECT_EQ(tokens("a<>(b):=c\\d"), "W(a) M(<) M(>) M(() W(b) M()) M(:) M(=) W(c) M(\\) W(d)");
     EXPECT_EQ(tokens("a\0\x01"sv), "W(a) M(\0) M(\x01)"sv);
@@ -103,6 +107,7 @@ TEST(VbLexer, RemInsideAWordOrBeforeAnotherByteOrAsAMemberIsNoComment) {
     EXPECT_EQ(tokens("Rem\xE9 b"), "W(Rem\xE9) W(b)");
     EXPECT_EQ(tokens("Rem: b"), "W(Rem) M(:) W(b)");
     EXPECT_EQ(tokens("x.Rem b"), "W(x) M+(.) W+(Rem) W(b)");
+    EXPECT_EQ(tokens("x.y Rem b"), "W(x) M+(.) W+(y) C(b)");
     EXPECT_EQ(tokens("x! Rem b"), "W(x) M+(!) W(Rem) W(b)");
     EXPECT_EQ(tokens("[Rem] b"), "N([Rem]) W(b)");
     EXPECT_EQ(tokens("\"Rem b\""), "L(\"Rem b\")");

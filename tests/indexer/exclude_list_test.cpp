@@ -11,7 +11,7 @@ using test::TemporaryFolder;
 using testing::ElementsAre;
 
 ExcludeList listOf(std::string_view bytes) {
-    ExcludeList list;
+    ExcludeList list{"", "OLD"};
     const auto bound = readExcludeList(bytes, list);
     EXPECT_EQ(bound + 1, list.size());
     return list;

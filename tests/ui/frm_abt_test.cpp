@@ -37,6 +37,18 @@ TEST_F(FrmAbt, TakesNameAndVersionFromTheApplication) {
     EXPECT_EQ(box->Label2.caption(), "Version 2.30.456");
 }
 
+TEST_F(FrmAbt, IsDesignedForThePackage) {
+    struct Designed : frmAbt {
+        using frmAbt::frmAbt;
+        void Form_Load() override {} // which has texts of its own
+    };
+    desktop.application.productName = "Other";
+    const auto box = std::make_shared<Designed>(desktop);
+    EXPECT_EQ(box->Label1[0].caption(), "Trellis");
+    EXPECT_EQ(box->Label1[1].caption(), "Trellis");
+    EXPECT_EQ(box->Label2.caption(), "Version 1.1");
+}
+
 TEST_F(FrmAbt, TheCreditBlockIsThreeLines) {
     const auto box = frmAbt::defaultInstance(desktop);
     const std::string& block = box->Label3.caption();

@@ -155,6 +155,17 @@ TEST_F(Backup, CancellingForgetsThePathOfTheOneBefore) {
     });
 }
 
+TEST_F(Backup, IsNotTakenWhenTheFileDialogFails) {
+    inDialog([&](FrmFormatter& dialog) {
+        desktop.inFileDialog = [] { throw disaster; };
+        EXPECT_TRUE(desktop.click(dialog.CmdFile));
+        EXPECT_EQ(status(dialog), " Status: Not Saving exiting..");
+        EXPECT_EQ(dialog.Text1.text(), "");
+        EXPECT_FALSE(dialog.CmdFmt.enabled());
+    });
+    EXPECT_TRUE(desktop.boxes().empty());
+}
+
 TEST_F(Backup, ReplacesAFileCompletely) {
     const std::string path = pathOf("old.bas");
     base::writeFile(base::pathOf(path), std::string(10000, 'x'));
@@ -192,13 +203,20 @@ TEST_F(Backup, KeepsEveryByteAndWritesNothingForNoLines) {
 TEST_F(Backup, TellsWhatItIsDoing) {
     inDialog([&](FrmFormatter& dialog) {
         const std::string path = pathOf("a.bas");
+        format(dialog);
+        int reads = 0;
         calls.onCall = [&](const std::string& member) {
             if (member != "CodeModule.Lines") return;
+            ++reads;
             EXPECT_EQ(status(dialog), " Status: Saving file -->" + path);
             EXPECT_EQ(picture(dialog), 3);
+            EXPECT_FALSE(dialog.CmdFmt.enabled());
+            EXPECT_FALSE(dialog.CmdAdd.enabled());
         };
         save(dialog, path);
         calls.onCall = nullptr;
+        EXPECT_EQ(reads, static_cast<int>(sample().size()));
+        leaveAnyway(dialog);
     });
 }
 

@@ -119,6 +119,26 @@ TEST_F(ClosingTheDialog, LetsGoOfTheDialog) {
     EXPECT_EQ(page().formatter(), nullptr);
 }
 
+TEST_F(ClosingTheDialog, LetsGoOfTheLinesAndOfTheErrorList) {
+    std::shared_ptr<FrmFormatter> kept;
+    std::weak_ptr<forms::Form> errors;
+    inDialog([&](FrmFormatter& dialog) {
+        kept = std::static_pointer_cast<FrmFormatter>(dialog.shared_from_this());
+        code() = {"End Sub"};
+        desktop.inNextModal([&](forms::Form& list) {
+            errors = list.weak_from_this();
+            desktop.close(list);
+        });
+        desktop.click(dialog.CmdFmt);
+        EXPECT_FALSE(errors.expired());
+        EXPECT_EQ(dialog.lineBuffer().maxIndx(), 0);
+        desktop.answerNextBox(yes);
+        desktop.click(dialog.CmdBack);
+    });
+    EXPECT_EQ(kept->lineBuffer().maxIndx(), -1);
+    EXPECT_TRUE(errors.expired());
+}
+
 TEST_F(ClosingTheDialog, WorksWithoutAPage) {
     const auto dialog = std::make_shared<FrmFormatter>(desktop);
     dialog->FmtCodeModule = module->code;

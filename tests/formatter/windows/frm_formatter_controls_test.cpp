@@ -59,6 +59,24 @@ TEST_F(FormatterControls, ShowDesignTextsBeforeAnythingIsKnown) {
     EXPECT_EQ(dialog->caption(), "Trellis []");
 }
 
+TEST_F(FormatterControls, TellThatNothingHasHappenedYet) {
+    struct Designed : FrmFormatter {
+        using FrmFormatter::FrmFormatter;
+        void Form_Load() override {} // which has a text of its own for the process
+    };
+    EXPECT_EQ(std::make_shared<Designed>(desktop)->Label1.caption(), "Waiting for action");
+}
+
+TEST_F(FormatterControls, KeepTheDesignTextWhereTheModuleDoesNotTellItsName) {
+    showPage();
+    calls.fail("CodeModule.Name", 1, disaster);
+    inDialog([&](FrmFormatter& dialog) {
+        EXPECT_TRUE(calls.anyFailed());
+        EXPECT_EQ(dialog.lblModule.caption(), "Unknown [Error]");
+        EXPECT_TRUE(dialog.CmdFmt.enabled());
+    });
+}
+
 TEST_F(FormatterControls, SliderRunsFromZeroToTen) {
     inDialog([&](FrmFormatter& dialog) {
         const auto range = dialog.Slider1.range();
@@ -105,7 +123,8 @@ TEST_F(FormatterControls, UserCannotTypeIntoWhatOnlyShows) {
     });
 }
 
-TEST_F(FormatterControls, TabReachesTheCommandsInAUsersOrder) {
+// Tab follows the order of creation.
+TEST_F(FormatterControls, AreCreatedInAUsersOrder) {
     Lines order;
     inDialog([&](FrmFormatter& dialog) {
         dialog.CmdAdd.setEnabled(true);

@@ -139,6 +139,7 @@ TEST_F(FormatCode, AnEmptyModuleGivesNothingToAdd) {
     code().clear();
     inDialog([&](FrmFormatter& dialog) {
         EXPECT_TRUE(desktop.click(dialog.CmdFmt));
+        EXPECT_EQ(status(dialog), " Status: Code Module Successfully loaded ..");
         EXPECT_EQ(picture(dialog), 1);
         EXPECT_FALSE(dialog.CmdAdd.enabled());
         expectPassAtRest(dialog);
@@ -176,8 +177,11 @@ TEST_F(FormatCode, NothingCanBeAddedAfterALaterRunWithErrors) {
 TEST_F(FormatCode, AStopRequestAbortsThePass) {
     inDialog([&](FrmFormatter& dialog) {
         format(dialog);
-        desktop.atYield([&] { dialog.DisableProc(); }, 11); // before the third line
+        code().push_back("' more");
+        desktop.atYield([&] { dialog.DisableProc(); }, 12); // before the third line
         desktop.click(dialog.CmdFmt);
+        EXPECT_EQ(results(dialog), "      Module contains 10 Lines | Formatted code contains:  8 Lines")
+            << "of the run before";
         EXPECT_EQ(status(dialog), " Status: Formatting was aborted by user..");
         EXPECT_EQ(process(dialog), " No Process..");
         EXPECT_EQ(picture(dialog), 0);
@@ -185,6 +189,7 @@ TEST_F(FormatCode, AStopRequestAbortsThePass) {
         expectPassAtRest(dialog);
     }); // and closing asks nothing
     EXPECT_TRUE(desktop.boxes().empty());
+    code().pop_back();
     EXPECT_EQ(code(), sample());
 }
 
@@ -205,6 +210,7 @@ TEST_F(FormatCode, ARunTimeErrorInThePassIsShownAndTheDialogStaysUsable) {
         desktop.answerNextBox(forms::answer::ok, [&] { EXPECT_EQ(picture(dialog), 3); });
         EXPECT_TRUE(desktop.click(dialog.CmdFmt));
         EXPECT_EQ(lastBox(), "Corvelle|0|Overflow");
+        EXPECT_EQ(results(dialog), "       No Results..");
         EXPECT_EQ(picture(dialog), 1);
         EXPECT_FALSE(dialog.CmdAdd.enabled());
         expectPassAtRest(dialog);

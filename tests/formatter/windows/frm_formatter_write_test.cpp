@@ -47,6 +47,16 @@ TEST_F(AddToModule, ReplacesTheModuleLineByLineAfterOneDelete) {
                      "CodeModule.InsertLines(2, \"  x = 1\")", "CodeModule.InsertLines(3, \"End Sub\")"}));
 }
 
+TEST_F(AddToModule, ReplacesAModuleThatIsFormattedAlready) {
+    code() = formattedSample();
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        add(dialog);
+    });
+    EXPECT_EQ(calls.count("CodeModule.DeleteLines"), 1);
+    EXPECT_EQ(calls.count("CodeModule.InsertLines"), static_cast<int>(formattedSample().size()));
+}
+
 TEST_F(AddToModule, SaysSoAndAsksNothingAfterwards) {
     inDialog([&](FrmFormatter& dialog) {
         format(dialog);

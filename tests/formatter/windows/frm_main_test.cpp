@@ -231,6 +231,9 @@ TEST_F(SelectionPage, ShowsTheAboutBox) {
     showPage();
     desktop.inNextModal([&](forms::Form& form) {
         auto& box = dynamic_cast<ui::frmAbt&>(form);
+        EXPECT_EQ(box.Label1[0].caption(), "Trellis");
+        EXPECT_EQ(box.Label1[1].caption(), "Trellis");
+        EXPECT_EQ(box.Label2.caption(), "Version 1.0.7");
         EXPECT_EQ(box.LblWarn.caption(), " Warning: Author can not be held responsible for any code loss."
                                          " Keep backups ready. Program under beta testing.");
         EXPECT_EQ(box.LblWarn.backColor(), 0x800080U);

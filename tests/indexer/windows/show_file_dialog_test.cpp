@@ -1,3 +1,4 @@
+#include "base/run_time_error.h"
 #include "forms/headless/headless_desktop.h"
 #include "indexer/windows/show_file_dialog.h"
 
@@ -25,6 +26,16 @@ TEST(ShowFileDialog, GivesNothingWhenItIsCancelled) {
     forms::HeadlessDesktop desktop;
     forms::CommonDialog dialog(desktop);
     desktop.cancelNextFile();
+    EXPECT_EQ(ShowFileDialog("", "", "a.h", dialog), "");
+}
+
+TEST(ShowFileDialog, GivesNothingWhenItFails) {
+    class Failing : public forms::HeadlessDesktop {
+        std::optional<std::string> chooseFile(const forms::CommonDialog&, bool) override {
+            throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+        }
+    } desktop;
+    forms::CommonDialog dialog(desktop);
     EXPECT_EQ(ShowFileDialog("", "", "a.h", dialog), "");
 }
 
