@@ -9,6 +9,9 @@ namespace corvelle::forms {
 /// The system's viewer for compiled HTML help, loaded when it is first needed.
 class HtmlHelp {
   public:
+    /// The viewer's entry point, as the system's help library exports it.
+    using Function = HWND(WINAPI*)(HWND, LPCSTR, UINT, DWORD_PTR);
+
     HtmlHelp() = default;
     /// Closes the viewer's windows.
     ~HtmlHelp();
@@ -18,10 +21,10 @@ class HtmlHelp {
     /// Command 1 shows the contents, 15 the topic of a context number. "File not found" where the system has
     /// no viewer; a help file or topic that is not there is the viewer's to report.
     void show(HWND caller, const std::string& file, int command, std::uint32_t data);
+    /// Takes another viewer in place of the system's.
+    void setViewer(Function function) { function_ = function; }
 
   private:
-    using Function = HWND(WINAPI*)(HWND, LPCSTR, UINT, DWORD_PTR);
-
     Function function_ = nullptr;
 };
 

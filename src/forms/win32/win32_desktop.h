@@ -49,6 +49,7 @@ class Win32Desktop : public Desktop {
     HINSTANCE module() const { return module_; }
     const Scale& scale() const { return scale_; }
     GdiCache& gdi() { return gdi_; }
+    HtmlHelp& help() { return help_; }
     const char* formClass() const { return formClass_.name(); }
     const char* plainClass() const { return plainClass_.name(); }
     /// The window that a window shown now belongs to: the thread's active one, or the host's main window.

@@ -272,6 +272,31 @@ TEST_F(LateText, OfAnUnloadedFormIsForgotten) {
     EXPECT_FALSE(form->isLoaded());
 }
 
+TEST_F(ScreenTest, HelpIsAskedForWithTheCallersWindow) {
+    struct Request {
+        HWND caller;
+        std::string file;
+        UINT command;
+        DWORD_PTR data;
+    };
+    static std::vector<Request> requests;
+    requests.clear();
+    desktop().help().setViewer([](HWND caller, LPCSTR file, UINT command, DWORD_PTR data) WINAPI -> HWND {
+        requests.push_back({caller, file != nullptr ? file : "", command, data});
+        return nullptr;
+    });
+    const auto form = shownForm();
+    desktop().showHelp(&form->txtName, "C:\\a b\\x.chm", 15, 1000);
+    desktop().showHelp(&form->cmdOk, "C:\\y.chm", 1, 0);
+    ASSERT_EQ(requests.size(), 2U);
+    EXPECT_EQ(requests[0].caller, windowOf(form->txtName));
+    EXPECT_EQ(requests[0].file, "C:\\a b\\x.chm");
+    EXPECT_EQ(requests[0].command, 15U);
+    EXPECT_EQ(requests[0].data, 1000U);
+    EXPECT_EQ(requests[1].caller, windowOf(form->cmdOk));
+    EXPECT_EQ(requests[1].command, 1U);
+}
+
 TEST_F(ScreenTest, HelpOfAFileThatIsNotThereDoesNoHarm) {
     const auto form = shownForm();
     desktop().showHelp(&form->txtName, "C:\\nowhere\\none.chm", 15, 1000);
