@@ -2,7 +2,6 @@
 
 #include "base/run_time_error.h"
 #include "forms/command_button.h"
-#include "forms/win32/thread_windows.h"
 #include "forms/win32/win32_desktop.h"
 
 #include <algorithm>
@@ -29,6 +28,13 @@ WindowFrame frameOf(BorderStyle style) {
         break;
     }
     return {dialog | WS_SYSMENU, WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME};
+}
+
+BOOL CALLBACK releaseIfOwned(HWND window, LPARAM going) {
+    const HWND owner = reinterpret_cast<HWND>(going);
+    if (GetWindow(window, GW_OWNER) != owner || FormWindow::of(window) == nullptr) return TRUE;
+    SetWindowLongPtrA(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(GetWindow(owner, GW_OWNER)));
+    return TRUE;
 }
 
 } // namespace
@@ -119,11 +125,8 @@ FormWindow::Serving::~Serving() {
 
 // Windows that belong to this one must not go with it.
 void FormWindow::releaseOwned() {
-    const HWND owner = GetWindow(window_, GW_OWNER);
-    for (const HWND window : threadWindows()) {
-        if (GetWindow(window, GW_OWNER) != window_ || of(window) == nullptr) continue;
-        SetWindowLongPtrA(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
-    }
+    // There may be no memory for a list of them.
+    EnumThreadWindows(GetCurrentThreadId(), releaseIfOwned, reinterpret_cast<LPARAM>(window_));
 }
 
 ControlWindow* FormWindow::find(const Control& control) const {

@@ -1,20 +1,34 @@
 #include "forms/win32/thread_windows.h"
 
+#include <new>
+
 namespace corvelle::forms {
 
 namespace {
 
-BOOL CALLBACK collect(HWND window, LPARAM list) {
-    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-    return TRUE;
+struct List {
+    std::vector<HWND> windows;
+    bool complete = true;
+};
+
+BOOL CALLBACK collect(HWND window, LPARAM parameter) {
+    auto& list = *reinterpret_cast<List*>(parameter);
+    try {
+        list.windows.push_back(window);
+        return TRUE;
+    } catch (const std::bad_alloc&) { // nothing may get into the system's code
+        list.complete = false;
+        return FALSE;
+    }
 }
 
 } // namespace
 
 std::vector<HWND> threadWindows() {
-    std::vector<HWND> found;
+    List found;
     EnumThreadWindows(GetCurrentThreadId(), collect, reinterpret_cast<LPARAM>(&found));
-    return found;
+    if (!found.complete) throw std::bad_alloc();
+    return found.windows;
 }
 
 } // namespace corvelle::forms

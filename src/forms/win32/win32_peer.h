@@ -11,7 +11,12 @@ namespace corvelle::forms {
 class Win32Peer : public FormPeer {
   public:
     Win32Peer(Win32Desktop& desktop, Form& form) : window_(std::make_shared<FormWindow>(desktop, form)) {
-        window_->make();
+        try {
+            window_->make();
+        } catch (...) {
+            window_->detach(); // what there is of it, before it is let go
+            throw;
+        }
     }
     ~Win32Peer() override { window_->detach(); }
 
