@@ -69,6 +69,12 @@ void AddIn::saveAutoShow(const std::string& value) {
         [&] { desktop_.settings().save(desktop_.application.title, "Settings", "AutoShow", value); });
 }
 
+void AddIn::unload(forms::Form& window) {
+    bool gone = false;
+    base::ignoringErrors([&] { gone = window.unload(); });
+    if (!gone) base::ignoringErrors([&] { window.hide(); });
+}
+
 void AddIn::setMenuEvents(const std::shared_ptr<ide::CommandBarEvents>& events) {
     if (const auto former = std::exchange(MenuEvents_, nullptr)) {
         base::ignoringErrors([&] { former->setClick(nullptr); });

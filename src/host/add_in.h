@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/desktop.h"
+#include "forms/form.h"
 #include "ide/vbe.h"
 
 #include <cstdint>
@@ -54,6 +55,9 @@ class AddIn : public std::enable_shared_from_this<AddIn> {
     /// The IDE; none while not connected.
     const std::shared_ptr<ide::VBE>& VBInstance() const { return VBInstance_; }
 
+    /// Unloads a window, ignoring errors; one that fails to unload is hidden, so that letting go of it ends
+    /// it.
+    static void unload(forms::Form& window);
     /// Unloads the main window, if there is one, and lets go of it.
     virtual void unloadMainWindow() = 0;
     /// The add-in has been disconnected: whatever waits has to end.

@@ -32,7 +32,7 @@ void CodeFormatter::Hide() {
 }
 
 void CodeFormatter::unloadMainWindow() {
-    if (const auto page = std::exchange(frmMain_, nullptr)) base::ignoringErrors([&] { page->unload(); });
+    if (const auto page = std::exchange(frmMain_, nullptr)) unload(*page);
 }
 
 } // namespace corvelle::host

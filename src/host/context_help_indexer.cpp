@@ -56,7 +56,7 @@ std::optional<std::int16_t> ContextHelpIndexer::getStartChoice() {
     }
     const bool chosen = bOK_ && startMenu_ == menu && !desktop().isQuitting();
     const std::int16_t choice = menu->myMode;
-    base::ignoringErrors([&] { menu->unload(); });
+    unload(*menu);
     if (startMenu_ == menu) startMenu_.reset();
     return chosen ? std::optional(choice) : std::nullopt;
 }
@@ -68,15 +68,11 @@ void ContextHelpIndexer::Hide() {
 }
 
 void ContextHelpIndexer::unloadMainWindow() {
-    if (const auto wizard = std::exchange(FrmIndexer_, nullptr)) {
-        base::ignoringErrors([&] { wizard->unload(); });
-    }
+    if (const auto wizard = std::exchange(FrmIndexer_, nullptr)) unload(*wizard);
 }
 
 void ContextHelpIndexer::disconnected() {
-    if (const auto menu = std::exchange(startMenu_, nullptr)) {
-        base::ignoringErrors([&] { menu->unload(); });
-    }
+    if (const auto menu = std::exchange(startMenu_, nullptr)) unload(*menu);
 }
 
 } // namespace corvelle::host

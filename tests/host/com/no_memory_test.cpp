@@ -1,0 +1,187 @@
+#include "com/scripted_object.h"
+#include "host/com/class_factory.h"
+#include "host/com/dll.h"
+#include "host/com/module.h"
+#include "host/com/module_desktop.h"
+
+#include <corvelle.h>
+#include <cstdlib>
+#include <functional>
+#include <gtest/gtest.h>
+#include <new>
+#include <vbide.h>
+
+namespace {
+
+// The allocation that fails, counted down; none while it is not positive.
+long failing = 0;
+bool failed = false;
+
+void* allocate(std::size_t size) {
+    if (failing > 0 && --failing == 0) {
+        failed = true;
+        throw std::bad_alloc();
+    }
+    if (void* const memory = std::malloc(size > 0 ? size : 1)) return memory;
+    throw std::bad_alloc();
+}
+
+} // namespace
+
+void* operator new(std::size_t size) {
+    return allocate(size);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+
+namespace corvelle::host::test {
+namespace {
+
+using corvelle::test::ScriptedObject;
+
+/// The parts of the DLL, in this program, where an allocation can be made to fail.
+class NoMemory : public testing::Test {
+  protected:
+    NoMemory() { setModuleInstance(dll.module()); }
+    ~NoMemory() override { EXPECT_TRUE(releaseDesktop()); }
+
+    /// Runs the action once for each of its allocations, which fails then; nothing may be thrown, and at last
+    /// nothing fails.
+    static void failEach(const char* what, const std::function<void()>& action) {
+        int allocation = 0;
+        do {
+            ++allocation;
+            failed = false;
+            failing = allocation;
+            try {
+                action();
+            } catch (...) {
+                failing = 0;
+                ADD_FAILURE() << what << " throws when allocation " << allocation << " fails";
+            }
+            failing = 0;
+        } while (failed && allocation < 10000);
+        EXPECT_GT(allocation, 1) << what;
+    }
+
+    static const ComClass& entry(REFCLSID id) {
+        for (const ComClass& one : classTable()) {
+            if (IsEqualCLSID(one.id, id)) return one;
+        }
+        throw std::logic_error("no such class");
+    }
+
+    /// An IDE with a menu, no project and no events.
+    static com::Ptr<ScriptedObject> makeIde() {
+        const auto command = com::make<ScriptedObject>();
+        command->answers(L"Caption", com::Variant());
+        command->answers(L"Delete", com::Variant());
+        const auto controls = com::make<ScriptedObject>();
+        controls->answers(L"Add", com::Variant(command));
+        const auto bar = com::make<ScriptedObject>();
+        bar->answers(L"Controls", com::Variant(controls));
+        const auto bars = com::make<ScriptedObject>();
+        bars->answers(L"Item", com::Variant(bar));
+        auto ide = com::make<ScriptedObject>();
+        ide->answers(L"CommandBars", com::Variant(bars));
+        return ide;
+    }
+
+    Apartment apartment;
+    Dll dll;
+};
+
+_ContextHelpIndexer* waiting = nullptr; // for its start menu
+
+/// A user that answers every message box and chooses of every start menu its first command.
+class Answering {
+  public:
+    Answering() : timer_(SetTimer(nullptr, 0, 10, answer)) {}
+    ~Answering() {
+        KillTimer(nullptr, timer_);
+        waiting = nullptr;
+    }
+    Answering(const Answering&) = delete;
+    Answering& operator=(const Answering&) = delete;
+
+  private:
+    static void CALLBACK answer(HWND, UINT, UINT_PTR, DWORD) {
+        if (const HWND box = FindWindowA("#32770", nullptr)) PostMessageA(box, WM_COMMAND, IDOK, 0);
+        if (waiting != nullptr) waiting->put_bOK(VARIANT_TRUE);
+    }
+
+    UINT_PTR timer_;
+};
+
+TEST_F(NoMemory, MakingAnObjectOnlyFails) {
+    for (const CLSID& id : {formatterClass, indexerClass}) {
+        const auto factory = com::make<ClassFactory>(entry(id));
+        failEach("CreateInstance", [&] {
+            com::Ptr<IUnknown> made;
+            const HRESULT result =
+                factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(made.receive()));
+            EXPECT_EQ(result, failed ? E_OUTOFMEMORY : S_OK);
+            EXPECT_EQ(static_cast<bool>(made), SUCCEEDED(result));
+        });
+    }
+}
+
+TEST_F(NoMemory, NoMethodOfTheFormatterThrows) {
+    const Answering answering;
+    const auto ide = makeIde();
+    const auto made = entry(formatterClass).make();
+    const auto object = made.query<_CodeFormatter>();
+    const auto extensibility = made.query<IDTExtensibility>();
+    failEach("OnConnection",
+             [&] { extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr); });
+    const com::Bstr caption(std::string_view("Mine, with a caption that needs memory of its own"));
+    failEach("AddMyMenu", [&] {
+        com::Ptr<CommandBarControl> command;
+        object->AddMyMenu(caption.get(), command.receive());
+    });
+    failEach("putref_MenuEvents",
+             [&] { object->putref_MenuEvents(reinterpret_cast<_CommandBarControlEvents*>(ide.get())); });
+    failEach("Show", [&] {
+        object->Show();
+        object->Hide();
+    });
+    failEach("OnDisconnection", [&] {
+        extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr);
+        extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr);
+    });
+    VARIANTARG arguments[4]{};
+    arguments[3].vt = VT_DISPATCH;
+    arguments[3].pdispVal = ide.get();
+    arguments[2].vt = VT_I4;
+    DISPPARAMS parameters{arguments, nullptr, 4, 0};
+    failEach("Invoke", [&] {
+        extensibility->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+        extensibility->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+    });
+}
+
+TEST_F(NoMemory, NoMethodOfTheIndexerThrows) {
+    const Answering answering;
+    const auto ide = makeIde();
+    const auto made = entry(indexerClass).make();
+    const auto object = made.query<_ContextHelpIndexer>();
+    const auto extensibility = made.query<IDTExtensibility>();
+    failEach("OnConnection",
+             [&] { extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr); });
+    waiting = object.get();
+    failEach("Show", [&] {
+        object->Show();
+        object->Hide();
+    });
+    failEach("OnDisconnection", [&] {
+        extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr);
+        extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr);
+    });
+}
+
+} // namespace
+} // namespace corvelle::host::test
