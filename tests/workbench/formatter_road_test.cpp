@@ -40,7 +40,7 @@ struct FormatterRoad : WithAddIns {
         SendDlgItemMessageA(save, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
         PostMessageA(save, WM_COMMAND, IDOK, 0);
         User::waitUntil("the save dialog to go", [&] {
-            const HWND asks = user().sees("&Format Code") ? nullptr : GetLastActivePopup(save);
+            const HWND asks = IsWindowEnabled(dialog) ? nullptr : GetLastActivePopup(save);
             if (asks != nullptr && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
             return !IsWindow(save);
         });
@@ -115,7 +115,7 @@ TEST_F(FormatterRoad, FollowsTheActiveCodeWindow) {
     openDesigner("frmPart", "frmPart (Form)"); // no code window: the one before stays the active one
     clickUntil(page, "&Refresh", "a look", [&] { return name() == " modMain"; });
     ask(child("modMain (Code)"), WM_CLOSE);
-    PostMessageA(User::control(page, "Button", "&Refresh"), BM_CLICK, 0, 0);
+    clickUntil(page, "&Refresh", "the box", [this] { return user().seesBox("Corvelle"); });
     EXPECT_EQ("Activate a code module before activating this form.", user().answer("Corvelle", IDOK));
     EXPECT_FALSE(User::isEnabled(page, "&Next   >>"));
 }

@@ -69,8 +69,7 @@ TEST_F(Interruptions, EndsWhileAPassRuns) {
     const HWND page = user().windowWith("&Next   >>");
     clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
     const HWND dialog = user().windowWith("&Format Code");
-    PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
-    User::waitUntil("a pass", [dialog] {
+    clickUntil(dialog, "&Format Code", "a pass", [dialog] {
         for (const HWND label : User::controls(dialog, "Static")) {
             const std::string shown = User::text(label);
             if (shown.rfind(" LN: ", 0) == 0 || shown.rfind(" In Line: ", 0) == 0) return true;

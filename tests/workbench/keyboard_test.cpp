@@ -5,6 +5,12 @@ namespace corvelle::workbench::tests {
 
 namespace {
 
+BOOL CALLBACK findErrorList(HWND window, LPARAM result) {
+    if (IsWindowVisible(window) && IsWindowEnabled(window) && User::text(window) == "Formatting Errors")
+        *reinterpret_cast<HWND*>(result) = window;
+    return TRUE;
+}
+
 // The program's message loop knows nothing of the add-ins' windows; their keys work all the same.
 struct Keyboard : WithAddIns {
     std::string focused() const {
@@ -19,6 +25,12 @@ struct Keyboard : WithAddIns {
         } catch (const std::exception&) {
             throw std::runtime_error("the focus is on \"" + focused() + "\", not on \"" + text + "\"");
         }
+    }
+    bool listIsOpen() const {
+        HWND list = nullptr;
+        EnumThreadWindows(GetWindowThreadProcessId(window(), nullptr), findErrorList,
+                          reinterpret_cast<LPARAM>(&list));
+        return list != nullptr;
     }
     static void waitUntilGone(HWND form) {
         User::waitUntil("the window to go", [form] { return !IsWindow(form); });
@@ -120,9 +132,8 @@ TEST_F(Keyboard, WorksInTheErrorList) {
     const HWND page = user().windowWith("&Next   >>");
     clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
     const HWND dialog = user().windowWith("&Format Code");
-    PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
+    clickUntil(dialog, "&Format Code", "the list", [this] { return listIsOpen(); });
     const HWND errors = user().windowTitled("Formatting Errors");
-    User::waitUntil("the list", [errors] { return IsWindowVisible(errors) && IsWindowEnabled(errors); });
     bringForward(errors);
     takePicture("errors");
     press('C', {VK_MENU});

@@ -257,7 +257,16 @@ void WithAddIns::startBoth(const std::string& file) {
 }
 
 HWND WithAddIns::openManager() const {
-    chooseFromAddIns(0);
+    constexpr DWORD again = 3000; // a change of windows under way may close the menu
+    DWORD last = 0;
+    User::waitUntil("the manager", [&] {
+        if (user().seesBox("Add-In Manager")) return true;
+        if (last == 0 || GetTickCount() - last > again) {
+            chooseFromAddIns(0);
+            last = GetTickCount();
+        }
+        return false;
+    });
     return user().box("Add-In Manager");
 }
 
