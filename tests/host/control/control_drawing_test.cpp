@@ -157,6 +157,10 @@ TEST_F(ControlDrawing, EveryFrameIsToldWhileThereIsNoWindow) {
     container->calls.clear();
     control->stopNow();
     EXPECT_TRUE(container->calls.empty());
+    ASSERT_EQ(view->SetAdvise(DVASPECT_CONTENT, ADVF_ONLYONCE, container.get()), S_OK);
+    control->put_Backcolor(0);
+    control->put_Backcolor(1);
+    EXPECT_EQ(container->calls, (std::vector<std::string>{"OnViewChange"}));
 }
 
 } // namespace

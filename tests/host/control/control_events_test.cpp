@@ -134,9 +134,49 @@ TEST_F(ControlEvents, LetGoOfByItsOnlyOwnerWhileItStops) {
     connection.reset();
     control->StartNow();
     auto* const raw = control.release();
-    container->post([raw] { raw->Release(); });
+    container->post([raw] {
+        raw->Release();
+        EXPECT_EQ(callModule("DllCanUnloadNow"), S_FALSE) << "it is still stopping";
+    });
     EXPECT_EQ(raw->stopNow(), S_OK);
     EXPECT_EQ(livingObjects(), before + 2) << "the sink and the container are left";
+}
+
+// Of an aggregate the outer object tells when it goes.
+TEST_F(ControlEvents, ItStaysUntilItsOwnWorkIsDone) {
+    for (const bool ticking : {true, false}) {
+        connection.reset();
+        bool gone = false;
+        auto outer = com::make<Aggregate>(&gone);
+        outer->inner = makeControl(static_cast<IOleClientSite*>(outer.get()));
+        control = outer.query<_Indicator>();
+        auto* const raw = control.get();
+        const auto letGo = [&] {
+            outer.reset();
+            control.reset();
+            EXPECT_FALSE(gone);
+        };
+        if (ticking) {
+            connection.emplace(raw, __uuidof(__Indicator), sink.get());
+            sink->doing = [&] {
+                sink->doing = nullptr;
+                connection.reset();
+                letGo();
+            };
+            raw->put_Interval(10);
+            raw->put_RaiseTicK(VARIANT_TRUE);
+            raw->StartNow();
+            EXPECT_TRUE(pumpUntil([&] { return gone; }));
+        } else {
+            DWORD cookie = 0;
+            ASSERT_EQ(point(IID_IPropertyNotifySink)
+                          ->Advise(static_cast<IPropertyNotifySink*>(container.get()), &cookie),
+                      S_OK);
+            container->doing["OnChanged 8"] = letGo;
+            EXPECT_EQ(raw->put_BorderStyle(1), S_OK);
+            EXPECT_TRUE(gone);
+        }
+    }
 }
 
 TEST_F(ControlEvents, StoppedInsideATick) {

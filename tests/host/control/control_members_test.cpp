@@ -61,6 +61,11 @@ TEST_F(ControlMembers, ThoseThatAreNoLongs) {
     EXPECT_FALSE(com::booleanOf(late.get(L"RaiseTicK")));
     late.put(L"DotColor", "255");
     EXPECT_EQ(com::longOf(late.get(L"DotColor")), 255);
+    VARIANT small{};
+    V_VT(&small) = VT_I2; // as a script has its small numbers
+    V_I2(&small) = -2;
+    late.put(L"DotColor", com::Variant(small));
+    EXPECT_EQ(com::longOf(late.get(L"DotColor")), -2);
     EXPECT_THROW(late.put(L"DotColor", "red"), base::RunTimeError);
     EXPECT_THROW(late.put(L"Interval", "soon"), base::RunTimeError);
 }
@@ -229,25 +234,9 @@ TEST_F(ControlMembers, ColoursAreOleAutomationsColours) {
 
 // Aggregates
 
-class Outer : public com::Object<IOleClientSite> {
-  public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
-        if (SUCCEEDED(com::Object<IOleClientSite>::QueryInterface(iid, result))) return S_OK;
-        return inner ? inner->QueryInterface(iid, result) : E_NOINTERFACE;
-    }
-    HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE ShowObject() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE OnShowWindow(WINBOOL) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
-
-    com::Ptr<IUnknown> inner;
-};
-
 TEST_F(ControlMembers, ItCanBePartOfAnother) {
     {
-        const auto outer = com::make<Outer>();
+        const auto outer = com::make<Aggregate>();
         outer->inner = makeControl(static_cast<IOleClientSite*>(outer.get()));
         const auto indicator = outer.query<_Indicator>();
         ASSERT_TRUE(indicator);
@@ -260,7 +249,7 @@ TEST_F(ControlMembers, ItCanBePartOfAnother) {
         LONG time = 0;
         EXPECT_TRUE(pumpUntil([&] { return indicator->get_RunTimeInterval(&time), time > 0; }));
     }
-    const auto outer = com::make<Outer>();
+    const auto outer = com::make<Aggregate>();
     void* result = nullptr;
     EXPECT_EQ(
         controlFactory()->CreateInstance(static_cast<IOleClientSite*>(outer.get()), IID_IDispatch, &result),

@@ -72,7 +72,7 @@ class ControlPersistence : public testing::Test {
 
 TEST_F(ControlPersistence, WritesNineKeysInTheirOrder) {
     EXPECT_EQ(save(FALSE, TRUE), S_OK);
-    EXPECT_EQ(keys(), written);
+    ASSERT_EQ(keys(), written);
     for (std::size_t i = 0; i < usual.size(); ++i) {
         EXPECT_EQ(bag->values[i].second.type(), VT_I4);
         EXPECT_EQ(com::longOf(bag->values[i].second), usual[i]);

@@ -4,6 +4,7 @@
 #include "com/object.h"
 
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace corvelle::host {
 
@@ -20,7 +21,8 @@ class Ole : public testing::Environment {
     void TearDown() override { OleUninitialize(); }
 };
 
-[[maybe_unused]] testing::Environment* const ole = testing::AddGlobalTestEnvironment(new Ole);
+[[maybe_unused]] testing::Environment* const ole =
+    testing::AddGlobalTestEnvironment(std::make_unique<Ole>().release());
 
 } // namespace
 

@@ -135,6 +135,30 @@ class TestContainer : public com::Object<IOleClientSite, IOleInPlaceSite, IOleIn
     std::function<void()> posted_;
 };
 
+/// An object that a control can be a part of.
+class Aggregate : public com::Object<IOleClientSite> {
+  public:
+    explicit Aggregate(bool* gone = nullptr) : gone_(gone) {}
+    ~Aggregate() override {
+        if (gone_ != nullptr) *gone_ = true;
+    }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
+        if (SUCCEEDED(com::Object<IOleClientSite>::QueryInterface(iid, result))) return S_OK;
+        return inner ? inner->QueryInterface(iid, result) : E_NOINTERFACE;
+    }
+    HRESULT STDMETHODCALLTYPE SaveObject() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetMoniker(DWORD, DWORD, IMoniker**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetContainer(IOleContainer**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE ShowObject() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE OnShowWindow(WINBOOL) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE RequestNewObjectLayout() override { return E_NOTIMPL; }
+
+    com::Ptr<IUnknown> inner; // the part's own unknown
+
+  private:
+    bool* gone_;
+};
+
 /// Counts the control's ticks and does what it is told to at each.
 class TickSink : public com::EventSink {
   public:
