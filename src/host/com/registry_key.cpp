@@ -14,7 +14,7 @@ void require(LONG result) {
 
 RegistryKey RegistryKey::make(HKEY root, const std::wstring& path) {
     HKEY key = nullptr;
-    require(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &key, nullptr));
+    require(RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &key, nullptr));
     return RegistryKey(key);
 }
 
@@ -28,6 +28,15 @@ void RegistryKey::set(const std::wstring& name, const std::wstring& value) const
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     require(RegSetValueExW(key_.get(), name.c_str(), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
                            size));
+}
+
+void RegistryKey::set(const std::wstring& name, DWORD value) const {
+    require(RegSetValueExW(key_.get(), name.c_str(), 0, REG_DWORD, reinterpret_cast<const BYTE*>(&value),
+                           sizeof value));
+}
+
+bool RegistryKey::has(const std::wstring& name) const {
+    return RegQueryValueExW(key_.get(), name.c_str(), nullptr, nullptr, nullptr, nullptr) == ERROR_SUCCESS;
 }
 
 std::optional<std::wstring> RegistryKey::text(HKEY root, const std::wstring& path, const std::wstring& name) {
@@ -59,6 +68,13 @@ void RegistryKey::remove(HKEY root, const std::wstring& path) {
         remove(key.get(), std::wstring(name, length));
     }
     const LONG result = RegDeleteKeyW(root, path.c_str());
+    if (result != ERROR_FILE_NOT_FOUND) require(result);
+}
+
+void RegistryKey::removeValue(HKEY root, const std::wstring& path, const std::wstring& name) {
+    const Handle key = open(root, path, KEY_SET_VALUE);
+    if (!key) return;
+    const LONG result = RegDeleteValueW(key.get(), name.c_str());
     if (result != ERROR_FILE_NOT_FOUND) require(result);
 }
 

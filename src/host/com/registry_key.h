@@ -16,12 +16,16 @@ class RegistryKey {
 
     /// Writes a text; an empty name is the key's default value.
     void set(const std::wstring& name, const std::wstring& value) const;
+    void set(const std::wstring& name, DWORD value) const;
+    bool has(const std::wstring& name) const;
 
     /// A text under a key; none if it cannot be read.
     static std::optional<std::wstring> text(HKEY root, const std::wstring& path,
                                             const std::wstring& name = {});
     /// Deletes a key with all that is below it; one that is not there is fine.
     static void remove(HKEY root, const std::wstring& path);
+    /// Deletes a value; one that is not there is fine.
+    static void removeValue(HKEY root, const std::wstring& path, const std::wstring& name);
     /// Deletes a key that has become empty.
     static void removeIfEmpty(HKEY root, const std::wstring& path);
 

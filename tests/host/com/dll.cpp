@@ -38,6 +38,10 @@ HRESULT Dll::call(const char* name) const {
     return exported<HRESULT WINAPI()>(module_, name)();
 }
 
+HRESULT Dll::install(bool in) const {
+    return exported<HRESULT WINAPI(BOOL, const wchar_t*)>(module_, "DllInstall")(in ? TRUE : FALSE, L"");
+}
+
 com::Ptr<IUnknown> Dll::make(REFCLSID id) const {
     com::Ptr<IClassFactory> factory;
     com::Ptr<IUnknown> object;

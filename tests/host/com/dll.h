@@ -26,6 +26,8 @@ class Dll {
     HRESULT canUnloadNow() const { return call("DllCanUnloadNow"); }
     HRESULT registerServer() const { return call("DllRegisterServer"); }
     HRESULT unregisterServer() const { return call("DllUnregisterServer"); }
+    /// What "regsvr32 /i" does beyond the registration, and takes back.
+    HRESULT install(bool in) const;
     /// A new object of one of its classes; none if that fails.
     com::Ptr<IUnknown> make(REFCLSID id) const;
 

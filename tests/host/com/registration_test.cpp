@@ -1,7 +1,6 @@
 #include "base/temporary_folder.h"
 #include "host/com/registered.h"
 
-#include <fstream>
 #include <gtest/gtest.h>
 
 namespace corvelle::host::test {

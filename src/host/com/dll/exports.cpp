@@ -1,6 +1,7 @@
 // What the DLL exports, and its entry point.
 
 #include "com/error.h"
+#include "host/com/add_in_list.h"
 #include "host/com/class_factory.h"
 #include "host/com/class_table.h"
 #include "host/com/module.h"
@@ -38,6 +39,17 @@ HRESULT WINAPI DllRegisterServer() {
     const HRESULT result = com::guarded([] { host::registerServer(); });
     if (FAILED(result)) com::guarded([] { host::unregisterServer(); }); // all or nothing
     return SUCCEEDED(result) ? S_OK : SELFREG_E_CLASS;
+}
+
+/// What "regsvr32 /i" does beyond the registration.
+HRESULT WINAPI DllInstall(BOOL install, const wchar_t*) {
+    return com::guarded([&] {
+        if (install) {
+            host::enterAddIns();
+        } else {
+            host::removeAddIns();
+        }
+    });
 }
 
 HRESULT WINAPI DllUnregisterServer() {
