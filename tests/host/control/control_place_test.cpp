@@ -275,6 +275,17 @@ INSTANTIATE_TEST_SUITE_P(Calls, ChangedMind,
                                          "GetWindowContext", "ShowObject", "OnUIActivate", "SetActiveObject",
                                          "OnFocus"));
 
+TEST_F(ControlPlace, ADestroyedWindowIsMissedByNobody) {
+    ASSERT_EQ(container->activate(), S_OK);
+    DestroyWindow(container->controlWindow());
+    pump(50);
+    ValidateRect(container->window(), nullptr);
+    container->control->put_BorderStyle(2);
+    EXPECT_FALSE(GetUpdateRect(container->window(), nullptr, FALSE)) << "nothing else is drawn anew";
+    EXPECT_EQ(container->activate(), S_OK);
+    EXPECT_TRUE(IsWindowVisible(container->controlWindow())) << "it gets another";
+}
+
 TEST_F(ControlPlace, LeftWithoutAWordItGoesWithItsWindow) {
     ASSERT_EQ(container->activate(), S_OK);
     const HWND window = container->controlWindow();

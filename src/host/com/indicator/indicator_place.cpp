@@ -10,6 +10,7 @@ namespace corvelle::host {
 // Coming
 
 HRESULT IndicatorControl::activate(bool ui) {
+    if (window_ && window_->handle() == nullptr) InPlaceDeactivate(); // the container has destroyed it
     if (!place_) {
         const HRESULT status = activateInPlace();
         if (FAILED(status)) return status;
@@ -79,7 +80,7 @@ HRESULT IndicatorControl::activateUI() {
     if (uiActive_ && frame) frame->SetActiveObject(this, nullptr);
     if (uiActive_ && frame) frame->SetBorderSpace(nullptr); // it brings no tool bars
     if (uiActive_ && document) document->SetActiveObject(this, nullptr);
-    if (uiActive_ && window_) SetFocus(window_->handle());
+    if (uiActive_ && window_ && window_->handle() != nullptr) SetFocus(window_->handle());
     return S_OK;
 }
 

@@ -50,6 +50,7 @@ void IndicatorWindow::hide() {
 }
 
 void IndicatorWindow::redraw() {
+    if (window_ == nullptr) return; // it would be every window of the screen
     InvalidateRect(window_, nullptr, FALSE);
     UpdateWindow(window_);
 }
