@@ -44,6 +44,7 @@ AddIn& AddIns::named(const std::string& progId) {
 }
 
 bool AddIns::load(AddIn& addIn, ConnectMode mode) {
+    if (ending_) return false; // behind a report of the one before
     try {
         addIn.load(mode);
         return true;

@@ -42,11 +42,13 @@ std::optional<std::filesystem::path> choose(HWND owner, bool save, const char* t
 
 } // namespace
 
-bool MainWindow::runCommand(int command) {
-    const auto toClient = [this](UINT message, WPARAM wParam = 0) {
-        SendMessageA(children_.client(), message, wParam, 0);
-        return true;
-    };
+// The commands that ask the user, or tell something. The window cannot be closed meanwhile.
+bool MainWindow::runDialog(int command) {
+    const struct Open {
+        int& count;
+        explicit Open(int& dialogs) : count(dialogs) { ++count; }
+        ~Open() { --count; }
+    } open(dialogs_);
     switch (command) {
     case IDM_OPEN:
         chooseProject();
@@ -54,6 +56,27 @@ bool MainWindow::runCommand(int command) {
     case IDM_SAVE:
         save();
         return true;
+    case IDM_ADD_INS:
+        if (commands.manageAddIns) commands.manageAddIns();
+        return true;
+    case IDM_ABOUT:
+        MessageBoxA(
+            window_,
+            "Corvelle Workbench 1.00.0007\n\nA small stand-in for the Visual Basic 6 IDE: it opens a project "
+            "and runs add-ins on it.",
+            "About Corvelle Workbench", MB_OK | MB_ICONINFORMATION);
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool MainWindow::runCommand(int command) {
+    const auto toClient = [this](UINT message, WPARAM wParam = 0) {
+        SendMessageA(children_.client(), message, wParam, 0);
+        return true;
+    };
+    switch (command) {
     case IDM_EXIT:
         PostMessageA(window_, WM_CLOSE, 0, 0);
         return true;
@@ -66,9 +89,6 @@ bool MainWindow::runCommand(int command) {
     case IDM_TREE:
         SetFocus(tree_.window());
         return true;
-    case IDM_ADD_INS:
-        if (commands.manageAddIns) commands.manageAddIns();
-        return true;
     case IDM_CASCADE:
         return toClient(WM_MDICASCADE);
     case IDM_TILE_HORIZONTALLY:
@@ -77,15 +97,8 @@ bool MainWindow::runCommand(int command) {
         return toClient(WM_MDITILE, MDITILE_VERTICAL);
     case IDM_ARRANGE:
         return toClient(WM_MDIICONARRANGE);
-    case IDM_ABOUT:
-        MessageBoxA(
-            window_,
-            "Corvelle Workbench 1.00.0007\n\nA small stand-in for the Visual Basic 6 IDE: it opens a project "
-            "and runs add-ins on it.",
-            "About Corvelle Workbench", MB_OK | MB_ICONINFORMATION);
-        return true;
     default:
-        return addInMenu_ && addInMenu_->run(command);
+        return (addInMenu_ && addInMenu_->run(command)) || runDialog(command);
     }
 }
 
@@ -160,10 +173,10 @@ void MainWindow::openSelectedAsIs() {
 }
 
 void MainWindow::close() {
-    if (asking_) return; // the question is on the screen already
-    asking_ = true;
+    if (dialogs_ > 0) return;
+    ++dialogs_;
     const bool leave = mayLeave();
-    asking_ = false;
+    --dialogs_;
     if (!leave) return;
     if (commands.leaving) commands.leaving();
     DestroyWindow(window_);

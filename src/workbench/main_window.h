@@ -58,6 +58,7 @@ class MainWindow : private workspace::WorkspaceObserver {
 
     // main_commands.cpp
     bool runCommand(int command);
+    bool runDialog(int command);
     void chooseProject();
     bool save();
     std::optional<std::filesystem::path> chooseFileOf(workspace::Component& component);
@@ -77,7 +78,7 @@ class MainWindow : private workspace::WorkspaceObserver {
     std::string title_;
     int treeWidth_ = 0;
     bool dragging_ = false;
-    bool asking_ = false;
+    int dialogs_ = 0; // of its own that are open
 };
 
 } // namespace corvelle::workbench

@@ -72,6 +72,17 @@ TEST_F(AddInManagerTest, ChangesNothingWhenCancelled) {
     EXPECT_FALSE(hasDll());
 }
 
+TEST_F(AddInManagerTest, KeepsTheProgramOpen) {
+    start();
+    const HWND manager = openManager();
+    PostMessageA(window(), WM_CLOSE, 0, 0);
+    toggle(manager, "Corvelle.CodeFormatter", IDC_LOADED);
+    accept(manager);
+    EXPECT_TRUE(lists("Corvelle.CodeFormatter\tLoaded"));
+    command(IDM_EXIT);
+    EXPECT_EQ(0U, waitForEnd());
+}
+
 TEST_F(AddInManagerTest, RemembersWhatIsLoadedAtTheStart) {
     start();
     const HWND manager = openManager();

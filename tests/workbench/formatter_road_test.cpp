@@ -32,7 +32,7 @@ struct FormatterRoad : WithAddIns {
     }
     void saveBackup(HWND dialog, const std::string& path) const {
         constexpr int nameField = 0x47C;
-        clickUntil(dialog, "&Select ...", "the save dialog", [this] { return user().seesBox("Save As"); });
+        clickUntil(dialog, "&Select ...", "the save dialog", [this] { return seesBox("Save As"); });
         const HWND save = user().box("Save As");
         User::waitUntil("the proposed name",
                         [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
@@ -66,6 +66,8 @@ struct FormatterRoad : WithAddIns {
         EXPECT_EQ("Trellis [Stockroom]", User::text(page));
         EXPECT_EQ(" " + component, User::text(User::controls(page, "Edit").at(0)));
         if (pictures) {
+            command(IDM_TILE_VERTICALLY);
+            SetWindowPos(page, nullptr, 325, 280, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
             Sleep(500);
             takePicture("page");
         }
@@ -115,7 +117,7 @@ TEST_F(FormatterRoad, FollowsTheActiveCodeWindow) {
     openDesigner("frmPart", "frmPart (Form)"); // no code window: the one before stays the active one
     clickUntil(page, "&Refresh", "a look", [&] { return name() == " modMain"; });
     ask(child("modMain (Code)"), WM_CLOSE);
-    clickUntil(page, "&Refresh", "the box", [this] { return user().seesBox("Corvelle"); });
+    clickUntil(page, "&Refresh", "the box", [this] { return seesBox("Corvelle"); });
     EXPECT_EQ("Activate a code module before activating this form.", user().answer("Corvelle", IDOK));
     EXPECT_FALSE(User::isEnabled(page, "&Next   >>"));
 }

@@ -17,13 +17,31 @@ struct Interruptions : WithAddIns {
     }
     HWND openWizard() const {
         clickUntil(openStartMenu(), "&Create a New Index", "the question",
-                   [this] { return user().seesBox("File not found.."); });
+                   [this] { return seesBox("File not found.."); });
         user().answer("File not found..", IDNO); // the list of what is not indexed
         return user().windowWith("&Analyse");
     }
     void endByMenu() const {
         command(IDM_EXIT);
         EXPECT_EQ(0U, waitForEnd());
+    }
+    /// The formatter's dialog over a large module, at the start of a pass: what is asked of it next, it is
+    /// asked while the pass runs.
+    HWND openDialogInAPass() {
+        folder.write("Large.bas", manyLines());
+        startBoth("Large.bas");
+        waitForTitle("Project1 - Corvelle Workbench");
+        command(IDM_CODE);
+        User::waitUntil("the code", [this] { return child("Large (Code)") != nullptr; });
+        chooseFromAddIns(formatter);
+        const HWND page = user().windowWith("&Next   >>");
+        clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
+        const HWND dialog = user().windowWith("&Format Code");
+        clickUntil(dialog, "&Format Code", "a whole pass",
+                   [dialog] { return User::isEnabled(dialog, "&Add to Module"); });
+        Sleep(300);
+        PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
+        return dialog;
     }
     static std::string manyLines() {
         constexpr int procedures = 8000;
@@ -59,25 +77,38 @@ TEST_F(Interruptions, EndsWithTheWizardOpen) {
 }
 
 TEST_F(Interruptions, EndsWhileAPassRuns) {
-    const std::string text = manyLines();
-    folder.write("Large.bas", text);
-    startBoth("Large.bas");
-    waitForTitle("Project1 - Corvelle Workbench");
-    command(IDM_CODE);
-    User::waitUntil("the code", [this] { return child("Large (Code)") != nullptr; });
-    chooseFromAddIns(formatter);
-    const HWND page = user().windowWith("&Next   >>");
-    clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
-    const HWND dialog = user().windowWith("&Format Code");
-    clickUntil(dialog, "&Format Code", "a pass", [dialog] {
-        for (const HWND label : User::controls(dialog, "Static")) {
-            const std::string shown = User::text(label);
-            if (shown.rfind(" LN: ", 0) == 0 || shown.rfind(" In Line: ", 0) == 0) return true;
-        }
-        return false;
-    });
+    openDialogInAPass();
     endByMenu();
-    EXPECT_EQ(text, folder.read("Large.bas"));
+    EXPECT_EQ(manyLines(), folder.read("Large.bas"));
+}
+
+TEST_F(Interruptions, UnloadsTheFormatterWhileAPassRuns) {
+    const HWND dialog = openDialogInAPass();
+    command(IDM_ADD_INS);
+    const HWND manager = user().box("Add-In Manager");
+    toggle(manager, "Corvelle.CodeFormatter", IDC_LOADED);
+    accept(manager);
+    User::waitUntil("the dialog to go", [dialog] { return !IsWindow(dialog); });
+    User::waitUntil("the program to take input", [this] { return IsWindowEnabled(window()); });
+    EXPECT_FALSE(user().sees("&Next   >>"));
+    EXPECT_EQ("Project1 - Corvelle Workbench", User::text(window())); // nothing was changed
+    endByMenu();
+}
+
+TEST_F(Interruptions, ClosesTheDialogWhileAPassRuns) {
+    const HWND dialog = openDialogInAPass();
+    User::close(dialog);
+    User::waitUntil("the dialog to go", [&] {
+        if (seesBox("Add code ..?")) { // the pass was over already: once more
+            user().answer("Add code ..?", IDNO);
+            PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
+            User::close(dialog);
+        }
+        return !IsWindow(dialog);
+    });
+    user().windowWith("&Next   >>");
+    EXPECT_EQ("Project1 - Corvelle Workbench", User::text(window()));
+    endByMenu();
 }
 
 TEST_F(Interruptions, UnloadsTheFormatterWithItsPageOpen) {

@@ -31,6 +31,21 @@ BOOL CALLBACK findOpenMenu(HWND window, LPARAM result) {
     return TRUE;
 }
 
+struct Titled {
+    std::string title;
+    bool found;
+};
+
+BOOL CALLBACK findTitled(HWND window, LPARAM wanted) {
+    char name[64] = {};
+    GetClassNameA(window, name, sizeof name);
+    char text[256] = {};
+    GetWindowTextA(window, text, sizeof text);
+    auto& titled = *reinterpret_cast<Titled*>(wanted);
+    if (std::string(name) == "#32770" && IsWindowVisible(window) && text == titled.title) titled.found = true;
+    return !titled.found;
+}
+
 std::string quoted(const std::string& argument) {
     return "\"" + argument + "\"";
 }
@@ -194,6 +209,12 @@ void WorkbenchTest::waitForTitle(const std::string& title) const {
     User::waitUntil("the title " + title, [&] { return User::text(window_) == title; });
 }
 
+bool WorkbenchTest::seesBox(const std::string& title) const {
+    Titled wanted{title, false};
+    EnumThreadWindows(process_.dwThreadId, findTitled, reinterpret_cast<LPARAM>(&wanted));
+    return wanted.found;
+}
+
 void WorkbenchTest::clickUntil(HWND form, const std::string& button, const std::string& what,
                                const std::function<bool()>& isSo) const {
     constexpr DWORD again = 1500;
@@ -260,7 +281,7 @@ HWND WithAddIns::openManager() const {
     constexpr DWORD again = 3000; // a change of windows under way may close the menu
     DWORD last = 0;
     User::waitUntil("the manager", [&] {
-        if (user().seesBox("Add-In Manager")) return true;
+        if (seesBox("Add-In Manager")) return true;
         if (last == 0 || GetTickCount() - last > again) {
             chooseFromAddIns(0);
             last = GetTickCount();

@@ -51,6 +51,8 @@ class WorkbenchTest : public testing::Test {
     HWND tree() const;
     void waitForTitle(const std::string& title) const;
 
+    /// Whether a box of that title is there. Nobody is asked, so that one that is opening is not disturbed.
+    bool seesBox(const std::string& title) const;
     /// Answers a question of the program itself.
     std::string answer(int button) const { return user().answer("Corvelle Workbench", button); }
     /// Presses a button until something is so: one that is pressed while a command runs does nothing.
