@@ -11,14 +11,11 @@
 #include <exception>
 #include <iostream>
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace corvelle::cli {
 
 namespace {
-
-constexpr unsigned mostJobs = 1024;
 
 // The parser takes an argument in brackets for a list and splits it. A byte that no argument can hold keeps
 // it whole until it has arrived.
@@ -208,7 +205,6 @@ int runCommandLine(int argc, const char* const* argv) {
     app.set_version_flag("--version", "corvelle " CORVELLE_VERSION);
     app.require_subcommand(0, 1);
     FormatSettings settings;
-    settings.jobs = std::clamp(std::thread::hardware_concurrency(), 1U, mostJobs);
     addFormat(app, settings);
     IndexSettings indexSettings;
     addIndex(app, indexSettings);

@@ -3,11 +3,15 @@
 #include "cli/exit_status.h"
 #include "formatter/engine.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace corvelle::cli {
+
+inline constexpr unsigned mostJobs = 1024;
 
 /// What `corvelle format` was asked to do.
 struct FormatSettings {
@@ -20,7 +24,8 @@ struct FormatSettings {
     bool quiet = false;                   ///< no lines but errors and results
     std::optional<std::string> backupDir; ///< where the code goes before a file is rewritten
     std::string stdinName;                ///< name of the module on standard input; empty: none given
-    unsigned jobs = 1;                    ///< modules formatted at once
+    /// Modules formatted at once: as many as the machine has processors.
+    unsigned jobs = std::clamp(std::thread::hardware_concurrency(), 1U, mostJobs);
 
     bool writesFiles() const { return !check && !diff && !toStandardOutput; }
     bool removesComments() const { return options.bNoCmntLn == 1 || options.bNoAllCmnt == 1; }

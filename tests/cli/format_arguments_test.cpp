@@ -1,6 +1,10 @@
 // What may stand on the command line, and what the program says of anything else.
 
 #include "cli/format_fixture.h"
+#include "cli/format_settings.h"
+
+#include <algorithm>
+#include <thread>
 
 namespace corvelle::test {
 namespace {
@@ -40,7 +44,8 @@ TEST(Program, PrintsItsVersion) {
 TEST(Program, ListsItsCommandsInItsHelp) {
     const Outcome outcome = runCorvelle({"--help"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.out, AllOf(HasSubstr("Usage: corvelle"), HasSubstr("format")));
+    EXPECT_THAT(outcome.out, AllOf(HasSubstr("Usage: corvelle"), HasSubstr("\n  format  "),
+                                   HasSubstr("\n  index  "), HasSubstr("\n  text  ")));
     EXPECT_EQ(outcome.err, "");
 }
 
@@ -123,6 +128,10 @@ TEST_F(Arguments, TakeOneJobOrMore) {
     expectWrong({"--jobs", "0", "a.bas"}, "--jobs: 0 is not a whole number from 1 to ");
     expectWrong({"--jobs", "4294967297", "a.bas"}, "--jobs: 4294967297 is not");
     expectWrong({"--jobs", "two", "a.bas"}, "--jobs: two is not");
+}
+
+TEST_F(Arguments, TakeAsManyJobsAsThereAreProcessors) {
+    EXPECT_EQ(cli::FormatSettings().jobs, std::max(1U, std::thread::hardware_concurrency()));
 }
 
 TEST_F(Arguments, DoNotMixTheFormattedFileWithOtherResults) {

@@ -104,10 +104,26 @@ TEST_F(Backups, AreMadeOfRewrittenFilesOnly) {
     folder.write("tidy.bas", tidy);
     folder.write("broken.bas", "End Sub\r\n  a\r\n");
     folder.write("empty.bas", "");
-    for (const char* mode : {"--quiet", "--check", "--diff"}) formatWithBackups({mode, "."});
+    EXPECT_EQ(formatWithBackups({"."}).status, 1);
+    folder.write("untidy.bas", untidy);
+    for (const char* mode : {"--check", "--diff"}) formatWithBackups({mode, "--force", "."});
+    EXPECT_EQ(formatWithBackups({"--stdout", "untidy.bas"}).out, tidy);
     EXPECT_FALSE(fs::exists(folder.path() / "bak"));
     formatWithBackups({"--force", "broken.bas"});
     EXPECT_THAT(backups(), ElementsAre("broken_bak.bas"));
+}
+
+TEST_F(Backups, UseUpNoNameForAModuleThatFails) {
+    std::string tooDeep; // for the 16 bits of its spaces
+    for (int i = 0; i < 3300; ++i) tooDeep += "Do\r\n";
+    folder.write("1/m.bas", tooDeep);
+    folder.write("2/m.bas", untidy);
+    const Outcome outcome = formatWithBackups({"--tab-width", "10", "1", "2"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "1/m.bas:3278: Overflow\n");
+    EXPECT_THAT(backups(), ElementsAre("m_bak.bas"));
+    EXPECT_EQ(folder.read("bak/m_bak.bas"), untidy);
+    EXPECT_EQ(folder.read("1/m.bas"), tooDeep);
 }
 
 TEST_F(Backups, ReplaceThoseOfAnEarlierRun) {

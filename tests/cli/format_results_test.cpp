@@ -1,9 +1,6 @@
 // What is printed where, which files are left alone, and the exit status.
-#ifndef _WIN32
-
+#include "base/file_descriptor.h"
 #include "cli/format_fixture.h"
-
-#include <sys/stat.h>
 
 namespace corvelle::test {
 namespace {
@@ -15,22 +12,15 @@ constexpr std::string_view broken = "a\r\nEnd Sub\r\n";
 
 class Results : public FormatTest {
   protected:
-    struct stat statusOf(const char* name) const {
-        struct stat status {};
-        EXPECT_EQ(stat((folder.path() / name).c_str(), &status), 0);
-        return status;
-    }
-
     // Whether the run leaves the file as it is: the same bytes, in the same place, written at the same time.
     void expectUntouched(const std::vector<std::string>& arguments) {
         const std::string before = folder.read("a.bas");
-        const struct stat was = statusOf("a.bas");
+        base::FileStamp was, is;
+        EXPECT_TRUE(base::stampOf(folder.path() / "a.bas", was));
         format(arguments);
-        const struct stat is = statusOf("a.bas");
+        EXPECT_TRUE(base::stampOf(folder.path() / "a.bas", is));
         EXPECT_EQ(folder.read("a.bas"), before);
-        EXPECT_EQ(is.st_ino, was.st_ino);
-        EXPECT_EQ(is.st_mtim.tv_sec, was.st_mtim.tv_sec);
-        EXPECT_EQ(is.st_mtim.tv_nsec, was.st_mtim.tv_nsec);
+        EXPECT_EQ(is, was);
         EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
     }
 };
@@ -202,21 +192,6 @@ TEST_F(Results, TellOfALevelThatIsLeftOpen) {
     EXPECT_EQ(outcome.err, "a.bas: the level ends at 2\n" + summary("a.bas", 2, 2));
 }
 
-TEST_F(Results, ThatCannotBePrintedAreStatusTwo) {
-    folder.write("a.bas", untidy);
-    folder.write("b.bas", untidy);
-    Surroundings full;
-    full.outputTo = "/dev/full";
-    for (const char* mode : {"--check", "--diff"}) {
-        const Outcome outcome = format({mode, "--quiet", "a.bas", "b.bas"}, full);
-        EXPECT_EQ(outcome.status, 2);
-        EXPECT_EQ(outcome.err, "standard output: Disk full\n");
-    }
-    EXPECT_EQ(format({"--stdout", "a.bas"}, full).status, 2);
-    EXPECT_EQ(format({"a.bas", "b.bas"}, full).status, 0); // nothing was to be printed
-    EXPECT_EQ(folder.read("b.bas"), tidy);
-}
-
 TEST_F(Results, GoOnWhenNobodyReadsTheMessages) {
     folder.write("a.bas", untidy);
     folder.write("b.bas", untidy);
@@ -237,6 +212,35 @@ TEST_F(Results, OfStandardInputGoNowhereWhenTheirReaderIsGone) {
     EXPECT_EQ(folder.read("a.bas"), tidy);
 }
 
+#ifndef _WIN32
+
+TEST_F(Results, AreForeseenByALineOnATerminal) {
+    for (const char* name : {"a.bas", "b.bas", "c.bas"}) folder.write(name, tidy);
+    Surroundings terminal;
+    terminal.errorsAreTerminal = true;
+    const std::string gone = "\r\x1b[K";
+    EXPECT_EQ(format({"a.bas", "b.bas", "c.bas"}, terminal).err,
+              summary("a.bas", 5, 5) + "[1/3]" + gone + summary("b.bas", 5, 5) + "[2/3]" + gone +
+                  summary("c.bas", 5, 5) + "0 rewritten, 3 left unchanged, 0 refused\n");
+    EXPECT_EQ(format({"a.bas"}, terminal).err, summary("a.bas", 5, 5));
+    EXPECT_EQ(format({"--quiet", "a.bas", "b.bas", "c.bas"}, terminal).err, "");
+}
+
+TEST_F(Results, ThatCannotBePrintedAreStatusTwo) {
+    folder.write("a.bas", untidy);
+    folder.write("b.bas", untidy);
+    Surroundings full;
+    full.outputTo = "/dev/full";
+    for (const char* mode : {"--check", "--diff"}) {
+        const Outcome outcome = format({mode, "--quiet", "a.bas", "b.bas"}, full);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.err, "standard output: Disk full\n");
+    }
+    EXPECT_EQ(format({"--stdout", "a.bas"}, full).status, 2);
+    EXPECT_EQ(format({"a.bas", "b.bas"}, full).status, 0); // nothing was to be printed
+    EXPECT_EQ(folder.read("b.bas"), tidy);
+}
+
 TEST_F(Results, NeverGoIntoAModuleInPlaceOfAStandardStream) {
     // A file that is opened takes the number of the stream that is missing.
     std::vector<std::string> names(40);
@@ -255,7 +259,7 @@ TEST_F(Results, ThatHaveNoStreamAreStatusTwo) {
     EXPECT_EQ(format({"--check", "a.bas"}, closed).status, 2);
 }
 
+#endif
+
 } // namespace
 } // namespace corvelle::test
-
-#endif

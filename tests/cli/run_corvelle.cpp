@@ -6,11 +6,15 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <fcntl.h>
+#include <grp.h>
 #include <memory>
+#include <optional>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <system_error>
+#include <termios.h>
 #include <unistd.h>
 
 namespace corvelle::test {
@@ -42,6 +46,44 @@ class Stream {
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> file_;
 };
 
+// A terminal that passes everything on as it is.
+class Terminal {
+  public:
+    Terminal() : shown_(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC)) {
+        if (shown_ < 0 || grantpt(shown_) != 0 || unlockpt(shown_) != 0) fail();
+        written_ = open(ptsname(shown_), O_RDWR | O_NOCTTY | O_CLOEXEC);
+        termios mode{};
+        if (written_ < 0 || tcgetattr(written_, &mode) != 0) fail();
+        cfmakeraw(&mode);
+        if (tcsetattr(written_, TCSANOW, &mode) != 0) fail();
+    }
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal() {
+        close(shown_);
+        if (written_ >= 0) close(written_);
+    }
+
+    int number() const { return written_; }
+
+    // Once nobody writes any more.
+    std::string content() {
+        close(written_);
+        written_ = -1;
+        std::string result;
+        char part[4096];
+        for (ssize_t size = 0; (size = read(shown_, part, sizeof part)) > 0;) {
+            result.append(part, static_cast<std::size_t>(size));
+        }
+        return result;
+    }
+
+  private:
+    [[noreturn]] static void fail() { throw std::system_error(errno, std::generic_category(), "terminal"); }
+
+    int shown_, written_ = -1;
+};
+
 [[noreturn]] void giveUp(const char* what) {
     std::perror(what);
     _exit(127);
@@ -59,7 +101,7 @@ int pipeWithoutReader() {
 }
 
 // In the child, between fork and exec.
-void enter(const Surroundings& surroundings, const Stream& in, const Stream& out, const Stream& err) {
+void enter(const Surroundings& surroundings, const Stream& in, const Stream& out, int err) {
     if (chdir(surroundings.folder.c_str()) != 0) giveUp("folder");
     const auto& from = surroundings.inputFrom;
     put(from.empty() ? in.number() : open(from.c_str(), O_RDONLY), 0);
@@ -68,7 +110,7 @@ void enter(const Surroundings& surroundings, const Stream& in, const Stream& out
         : to.empty()                  ? out.number()
                                       : open(to.c_str(), O_WRONLY),
         1);
-    put(surroundings.errorsHaveReader ? err.number() : pipeWithoutReader(), 2);
+    put(surroundings.errorsHaveReader ? err : pipeWithoutReader(), 2);
     for (const int stream : surroundings.closed) close(stream);
     std::signal(SIGPIPE, SIG_DFL);
     if (surroundings.largestFile) {
@@ -77,11 +119,22 @@ void enter(const Surroundings& surroundings, const Stream& in, const Stream& out
     }
 }
 
+// The program may stand in a folder that is root's alone: it is opened before.
+[[noreturn]] void executeAsNobody(char* const* argv) {
+    constexpr uid_t nobody = 65534;
+    const int program = open(argv[0], O_PATH | O_CLOEXEC);
+    if (geteuid() == 0 && (setgroups(0, nullptr) != 0 || setuid(nobody) != 0)) giveUp("user");
+    fexecve(program, argv, environ);
+    giveUp(argv[0]);
+}
+
 } // namespace
 
 Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Surroundings& surroundings) {
     const Stream in(surroundings.input), out, err;
+    std::optional<Terminal> terminal;
+    if (surroundings.errorsAreTerminal) terminal.emplace();
     std::vector<std::string> words{program};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -92,7 +145,8 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
     const pid_t child = fork();
     if (child < 0) throw std::system_error(errno, std::generic_category(), "fork");
     if (child == 0) {
-        enter(surroundings, in, out, err);
+        enter(surroundings, in, out, terminal ? terminal->number() : err.number());
+        if (surroundings.asNobody) executeAsNobody(argv.data());
         execvp(argv[0], argv.data());
         giveUp(argv[0]);
     }
@@ -100,7 +154,8 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
     while (waitpid(child, &status, 0) < 0) {
         if (errno != EINTR) throw std::system_error(errno, std::generic_category(), "waitpid");
     }
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.content(), err.content()};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status), out.content(),
+            terminal ? terminal->content() : err.content()};
 }
 
 Outcome runCorvelle(const std::vector<std::string>& arguments, const Surroundings& surroundings) {

@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-// The program as its users start it: a process of its own. On Windows its streams cannot be closed, nor disks
-// full.
+// The program as its users start it: a process of its own. On Windows its streams cannot be closed or be a
+// terminal, nor disks full, nor is there another user.
 namespace corvelle::test {
 
 /// How the program is started, where that is not the plain way.
@@ -19,6 +19,8 @@ struct Surroundings {
     std::filesystem::path outputTo;           ///< opened as standard output in place of a file of ours
     bool outputHasReader = true;              ///< false: a pipe whose reader is gone
     bool errorsHaveReader = true;             ///< the same for standard error
+    bool errorsAreTerminal = false;           ///< standard error is a terminal, which shows little text
+    bool asNobody = false;                    ///< root starts it as a user without rights
     std::vector<int> closed;                  ///< standard streams that are not open at all
     std::optional<std::uint64_t> largestFile; ///< bytes that it may write into a file, as on a full disk
 };

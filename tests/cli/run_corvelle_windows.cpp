@@ -86,7 +86,8 @@ std::string quoted(const std::string& word) {
 
 Outcome runProgram(const std::string& program, const std::vector<std::string>& arguments,
                    const Surroundings& surroundings) {
-    if (!surroundings.closed.empty() || surroundings.largestFile)
+    if (!surroundings.closed.empty() || surroundings.largestFile || surroundings.errorsAreTerminal ||
+        surroundings.asNobody)
         throw std::invalid_argument("surroundings that Windows does not have");
     std::vector<std::string> words{quoted(program)};
     for (const std::string& argument : arguments) words.push_back(quoted(argument));
