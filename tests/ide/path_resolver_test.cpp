@@ -38,6 +38,15 @@ TEST(PathResolver, TakesTheExactNameFirst) {
     EXPECT_EQ(resolver.resolve(folder.path(), "MODULE1.BAS"), folder.path() / "MODULE1.BAS");
 }
 
+TEST(PathResolver, TakesTheExactFolderEvenWhereAnotherHoldsTheFile) {
+    const TemporaryFolder folder;
+    folder.write("Code/a.bas", "");
+    folder.write("code/b.bas", "");
+    PathResolver resolver;
+    EXPECT_EQ(resolver.resolve(folder.path(), "Code\\a.bas"), folder.path() / "Code/a.bas");
+    EXPECT_EQ(resolver.resolve(folder.path(), "Code\\b.bas"), std::nullopt);
+}
+
 TEST(PathResolver, ElseTheOnlyNameInAnotherCase) {
     const TemporaryFolder folder;
     folder.write("Forms/FrmMain.Frm", "");
