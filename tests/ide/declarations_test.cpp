@@ -82,11 +82,11 @@ TEST(Declarations, AreNotFoundInsideOtherBlocks) {
     EXPECT_THAT(read({"Sub A()", "Dim B", "Static C", "Const D = 1", "End Sub", "Dim E"}).endsOf("B"),
                 IsEmpty());
     const auto module =
-        read({"Type T", "Private As Long", "Sub As Long", "End Type", "Enum E", "F", "End Enum", "Sub A()",
-              "Dim B: Static C", "Const D = 1", "End", "End If", "Dim G", "End Sub", "Dim H"});
-    for (const char* name : {"As", "Long", "F", "B", "C", "D", "G"})
+        read({"Type T", "Private As Long", "Sub As Long", "End Type", "Enum E", "F", "Private I", "End Enum",
+              "Sub A()", "Dim B: Static C", "Const D = 1", "End", "End If", "Dim G", "End Sub", "Dim H"});
+    for (const char* name : {"As", "Long", "F", "I", "B", "C", "D", "G"})
         EXPECT_THAT(module.endsOf(name), IsEmpty()) << name;
-    EXPECT_THAT(module.endsOf("H"), ElementsAre(14));
+    EXPECT_THAT(module.endsOf("H"), ElementsAre(15));
 }
 
 TEST(Declarations, FindEveryAccessorOfAProperty) {

@@ -19,10 +19,12 @@ class Observer : public IndexerObserver {
     bool isStopped() override { return yields >= stopAtYield; }
     void captionsChanged(const AnalysisCaptions& captions) override {
         if (forms.empty() || forms.back() != captions.LblForms) forms.push_back(captions.LblForms);
+        shown = captions;
     }
 
     int yields = 0, stopAtYield = 1000000;
     std::vector<std::string> forms; // what LblForms showed, one after the other
+    AnalysisCaptions shown;
 };
 
 class AnalysisTest : public testing::Test {
@@ -132,6 +134,22 @@ TEST_F(AnalysisTest, TellsAProjectThatIsNotSaved) {
     ide->project->dirty = true;
     analyse();
     EXPECT_EQ(analysis.captions().lblPrjStat, "Project has been saved: False");
+}
+
+TEST_F(AnalysisTest, ShowsTheCountsBeforeItCountsControlsAndTheRestAtTheEnd) {
+    add("frm", ComponentType::VBForm, 2);
+    int opened = 0;
+    ide->calls->onCall = [&](const std::string& member) {
+        if (member != "VBComponent.DesignerWindow") return;
+        ++opened;
+        EXPECT_EQ(observer.shown.LblForms, "VB Forms: 1");
+        EXPECT_EQ(observer.shown.lblMDI, "MDI form: 0");
+        EXPECT_EQ(observer.shown.lblControls, "");
+    };
+    analyse();
+    EXPECT_GT(opened, 0);
+    EXPECT_EQ(observer.shown.lblControls, "Total Controls: 2");
+    EXPECT_EQ(observer.shown.lblPrjStat, analysis.captions().lblPrjStat);
 }
 
 TEST_F(AnalysisTest, OpensEachDesignerAndClosesIt) {

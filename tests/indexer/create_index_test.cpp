@@ -85,6 +85,14 @@ const std::string exampleHeader =
 const std::string exampleConfiguration = "<P>frmMain</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n"
                                          "<C>txtName TextBox IDH_AAAC</C>\r\n";
 
+TEST_F(CreateIndex, ClosesEachDesignerItHasActivated) {
+    addExample();
+    addDesigner("frmOther", {});
+    create();
+    EXPECT_EQ(ide->calls->count("VBComponent.Activate"), 2);
+    EXPECT_EQ(ide->calls->count("Window.Close"), 2);
+}
+
 TEST_F(CreateIndex, WritesTheHeaderAndTheConfiguration) {
     addExample();
     EXPECT_EQ(create(), IndexOutcome::Created);

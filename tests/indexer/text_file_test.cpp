@@ -91,6 +91,9 @@ TEST(LoadTextEntries, GivesANameToItsFirstEntry) {
     EXPECT_EQ(index.entries[2].HelpText, "old");
     EXPECT_EQ(index.entries[3].HelpText, "old");
     EXPECT_EQ(index.entries[4].HelpText, "old");
+    readTextEntries(".topic  IDH_X\r\nx\r\n.topic  IDH_X\r\nz\r\n", index);
+    EXPECT_EQ(index.entries[1].HelpText, " z");
+    EXPECT_EQ(index.entries[2].HelpText, "old");
 }
 
 TEST(LoadTextEntries, FindsTopicsInAnyOrder) {
