@@ -16,8 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     indexer::ExcludeList list;
     const auto bound = indexer::readExcludeList(bytes, list);
     if (bytes.empty()) return list.empty() && bound == 0 ? 0 : (std::abort(), 0);
-    std::string line = bytes.substr(0, bytes.find('\n'));
-    if (line.size() < bytes.size() && !line.empty() && line.back() == '\r') line.pop_back();
+    const std::string line = bytes.substr(0, bytes.find_first_of("\r\n"));
     std::string joined;
     for (const auto& name : list) joined += " " + name;
     const auto wanted = indexer::withSpacePairsJoined(" " + std::string(base::trimSpaces(line)));

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "indexer/index_files.h"
+#include "line_feeds.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -39,8 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(data, data + size);
     const auto read = indexer::readMappings(bytes);
     std::size_t designers = 0, entries = 0, rows = 0;
-    for (auto line : split(bytes, '\n')) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
+    for (const auto& line : split(withLineFeeds(bytes), '\n')) {
         const std::string trimmed(base::trimSpaces(line));
         const auto upper = base::upper(trimmed);
         if (upper.substr(0, 3) == "<P>") {

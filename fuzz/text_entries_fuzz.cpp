@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "indexer/text_file.h"
+#include "line_feeds.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -40,7 +41,6 @@ void readPlainly(const std::string& bytes, indexer::HelpIndex& index) {
         auto end = bytes.find('\n', begin);
         if (end == std::string::npos) end = bytes.size();
         std::string line = bytes.substr(begin, end - begin);
-        if (end < bytes.size() && !line.empty() && line.back() == '\r') line.pop_back();
         begin = end + 1;
         line = base::trimSpaces(line);
         if (base::upper(line.substr(0, 6)) != ".TOPIC") {
@@ -66,7 +66,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string bytes(data + 1, data + size);
     auto read = indexOf(data[0] * 5U), wanted = read;
     indexer::readTextEntries(bytes, read);
-    readPlainly(bytes, wanted);
+    readPlainly(withLineFeeds(bytes), wanted);
     for (std::size_t i = 0; i < read.entries.size(); ++i) {
         if (read.entries[i].HelpText == wanted.entries[i].HelpText) continue;
         std::fprintf(stderr, "entry %zu: \"%s\", not \"%s\"\n", i, read.entries[i].HelpText.c_str(),
