@@ -44,6 +44,8 @@ TEST(Declarations, FindsWhatElseAModuleDeclares) {
     EXPECT_TRUE(declares("Dim A As New Collection", "A"));
     EXPECT_TRUE(declares("Private WithEvents A As B", "A"));
     EXPECT_TRUE(declares("Dim\tA%", "A"));
+    EXPECT_FALSE(declares("Option Explicit", "Option"));
+    EXPECT_FALSE(declares("DefInt A", "DefInt"));
 }
 
 TEST(Declarations, FindsEveryNameOfAList) {

@@ -213,7 +213,13 @@ TEST_F(FrmAbt, TheTitlesAreInAFixedPitchAndOneIsTheOthersShadow) {
     const auto box = frmAbt::defaultInstance(desktop);
     EXPECT_EQ(box->Label1[0].font().name, "Courier New");
     EXPECT_EQ(box->Label1[0].font(), box->Label1[1].font());
-    EXPECT_NE(box->Label1[0].bounds(), box->Label1[1].bounds());
+    const auto shadow = box->Label1[0].bounds(), title = box->Label1[1].bounds();
+    EXPECT_GT(title.left, shadow.left);
+    EXPECT_LT(title.left, shadow.left + 60);
+    EXPECT_GT(title.top, shadow.top);
+    EXPECT_LT(title.top, shadow.top + 60);
+    EXPECT_EQ(title.width, shadow.width);
+    EXPECT_EQ(title.height, shadow.height);
     EXPECT_NE(box->Label1[0].foreColor(), box->Label1[1].foreColor());
     EXPECT_TRUE(box->Label1[0].transparent());
 }
