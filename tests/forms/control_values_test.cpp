@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace corvelle::forms {
 namespace {
@@ -273,6 +274,13 @@ TEST_F(ControlValues, RunningOutOfMemoryIsAnErrorToo) {
     desktop.answerNextBox(answer::ok);
     desktop.click(form->button);
     EXPECT_EQ(desktop.boxes().back().text, "Out of memory");
+}
+
+TEST_F(ControlValues, AnErrorOfTheLibrariesGetsNoFurtherEither) {
+    form->button.onClick = [] { throw std::length_error("too long"); };
+    desktop.answerNextBox(answer::ok);
+    EXPECT_NO_THROW(desktop.click(form->button));
+    EXPECT_EQ(desktop.boxes().back().text, "too long");
 }
 
 TEST_F(ControlValues, AnErrorWithItsRaisersWordsIsShownInThem) {
