@@ -5,8 +5,6 @@ Unicode true
 !include LogicLib.nsh
 
 !define SETTINGS "Software\VB and VBA Program Settings"
-!define ADDINS "Software\Microsoft\Visual Basic\6.0\Addins"
-!define ADDIN_LIST "$WINDIR\vbaddin.ini"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Corvelle"
 
 Name "Corvelle ${VERSION}"
@@ -116,42 +114,12 @@ Function un.onInit
   Call un.AskToCloseTheIde
 FunctionEnd
 
-; Enters a class in the IDE's two lists of add-ins. Whether it is loaded is the user's own choice, if there is one.
-!macro ENTER_ADDIN progid name
-  WriteRegStr HKCU "${ADDINS}\${progid}" "FriendlyName" "${name}"
-  WriteRegStr HKCU "${ADDINS}\${progid}" "Description" "${name}"
-  WriteRegDWORD HKCU "${ADDINS}\${progid}" "CommandLineSafe" 0
-  ClearErrors
-  ReadRegDWORD $0 HKCU "${ADDINS}\${progid}" "LoadBehavior"
-  ${If} ${Errors}
-    WriteRegDWORD HKCU "${ADDINS}\${progid}" "LoadBehavior" 0
-  ${EndIf}
-  ReadINIStr $0 "${ADDIN_LIST}" "Add-Ins32" "${progid}"
-  ${If} $0 == ""
-    WriteINIStr "${ADDIN_LIST}" "Add-Ins32" "${progid}" "0"
-  ${EndIf}
-!macroend
-
-!macro REMOVE_ADDIN progid
-  DeleteRegKey HKCU "${ADDINS}\${progid}"
-  DeleteINIStr "${ADDIN_LIST}" "Add-Ins32" "${progid}"
-!macroend
-
-; A setting gets the path of one of our files, unless the user has chosen another one.
-!macro ENTER_SETTING section key file
+; A setting that names a file of the older version is none of the user's own.
+!macro FORGET_SETTING section key file
   ReadRegStr $0 HKCU "${SETTINGS}\Trellis\${section}" "${key}"
-  ${If} $0 == ""
-  ${OrIf} $0 == "$older\${file}"
-    WriteRegStr HKCU "${SETTINGS}\Trellis\${section}" "${key}" "$INSTDIR\${file}"
-  ${EndIf}
-!macroend
-
-!macro REMOVE_SETTING section key file
-  ReadRegStr $0 HKCU "${SETTINGS}\Trellis\${section}" "${key}"
-  ${If} $0 == "$INSTDIR\${file}"
+  ${If} $0 == "$older\${file}"
     DeleteRegValue HKCU "${SETTINGS}\Trellis\${section}" "${key}"
   ${EndIf}
-  !insertmacro REMOVE_EMPTY_KEY "${SETTINGS}\Trellis\${section}"
 !macroend
 
 !macro REMOVE_EMPTY_KEY key
@@ -166,6 +134,8 @@ Section "Corvelle"
     StrCpy $R0 $older
     Call RequireUnused
     UnRegDLL "$older\Corvelle.dll"
+    !insertmacro FORGET_SETTING "Configurations" "Help File" "FormatterHelp.chm"
+    !insertmacro FORGET_SETTING "Indexer" "ExcludeList_Path" "exclude.lst"
     Call RemoveFiles
     Delete "$older\uninstall.exe"
     RMDir $older
@@ -184,18 +154,12 @@ Section "Corvelle"
   WriteRegDWORD HKLM "${UNINSTALL}" "NoModify" 1
   WriteRegDWORD HKLM "${UNINSTALL}" "NoRepair" 1
 
-  ClearErrors
-  RegDLL "$INSTDIR\Corvelle.dll"
-  ${If} ${Errors}
+  ; The DLL also enters itself in the IDE's lists, and the settings, where the user has no values of his own.
+  ExecWait '"$SYSDIR\regsvr32.exe" /s /i "$INSTDIR\Corvelle.dll"' $0
+  ${If} $0 <> 0
     MessageBox MB_OK|MB_ICONSTOP "Corvelle.dll could not be registered. Start the set-up as an administrator." /SD IDOK
     Abort "Corvelle.dll could not be registered."
   ${EndIf}
-
-  !insertmacro ENTER_ADDIN "Corvelle.CodeFormatter" "Trellis"
-  !insertmacro ENTER_ADDIN "Corvelle.ContextHelpIndexer" "VB6 Help Context ID Indexer"
-  FlushINI "${ADDIN_LIST}"
-  !insertmacro ENTER_SETTING "Configurations" "Help File" "FormatterHelp.chm"
-  !insertmacro ENTER_SETTING "Indexer" "ExcludeList_Path" "exclude.lst"
 
   CreateDirectory "$SMPROGRAMS\Corvelle"
   CreateShortcut "$SMPROGRAMS\Corvelle\Corvelle manual.lnk" "$INSTDIR\FormatterHelp.chm"
@@ -205,45 +169,10 @@ Section "Corvelle"
   CreateShortcut "$SMPROGRAMS\Corvelle\Remove Corvelle.lnk" "$INSTDIR\uninstall.exe"
 SectionEnd
 
-; Takes the list of add-ins away if no line of it is more than the section's name.
-Function un.RemoveEmptyList
-  FlushINI "${ADDIN_LIST}"
-  ClearErrors
-  FileOpen $R1 "${ADDIN_LIST}" r
-  ${If} ${Errors}
-    Return
-  ${EndIf}
-  ${Do}
-    FileRead $R1 $R2
-    ${If} ${Errors}
-      ${ExitDo}
-    ${EndIf}
-    ${If} $R2 != "[Add-Ins32]$\r$\n"
-    ${AndIf} $R2 != "[Add-Ins32]"
-    ${AndIf} $R2 != "$\r$\n"
-      FileClose $R1
-      Return
-    ${EndIf}
-  ${Loop}
-  FileClose $R1
-  Delete "${ADDIN_LIST}"
-FunctionEnd
-
 Section "Uninstall"
   StrCpy $R0 $INSTDIR
   Call un.RequireUnused
-  UnRegDLL "$INSTDIR\Corvelle.dll"
-
-  !insertmacro REMOVE_ADDIN "Corvelle.CodeFormatter"
-  !insertmacro REMOVE_ADDIN "Corvelle.ContextHelpIndexer"
-  Call un.RemoveEmptyList
-  !insertmacro REMOVE_EMPTY_KEY "${ADDINS}"
-  !insertmacro REMOVE_EMPTY_KEY "Software\Microsoft\Visual Basic\6.0"
-  !insertmacro REMOVE_EMPTY_KEY "Software\Microsoft\Visual Basic"
-
-  !insertmacro REMOVE_SETTING "Configurations" "Help File" "FormatterHelp.chm"
-  !insertmacro REMOVE_SETTING "Indexer" "ExcludeList_Path" "exclude.lst"
-  !insertmacro REMOVE_EMPTY_KEY "${SETTINGS}\Trellis"
+  ExecWait '"$SYSDIR\regsvr32.exe" /s /u /i "$INSTDIR\Corvelle.dll"' $0
   DeleteRegValue HKCU "${SETTINGS}\Corvelle\Settings" "AutoShow" ; the add-ins' own mark
   !insertmacro REMOVE_EMPTY_KEY "${SETTINGS}\Corvelle\Settings"
   !insertmacro REMOVE_EMPTY_KEY "${SETTINGS}\Corvelle"
