@@ -106,6 +106,7 @@ std::string FrmIndexer::locateExcludeList() {
 void FrmIndexer::Form_Unload(bool& /*cancel*/) {
     session_ = std::make_shared<Session>();
     VBInstance_ = nullptr;
+    if (const auto manager = ThisMgr.lock()) manager->Hide(); // however it was closed
 }
 
 // The stages

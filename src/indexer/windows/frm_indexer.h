@@ -48,7 +48,7 @@ class FrmIndexer : public forms::Form {
   public:
     explicit FrmIndexer(forms::Desktop& desktop);
 
-    /// The connect object.
+    /// The connect object, which is told of every close.
     std::weak_ptr<AddInManager> ThisMgr;
 
     // Controls, in tab order.

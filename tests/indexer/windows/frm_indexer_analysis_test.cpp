@@ -160,8 +160,10 @@ TEST_F(IndexerAnalysis, EndsWithItsWindow) {
 TEST_F(IndexerAnalysis, GoesOnInAWindowThatIsShownAgainAtOnce) {
     addExample();
     FrmIndexer& form = show();
+    const auto alive = manager->wizard;
     desktop.atYield([&] {
         desktop.close(form);
+        manager->wizard = alive;
         form.ShowIndexer(ide);
     });
     click(form.CmdProc);

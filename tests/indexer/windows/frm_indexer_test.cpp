@@ -285,6 +285,21 @@ TEST_F(Indexer, ClosesInTheFirstAndTheLastStage) {
     EXPECT_TRUE(desktop.windows().empty());
 }
 
+TEST_F(Indexer, TellsTheConnectObjectOfACloseInEveryStage) {
+    addExample();
+    for (int stage = 1; stage <= 4; ++stage) {
+        FrmIndexer& form = showCreated();
+        if (stage == 1) form.StageNew();
+        if (stage >= 3) nextToTexts(form);
+        if (stage == 4) click(form.CmdNext);
+        EXPECT_EQ(shownFrame(form), stage - 1);
+        manager->hides = 0;
+        EXPECT_TRUE(desktop.close(form));
+        EXPECT_EQ(manager->hides, 1) << stage;
+        EXPECT_EQ(manager->wizard, nullptr);
+    }
+}
+
 TEST_F(Indexer, ClosesWithoutAConnectObject) {
     FrmIndexer& form = show();
     const auto alive = form.shared_from_this();
@@ -311,9 +326,10 @@ TEST_F(Indexer, SwitchesBetweenInformationAndOptions) {
 TEST_F(Indexer, StartsAfreshWhenItsWindowIsClosedAndShownAgain) {
     addExample();
     FrmIndexer& form = showCreated();
+    const auto alive = manager->wizard;
     desktop.close(form);
     EXPECT_FALSE(form.isLoaded());
-    EXPECT_EQ(manager->hides, 0);
+    manager->wizard = alive;
     form.ShowIndexer(ide);
     EXPECT_EQ(shownFrame(form), 0);
     EXPECT_FALSE(form.CmdNext.enabled());

@@ -23,7 +23,7 @@ const char* const exampleConfiguration = "<P>frmMain</P>\r\n"
                                          "<C>cmdOK CommandButton IDH_AAAF</C>\r\n";
 
 void FakeManager::Hide() {
-    ++hides;
+    if (wizard) ++hides;
     disconnect();
 }
 

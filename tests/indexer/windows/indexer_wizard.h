@@ -18,7 +18,7 @@ namespace corvelle::indexer::test {
 class FakeManager : public AddInManager {
   public:
     std::shared_ptr<FrmIndexer> wizard;
-    int hides = 0;
+    int hides = 0; ///< of a wizard that was still there
 
     void Hide() override;
     void setbOK(bool) override {}
