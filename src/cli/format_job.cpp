@@ -1,8 +1,8 @@
 #include "cli/format_job.h"
 
+#include "base/binary_check.h"
 #include "base/path_text.h"
 #include "base/run_time_error.h"
-#include "cli/binary_check.h"
 #include "cli/formatted_file.h"
 #include "cli/unified_diff.h"
 #include "formatter/pass_observer.h"
@@ -88,7 +88,7 @@ void FormatJob::format() {
 void FormatJob::read() {
     std::string bytes =
         source_.isStandardInput() ? base::readStandardInput() : base::readFile(source_.path, &stamp_);
-    if (const std::string_view what = whatInsteadOfText(bytes); !what.empty()) {
+    if (const std::string_view what = base::whatInsteadOfText(bytes); !what.empty()) {
         diagnose(exitFailed, "this is " + std::string(what) + ", not a module");
         return;
     }

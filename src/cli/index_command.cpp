@@ -1,10 +1,10 @@
 #include "cli/index_command.h"
 
+#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
-#include "cli/binary_check.h"
 #include "cli/exit_status.h"
 #include "cli/line_ends.h"
 #include "cli/standard_streams.h"
@@ -95,7 +95,7 @@ class IndexRun {
         }
         onDisk_ = workspace_->projects().front().get();
         project_ = workspace_->ActiveVBProject();
-        const auto what = whatInsteadOfText(onDisk_->bytes());
+        const auto what = base::whatInsteadOfText(onDisk_->bytes());
         if (!what.empty())
             return stop(exitFailed, path + ": this is " + std::string(what) + ", not a project");
         return true;
@@ -118,7 +118,7 @@ class IndexRun {
         for (const auto& component : onDisk_->components()) {
             if (!isDesigner(component->Type())) continue;
             if (component->file().hasDesigner()) continue;
-            const auto what = whatInsteadOfText(component->file().bytes());
+            const auto what = base::whatInsteadOfText(component->file().bytes());
             refuse(component->path(), 0,
                    what.empty() ? "there is no designer section" : "this is " + std::string(what));
             readable = false;

@@ -1,9 +1,9 @@
 #include "cli/source_list.h"
 
+#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/path_text.h"
 #include "base/run_time_error.h"
-#include "cli/binary_check.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/group_file.h"
 #include "ide/workspace/path_resolver.h"
@@ -148,7 +148,7 @@ class Collector {
     std::optional<File> read(const std::string& name, const fs::path& path) {
         try {
             const std::string bytes = base::readFile(path);
-            const std::string_view what = whatInsteadOfText(bytes);
+            const std::string_view what = base::whatInsteadOfText(bytes);
             if (what.empty()) return File(bytes);
             addProblem(name, "this is " + std::string(what) + ", not a project or a group");
         } catch (const base::RunTimeError& error) {

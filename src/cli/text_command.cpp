@@ -1,9 +1,9 @@
 #include "cli/text_command.h"
 
+#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/path_text.h"
 #include "base/text.h"
-#include "cli/binary_check.h"
 #include "cli/exit_status.h"
 #include "cli/line_ends.h"
 #include "cli/standard_streams.h"
@@ -36,7 +36,7 @@ struct Refusal {
 std::string readText(const std::string& path) {
     try {
         auto bytes = base::readFile(base::pathOf(path));
-        const auto what = whatInsteadOfText(bytes);
+        const auto what = base::whatInsteadOfText(bytes);
         if (!what.empty()) throw Refusal{exitFailed, path + ": this is " + std::string(what)};
         return bytes;
     } catch (const base::FileError& error) {

@@ -1,9 +1,9 @@
-#include "cli/binary_check.h"
+#include "base/binary_check.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-namespace corvelle::cli {
+namespace corvelle::base {
 namespace {
 
 using std::string_literals::operator""s;
@@ -40,4 +40,4 @@ TEST(BinaryCheck, LooksAtTheBeginningOnly) {
 }
 
 } // namespace
-} // namespace corvelle::cli
+} // namespace corvelle::base

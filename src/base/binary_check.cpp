@@ -1,8 +1,8 @@
-#include "cli/binary_check.h"
+#include "base/binary_check.h"
 
 #include <cstddef>
 
-namespace corvelle::cli {
+namespace corvelle::base {
 
 std::string_view whatInsteadOfText(std::string_view bytes) {
     const std::string_view mark = bytes.substr(0, 2);
@@ -19,4 +19,4 @@ std::string_view whatInsteadOfText(std::string_view bytes) {
     return mark == "\xFF\xFE" || mark == "\xFE\xFF" ? "UTF-16 text" : "a binary file";
 }
 
-} // namespace corvelle::cli
+} // namespace corvelle::base
