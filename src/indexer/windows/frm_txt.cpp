@@ -45,6 +45,7 @@ void FrmTxt::Form_Load() {
     projectPath_.clear();
     opened_.fill({});
     info_.fill({});
+    valid_ = false;
     saved_ = true;
 }
 
@@ -90,14 +91,21 @@ void FrmTxt::Command2_Click() {
 void FrmTxt::openProject(const std::string& path) {
     Text1.setText(path);
     projectPath_ = path;
-    const bool valid = ReadProjectFile(path, opened_);
-    CmdProc.setEnabled(valid);
-    if (!valid) {
+    valid_ = ReadProjectFile(path, opened_);
+    CmdProc.setEnabled(valid_);
+    if (!valid_) {
+        leaveIndex();
         txtPrj.setText(std::string(invalidProjectFile));
         return;
     }
     showProject();
-    checkStatus();
+    checkStatusOrNewText();
+}
+
+void FrmTxt::leaveIndex() {
+    if (!saved_) return; // what was typed can still be saved at the close
+    editor_.reset();
+    info_.fill({});
 }
 
 void FrmTxt::showProject() {
@@ -108,24 +116,29 @@ void FrmTxt::showProject() {
 }
 
 void FrmTxt::ChkStatus() {
-    runAlone([this] { checkStatus(); });
+    runAlone([this] { checkStatusOrNewText(); });
 }
 
-void FrmTxt::checkStatus() {
-    if (CmdProc.enabled()) {
-        setStatus(" Status: Ready to load data....");
-        loadData();
-    } else {
+void FrmTxt::checkStatusOrNewText() {
+    if (checkStatus() == Status::NoTextFile && !mustClose()) chooseTextFile();
+}
+
+FrmTxt::Status FrmTxt::checkStatus() {
+    if (!CmdProc.enabled()) {
         setStatus(" Status: Not ready file path(s) empty");
+        return Status::NotReady;
     }
+    setStatus(" Status: Ready to load data....");
+    return loadData();
 }
 
-void FrmTxt::loadData() {
+FrmTxt::Status FrmTxt::loadData() {
     auto info = withPathsFound(opened_, projectPath_);
     if (!indexFilesExist(info)) {
         CmdProc.setEnabled(false);
+        leaveIndex();
         msgBox(indexFilesMissing());
-        return;
+        return fileExists(info[slot::configuration]) ? Status::NoTextFile : Status::NotReady;
     }
     info_ = std::move(info);
     setMousePointer(forms::MousePointer::Hourglass);
@@ -134,18 +147,14 @@ void FrmTxt::loadData() {
     editor_.reset();
     editor_.takeMappings(LoadMappings(info_[slot::configuration]));
     setStatus(" Status: Finished loading Mappings..");
-    if (info_[slot::text].empty()) {
-        msgBox(textFileNeeded());
-        chooseTextFile();
-    } else {
-        LoadTextEntries(info_[slot::text], editor_.index(), LastDefault::Read);
-    }
+    LoadTextEntries(info_[slot::text], editor_.index(), LastDefault::Read);
     setStatus(" Status: Finished loading Text entries...");
     saved_ = true;
     editor_.chooseFirst();
     Indic.stopNow();
     setMousePointer(forms::MousePointer::Default);
     setStatus(" Status: Ready to accept Text entries...");
+    return Status::Loaded;
 }
 
 void FrmTxt::NewText() {
@@ -162,8 +171,11 @@ void FrmTxt::chooseTextFile() {
     if (path.empty() || mustClose()) return;
     if (!fileExists(path)) WriteLines(path, {}); // the dialog has asked whether to make it
     opened_[slot::text] = path;
-    if (CmdProc.enabled()) showProject();
-    checkStatus();
+    if (valid_) {
+        CmdProc.setEnabled(true); // the project may have lacked nothing else
+        showProject();
+    }
+    checkStatus(); // the question has just been answered: it is not asked again
 }
 
 // Editing

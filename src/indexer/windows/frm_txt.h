@@ -64,9 +64,10 @@ class FrmTxt : public forms::Form {
     forms::CommandButton CmdProc{*this, "CmdProc"};
     forms::CommandButton CmdClose{*this, "CmdClose"};
 
-    /// Lets the user choose a new text file for the index, and loads it.
+    /// Lets the user choose a new text file for the index, and loads it. The project file stays as it is.
     void NewText();
-    /// Tells whether the window is ready, and if so loads the index.
+    /// Tells whether the window is ready, and if so loads the index. Where nothing but the text file is
+    /// missing, NewText follows.
     void ChkStatus();
 
     /// Whether nothing has been typed since the index was loaded or saved.
@@ -80,6 +81,8 @@ class FrmTxt : public forms::Form {
     void Form_Unload(bool& cancel) override;
 
   private:
+    enum class Status : std::uint8_t { NotReady, NoTextFile, Loaded };
+
     void designEntries();
 
     void cboDsr_Click() { editor_.cboDsr_Click(); }
@@ -98,8 +101,10 @@ class FrmTxt : public forms::Form {
     bool mustClose() const;
     void openProject(const std::string& path);
     void showProject();
-    void checkStatus();
-    void loadData();
+    void leaveIndex();
+    void checkStatusOrNewText();
+    Status checkStatus();
+    Status loadData();
     void chooseTextFile();
     void save();
     void setStatus(std::string_view text) { Lblstat.setCaption(std::string(text)); }
@@ -111,6 +116,7 @@ class FrmTxt : public forms::Form {
     std::weak_ptr<AddInManager> ThisMgr_;
     std::string projectPath_; // of opened_
     ProjectInfo opened_;      // the project that was opened last
+    bool valid_ = false;      // its file is
     ProjectInfo info_;        // the project whose index is being edited, with paths that can be reached
     bool saved_ = true;
     bool busy_ = false;    // a command is under way

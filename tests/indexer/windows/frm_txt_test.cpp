@@ -8,11 +8,13 @@ namespace {
 using forms::answer::no;
 using forms::answer::ok;
 using forms::answer::yes;
+using std::string_literals::operator""s;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 const char* const readyStatus = " Status: Ready to accept Text entries...";
 const char* const notReadyStatus = " Status: Not ready file path(s) empty";
+const char* const newTextBox = "Corvelle|36|Do you wish to create new Text file ..?";
 const char* const missingBox =
     "Corvelle|16|Either Text  file or configuration file is invalid.You need to re generate them ";
 
@@ -150,9 +152,9 @@ TEST_F(TextEntryWindow, NeedsTheConfigurationAndTheTextFile) {
     for (const auto* missing : {"a.hcnf", "a.txt"}) {
         const auto bytes = folder.read(missing);
         std::filesystem::remove(folder.path() / missing);
-        answer(ok);
+        desktop.answerNextBox(ok, [&] { EXPECT_EQ(lastBox(), missingBox); });
+        if (missing == std::string("a.txt")) answer(no); // to the offer of a new one
         openProject();
-        EXPECT_EQ(lastBox(), missingBox);
         EXPECT_FALSE(window.CmdProc.enabled());
         EXPECT_EQ(window.txtPrj.text(), project("a.txt"));
         EXPECT_EQ(status(), " Status: Ready to load data....");
@@ -226,6 +228,7 @@ TEST_F(TextEntryWindow, KeepsTheIndexOfTheLastGoodProjectForASaving) {
     type("worth keeping");
     desktop.choose(window.CboCtl, 2);
     answer(ok);
+    answer(no);
     openProject("b.icp");
     openProject("c.icp");
     EXPECT_FALSE(window.CmdProc.enabled());
@@ -235,6 +238,24 @@ TEST_F(TextEntryWindow, KeepsTheIndexOfTheLastGoodProjectForASaving) {
     EXPECT_EQ(folder.read("b.hcnf"), "<P>frmB</P>\r\n");
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "none.txt"));
     EXPECT_THAT(folder.read("a.txt"), testing::HasSubstr(".topic  IDH_AAAC\r\nworth keeping\r\n"));
+}
+
+TEST_F(TextEntryWindow, EmptiesItsListsForAProjectThatCannotBeOpened) {
+    writeProject("b.icp", pathOf("none.hcnf"), pathOf("a.txt"));
+    folder.write("c.icp", "rubbish\r\n");
+    auto& window = show();
+    for (const auto* name : {"b.icp", "c.icp"}) {
+        openProject();
+        EXPECT_EQ(window.cboDsr.listCount(), 3);
+        if (name == std::string("b.icp")) answer(ok);
+        openProject(name);
+        EXPECT_EQ(window.cboDsr.listCount() + window.CboCtl.listCount(), 0);
+        EXPECT_EQ(display(), "disabled: ");
+        EXPECT_EQ(window.LblID.caption(), "");
+        EXPECT_FALSE(window.CmdProc.enabled());
+    }
+    EXPECT_EQ(window.txtPrj.text(), "Invalid project file..");
+    EXPECT_TRUE(click(window.CmdClose)); // nothing is unsaved
 }
 
 // Saving
@@ -344,7 +365,7 @@ TEST_F(TextEntryWindow, TakesANewTextFile) {
     answer(yes);
     desktop.chooseNextFile(pathOf("new.txt"));
     window.NewText();
-    EXPECT_EQ(lastBox(), "Corvelle|36|Do you wish to create new Text file ..?");
+    EXPECT_EQ(lastBox(), newTextBox);
     const auto& dialog = desktop.fileDialogs().back();
     EXPECT_TRUE(dialog.save);
     EXPECT_EQ(dialog.filter, "Text Files(*.txt)|*.txt");
@@ -380,6 +401,105 @@ TEST_F(TextEntryWindow, KeepsItsTextFileUnlessAnotherIsChosen) {
     window.NewText();
     EXPECT_EQ(window.txtPrj.text(), project("a.txt"));
     EXPECT_EQ(display(), "typed|Delete|Default");
+}
+
+TEST_F(TextEntryWindow, OffersANewTextFileWhereOnlyThatIsMissing) {
+    std::filesystem::remove(folder.path() / "a.txt");
+    auto& window = show();
+    for (const bool wanted : {false, true}) {
+        answer(ok);
+        desktop.answerNextBox(wanted ? yes : no, [&] {
+            if (wanted) desktop.cancelNextFile();
+        });
+        openProject();
+        EXPECT_EQ(lastBox(), newTextBox);
+        EXPECT_FALSE(window.CmdProc.enabled());
+        EXPECT_EQ(window.txtPrj.text(), project("a.txt"));
+        EXPECT_EQ(window.cboDsr.listCount(), 0);
+        EXPECT_THAT(folder.names(), testing::UnorderedElementsAre("a.h", "a.hcnf", "p.icp"));
+    }
+    window.ChkStatus(); // not ready: nothing is loaded, nothing asked
+    answer(ok);
+    desktop.answerNextBox(yes, [&] { desktop.chooseNextFile(pathOf("new.txt")); });
+    openProject();
+    EXPECT_TRUE(window.CmdProc.enabled());
+    EXPECT_EQ(window.txtPrj.text(), project("new.txt"));
+    EXPECT_EQ(status(), readyStatus);
+    EXPECT_EQ(display(), "|Delete|Default");
+    type("first");
+    desktop.choose(window.CboCtl, 1);
+    save();
+    EXPECT_THAT(folder.read("new.txt"), testing::HasSubstr(".topic  IDH_AAAB\r\nfirst\r\n"));
+    EXPECT_THAT(folder.read("p.icp"), testing::HasSubstr("Text File= " + pathOf("a.txt")));
+}
+
+TEST_F(TextEntryWindow, AsksOnceWhereTheNewTextFileIsMissingToo) {
+    std::filesystem::remove(folder.path() / "a.txt");
+    auto& window = show();
+    answer(ok);
+    desktop.answerNextBox(yes, [&] { desktop.chooseNextFile(pathOf("none/new.txt")); }); // cannot be made
+    answer(ok);
+    openProject();
+    ASSERT_EQ(desktop.boxes().size(), 3U);
+    EXPECT_EQ(lastBox(), missingBox);
+    EXPECT_FALSE(window.CmdProc.enabled());
+    EXPECT_EQ(window.txtPrj.text(), project("none/new.txt"));
+    // NewText itself makes the window ready.
+    answer(yes);
+    desktop.chooseNextFile(pathOf("b.txt"));
+    window.NewText();
+    EXPECT_EQ(status(), readyStatus);
+    EXPECT_TRUE(window.CmdProc.enabled());
+}
+
+TEST_F(TextEntryWindow, OffersNoTextFileBehindItsEnd) {
+    std::filesystem::remove(folder.path() / "a.txt");
+    show();
+    desktop.answerNextBox(ok, [&] { manager->Hide(); });
+    openProject();
+    EXPECT_EQ(desktop.boxes().size(), 1U);
+    EXPECT_EQ(manager->editor, nullptr);
+}
+
+TEST_F(TextEntryWindow, DropsADeletionWithItsTextFile) {
+    auto& window = showOpened();
+    answer(yes);
+    click(window.CmdDel);
+    answer(yes);
+    desktop.chooseNextFile(pathOf("new.txt"));
+    window.NewText();
+    EXPECT_EQ(display(), "|Delete|Default"); // all is read anew
+    save();
+    EXPECT_EQ(folder.read("a.hcnf"), editedMappings); // and nothing has been confirmed
+    answer(no);
+    click(window.CmdDel);
+    EXPECT_EQ(desktop.boxes().back().title, "Update files..?");
+}
+
+TEST_F(TextEntryWindow, ReplacesNoTextFileThatItCouldNotRead) {
+    const auto utf16 = "\xFF\xFE.\0t\0o\0p\0i\0c\0 \0 \0I\0D\0H\0_\0A\0A\0A\0B\0"s;
+    folder.write("a.txt", utf16);
+    auto& window = showOpened();
+    EXPECT_EQ(display(), "|Delete|Default");
+    const auto expectNotSaved = [&] {
+        answer(ok);
+        click(window.CmdProc);
+        EXPECT_EQ(lastBox(), "Corvelle|48|Errors occured while saving file ..");
+        EXPECT_EQ(status(), "Status: Error while saving text file..");
+        EXPECT_EQ(folder.read("a.txt"), utf16);
+        EXPECT_EQ(folder.read("a.hcnf"), editedMappings);
+        EXPECT_FALSE(window.saved());
+    };
+    type("typed");
+    expectNotSaved();
+    answer(yes);
+    click(window.CmdDel);
+    expectNotSaved(); // with the mappings too
+    // Once it can be read it can be saved.
+    folder.write("a.txt", editedTexts);
+    openProject();
+    save();
+    EXPECT_EQ(folder.read("a.txt"), savedTexts);
 }
 
 TEST_F(TextEntryWindow, LoadsNoNewTextFileWithoutAProject) {
