@@ -37,7 +37,9 @@ SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bo
     SavedIndex result;
     std::string oldTexts;
     bool mustRestore = false;
-    if (bFilesPrompted) {
+    const bool isUnread = indexer::isUnread(textPath, index); // no line may replace its texts
+    if (bFilesPrompted && isUnread) result.indexFiles = false;
+    if (bFilesPrompted && !isUnread) {
         mustRestore = base::ignoringErrors([&] { oldTexts = base::readFile(base::pathOf(textPath)); });
         setStatus("Status: Saving Configuration and Index file..");
         result.indexFiles = SaveIndexFiles(info[slot::configuration], textPath, index);

@@ -4,6 +4,7 @@ namespace corvelle::indexer {
 
 void HelpIndex::clear() {
     designers.clear();
+    unreadTextFiles.clear();
     entries.assign(1, IndexEntry());
     entries.front().IDHName = defaultIDH;
 }

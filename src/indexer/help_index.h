@@ -26,11 +26,14 @@ struct IndexEntry {
 struct HelpIndex {
     HelpIndex() { clear(); }
 
-    /// Leaves the default entry, without a text.
+    /// Leaves the default entry, without a text, and no file that is not to be replaced.
     void clear();
 
     std::vector<std::string> designers; ///< designer number 1 stands first
     std::vector<IndexEntry> entries;    ///< entry 0 is the default entry, whose text others may share
+    /// Paths of the text files that are there but could not be read as text: replacing one would lose its
+    /// texts.
+    std::vector<std::string> unreadTextFiles;
 
     /// Number of the last entry.
     std::size_t count() const { return entries.size() - 1; }

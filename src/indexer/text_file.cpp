@@ -1,9 +1,12 @@
 #include "indexer/text_file.h"
 
+#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/ignoring_errors.h"
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "base/text.h"
+#include "indexer/files.h"
 #include "indexer/space_pairs.h"
 #include "indexer/text_lines.h"
 
@@ -109,7 +112,22 @@ void writeTopics(base::FileWriter& file, const HelpIndex& index) {
 } // namespace
 
 void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault) {
-    base::ignoringErrors([&] { readTextEntries(base::readFile(base::pathOf(path)), index, lastDefault); });
+    bool isText = false;
+    base::ignoringErrors([&] {
+        const auto bytes = base::readFile(base::pathOf(path));
+        isText = base::whatInsteadOfText(bytes).empty();
+        readTextEntries(bytes, index, lastDefault);
+    });
+    auto& unread = index.unreadTextFiles;
+    unread.erase(std::remove(unread.begin(), unread.end(), path), unread.end());
+    if (!isText && fileExists(path)) unread.emplace_back(path);
+}
+
+bool isUnread(std::string_view path, const HelpIndex& index) {
+    const auto& unread = index.unreadTextFiles;
+    return std::any_of(unread.begin(), unread.end(), [&](const std::string& other) {
+        return base::isSamePath(base::pathOf(path), base::pathOf(other));
+    });
 }
 
 bool holdsTopicLine(std::string_view text) {
@@ -126,9 +144,13 @@ void readTextEntries(std::string_view bytes, HelpIndex& index, LastDefault lastD
 }
 
 bool SaveTextFile(std::string_view path, const HelpIndex& index) {
-    return base::ignoringErrors([&] {
+    bool saved = false;
+    base::ignoringErrors([&] {
+        if (isUnread(path, index)) return;
         base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { writeTopics(file, index); });
+        saved = true;
     });
+    return saved;
 }
 
 } // namespace corvelle::indexer

@@ -13,7 +13,8 @@ namespace corvelle::indexer {
 enum class LastDefault { Ignored, Read };
 
 /// Reads the texts of a file into the entries of their topics' names; the others are left as they are. Of a
-/// file that cannot be read to its end none is taken, without a word.
+/// file that cannot be read to its end none is taken, without a word. The index notes a file that is there
+/// but is no text that can be read.
 void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault = LastDefault::Ignored);
 
 /// The same, of the file's bytes.
@@ -23,8 +24,11 @@ void readTextEntries(std::string_view bytes, HelpIndex& index,
 /// Whether a line of the text would begin another topic in the file.
 bool holdsTopicLine(std::string_view text);
 
-/// Writes the default entry and all entries that have a topic of their own. False on any failure, after which
-/// the old file, and so its texts, is as it was.
+/// Whether the index could not take the texts of that file, which must not be replaced then.
+bool isUnread(std::string_view path, const HelpIndex& index);
+
+/// Writes the default entry and all entries that have a topic of their own. False on any failure, which an
+/// unread file is too; the old file, and so its texts, is as it was then.
 bool SaveTextFile(std::string_view path, const HelpIndex& index);
 
 } // namespace corvelle::indexer
