@@ -1,0 +1,122 @@
+#include "workbench/indexer_road.h"
+
+#include <vector>
+
+namespace corvelle::workbench::tests {
+
+namespace {
+
+/// The registry value that remembers where the list of what is not indexed stands.
+class ExcludeListSetting {
+  public:
+    ExcludeListSetting() {
+        RegCreateKeyExA(HKEY_CURRENT_USER, "Software\\VB and VBA Program Settings\\Trellis\\Indexer", 0,
+                        nullptr, 0, KEY_ALL_ACCESS, nullptr, &key_, nullptr);
+    }
+    ~ExcludeListSetting() { RegCloseKey(key_); }
+    ExcludeListSetting(const ExcludeListSetting&) = delete;
+    ExcludeListSetting& operator=(const ExcludeListSetting&) = delete;
+
+    std::string read() const {
+        std::vector<char> value(1024);
+        auto size = static_cast<DWORD>(value.size() - 1);
+        RegQueryValueExA(key_, name, nullptr, nullptr, reinterpret_cast<BYTE*>(value.data()), &size);
+        return value.data();
+    }
+    void write(const std::string& value) const {
+        RegSetValueExA(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                       static_cast<DWORD>(value.size() + 1));
+    }
+    void erase() const { RegDeleteValueA(key_, name); }
+
+  private:
+    static constexpr const char* name = "ExcludeList_Path";
+    HKEY key_ = nullptr;
+};
+
+} // namespace
+
+IndexerRoad::IndexerRoad() {
+    const ExcludeListSetting setting;
+    excludeListBefore_ = setting.read();
+    setting.erase();
+}
+
+IndexerRoad::~IndexerRoad() {
+    if (!excludeListBefore_.empty()) ExcludeListSetting().write(excludeListBefore_);
+}
+
+void IndexerRoad::startIndexer(const std::string& file) {
+    start({"/addin:Corvelle.ContextHelpIndexer"}, file);
+}
+
+HWND IndexerRoad::openStartMenu() const {
+    chooseFromAddIns(1);
+    return user().windowWith("&Create a New Index");
+}
+
+HWND IndexerRoad::openWizard(HWND startMenu) const {
+    clickUntil(startMenu, "&Create a New Index", "the question",
+               [this] { return seesBox("File not found.."); });
+    user().answer("File not found..", IDNO);
+    return user().windowWith("&Analyse");
+}
+
+HWND IndexerRoad::openEditor(HWND startMenu) const {
+    clickUntil(startMenu, "&Add Entry to previously created Index", "the editor",
+               [this] { return user().sees("Set &Default"); });
+    return user().windowWith("Set &Default");
+}
+
+void IndexerRoad::tick(HWND wizard, const std::string& option) {
+    ask(User::control(wizard, "Button", option), BM_CLICK);
+    User::waitUntil("a tick", [&] { return User::isChecked(wizard, option); });
+}
+
+void IndexerRoad::analyse(HWND wizard) const {
+    clickUntil(wizard, "&Analyse", "the analysis", [wizard] { return User::isEnabled(wizard, "&Next"); });
+}
+
+void IndexerRoad::goToSecondStage(HWND wizard) const {
+    clickUntil(wizard, "&Next", "the second stage",
+               [wizard] { return User::text(wizard) == "Help Context ID Indexer :Stage 2 of 4"; });
+}
+
+void IndexerRoad::chooseFile(HWND form, const std::string& button, const std::string& title,
+                             const std::string& file) const {
+    constexpr int nameField = 0x47C;
+    clickUntil(form, button, "the file dialog", [&] { return seesBox(title); });
+    const HWND dialog = user().box(title);
+    Sleep(300); // it fills itself first
+    ask(GetDlgItem(dialog, nameField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    User::waitUntil("the file dialog to go", [&] {
+        const HWND asks = IsWindow(dialog) ? GetLastActivePopup(dialog) : nullptr;
+        if (asks != nullptr && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+        return !IsWindow(dialog);
+    });
+}
+
+std::string IndexerRoad::clickAndAnswer(HWND form, const std::string& button, const std::string& title,
+                                        int answer) const {
+    clickUntil(form, button, "the box " + title, [&] { return seesBox(title); });
+    return user().answer(title, answer);
+}
+
+void IndexerRoad::chooseNext(HWND form, HWND list, const std::string& idhName) {
+    User::press(list, VK_DOWN);
+    User::waitForText(form, "Static", idhName);
+}
+
+void IndexerRoad::close(HWND form) const {
+    clickUntil(form, "&Close", "the window to go", [form] { return !IsWindow(form); });
+}
+
+void IndexerRoad::takePictureOf(HWND form, const std::string& name) {
+    SetWindowPos(form, nullptr, 330, 190, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    bringForward(form);
+    Sleep(500);
+    takePicture(name);
+}
+
+} // namespace corvelle::workbench::tests
