@@ -157,16 +157,46 @@ class IndexRun {
             if (auto* const component = componentOf(path); component && !mayReplace(*component, output))
                 return stop(exitFailed,
                             std::string(output.option) + ": " + output.path + " is a module of the project");
+            if (holdsPartOfTheProject(path))
+                return stop(exitFailed, std::string(output.option) + ": " + output.path +
+                                            " belongs to a file of the project");
             taken.push_back(output);
         }
         if (settings_.moduleFile && indexer::fileExists(*settings_.moduleFile) && !holdsTheModule()) {
             return stop(exitFailed, "--module-file: " + *settings_.moduleFile + " is no module named " +
                                         *settings_.module + "; it is not written over");
         }
-        if (settings_.text && indexer::fileExists(*settings_.text) &&
-            !base::openToRead(base::pathOf(*settings_.text)).isOpen())
+        return !settings_.text || !indexer::fileExists(*settings_.text) || canKeepTexts();
+    }
+
+    // The texts of an older file are taken over into the new one.
+    bool canKeepTexts() {
+        try {
+            const auto what = base::whatInsteadOfText(base::readFile(base::pathOf(*settings_.text)));
+            if (what.empty()) return true;
+            return stop(exitFailed,
+                        *settings_.text + ": this is " + std::string(what) + "; it is not written over");
+        } catch (const base::FileError&) {
             return stop(exitFailed, *settings_.text + ": its texts cannot be read");
-        return true;
+        }
+    }
+
+    // Whether the IDE keeps the binary part of a component, or the places of the project's windows, there.
+    bool holdsPartOfTheProject(const std::filesystem::path& path) const {
+        const auto isBeside = [&path](std::filesystem::path owner, const char* ending) {
+            owner.replace_extension(ending);
+            if (base::isSamePath(path, owner)) return true;
+            // The letter case may be any.
+            return base::equalIgnoringCase(base::textOf(path.filename()), base::textOf(owner.filename())) &&
+                   base::isSamePath(path / "..", owner / "..");
+        };
+        if (isBeside(base::pathOf(settings_.project), ".vbw")) return true;
+        for (const auto& component : onDisk_->components()) {
+            for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
+                if (isBeside(component->path(), ending)) return true;
+            }
+        }
+        return false;
     }
 
     // Another project may have code in a file that is no part of this one.
