@@ -44,11 +44,12 @@ std::string readText(const std::string& path) {
     }
 }
 
+// A tab would begin another column.
 std::string onOneLine(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\n' && i > 0 && text[i - 1] == '\r') continue;
-        result += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+        result += text[i] == '\r' || text[i] == '\n' || text[i] == '\t' ? ' ' : text[i];
     }
     return std::string(base::trimSpaces(result));
 }
@@ -158,8 +159,9 @@ class TextRun {
         const auto saved = indexer::saveExistingIndex(info_, index_, mappingsToo, [](std::string_view) {});
         if (!saved.texts) throw Refusal{exitFailed, info_[indexer::slot::text] + ": " + saved.message.text};
         if (!saved.indexFiles) {
-            throw Refusal{exitFailed, info_[indexer::slot::configuration] +
-                                          ": the configuration file could not be written"};
+            throw Refusal{exitFailed,
+                          info_[indexer::slot::configuration] +
+                              ": the configuration file could not be written; the texts were saved"};
         }
         std::cout << saved.message.text << '\n';
     }
