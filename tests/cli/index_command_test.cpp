@@ -1,6 +1,4 @@
 // Runs the program, which is found in CORVELLE_BINARY.
-#ifndef _WIN32
-
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
 
@@ -40,10 +38,24 @@ class IndexCommand : public testing::Test {
         fs::create_directory(folder.path() / "o");
     }
 
-    // The arguments are the shell's words.
+    // The arguments are words; blanks in quotes ' are part of one.
     Outcome run(const std::string& arguments, test::Surroundings surroundings = {}) const {
         surroundings.folder = folder.path();
-        return test::runProgram("sh", {"-c", "exec \"$0\" " + arguments, CORVELLE_BINARY}, surroundings);
+        return test::runCorvelle(wordsOf(arguments), surroundings);
+    }
+    static std::vector<std::string> wordsOf(const std::string& arguments) {
+        std::vector<std::string> words;
+        bool quoted = false, inWord = false;
+        for (const char c : arguments) {
+            const bool blank = c == ' ' && !quoted;
+            if (!blank && !inWord) words.emplace_back();
+            inWord = !blank;
+            if (c == '\'')
+                quoted = !quoted;
+            else if (!blank)
+                words.back() += c;
+        }
+        return words;
     }
     std::vector<std::string> outputs() {
         std::vector<std::string> names;
@@ -214,6 +226,18 @@ TEST_F(IndexCommand, PresetsTheComponentsByTheProjectsType) {
     folder.write("p.vbp", std::string("Type=Control\r\n").append(all, 10));
     run(files);
     EXPECT_THAT(folder.read("o/a.hcnf"), HasSubstr("<P>c</P>"));
+    folder.write("d.dob", "VERSION 5.00\r\nBegin VB.UserDocument d \r\nEnd\r\n");
+    folder.write("m.frm", "VERSION 5.00\r\nBegin VB.MDIForm m \r\nEnd\r\nAttribute VB_Name = \"m\"\r\n");
+    for (const std::string type : {"OleDll", "OleExe", "Exe"}) {
+        folder.write("p.vbp",
+                     "Type=" + type + "\r\n" + all.substr(10) + "UserDocument=d.dob\r\nForm=m.frm\r\n");
+        EXPECT_EQ(run(files).status, 0);
+        const auto mappings = folder.read("o/a.hcnf");
+        EXPECT_THAT(mappings, HasSubstr("<P>frmMain</P>")) << type;
+        EXPECT_EQ(mappings.find("<P>d</P>") != std::string::npos, type != "Exe");
+        EXPECT_EQ(mappings.find("<P>m</P>") != std::string::npos, type == "Exe");
+        EXPECT_THAT(mappings, Not(HasSubstr("<P>c</P>")));
+    }
 }
 
 TEST_F(IndexCommand, ReadsTheExclusionList) {
@@ -252,9 +276,51 @@ TEST_F(IndexCommand, WritesOverNoFileThatItReadsAndNoneTwice) {
     expectRefused(files + "--report Module1.bas", 2, "--report: Module1.bas is a module of the project");
     expectRefused(files + "--module m --module-file frmMain.frm", 2, "is a module of the project");
     expectRefused(files + "--exclude-list list --project-file list", 2, "--exclude-list: the same file");
+#ifndef _WIN32
     fs::create_symlink(folder.path() / "frmMain.frm", folder.path() / "link");
     expectRefused(files + "--text link", 2, "--text: link is a module of the project");
+#endif
     EXPECT_EQ(folder.read("frmMain.frm"), form);
+}
+
+TEST_F(IndexCommand, WritesOverNoBinaryPartOfAComponent) {
+    folder.write("sub/c.ctl", "VERSION 5.00\r\nBegin VB.UserControl c \r\nEnd\r\n");
+    folder.write("p.vbp", project + "UserControl=sub\\c.ctl\r\n");
+    for (const std::string name : {"frmMain.frx", "FRMMAIN.FRX", "o/../frmMain.frx", "sub/c.ctx", "sub/c.pgx",
+                                   "sub/c.dox", "frmMain.dsx", "p.vbw", "P.VBW"}) {
+        folder.write(name, "binary");
+        for (const std::string option : {"--text ", "--report ", "--project-file "}) {
+            const auto result = run(files + option + name);
+            EXPECT_EQ(result.status, 2) << name;
+            EXPECT_THAT(result.err, HasSubstr(name + " belongs to a file of the project"));
+        }
+        EXPECT_EQ(folder.read(name), "binary");
+    }
+    EXPECT_THAT(outputs(), IsEmpty());
+    EXPECT_EQ(run("index p.vbp --config o/a.hcnf --header frmMain.frx").status, 2);
+    // Other files may have these endings and names.
+    EXPECT_EQ(run(files + "--text o/frmMain.frx --report c.ctx --project-file frmMain.txt").status, 0);
+}
+
+TEST_F(IndexCommand, WritesOverNoTextsThatItCannotRead) {
+    const std::string utf16("\xFF\xFE.\0t\0o\0p\0i\0c\0 \0", 16);
+    folder.write("t.txt", utf16);
+    expectRefused(files + "--text t.txt", 2, "t.txt: this is UTF-16 text; it is not written over");
+    EXPECT_EQ(folder.read("t.txt"), utf16);
+#ifndef _WIN32
+    folder.write("o.txt", ".topic  IDH_AAAB\r\nkept\r\n");
+    fs::permissions(folder.path(), fs::perms(0777));
+    fs::permissions(folder.path() / "o", fs::perms(0777));
+    fs::permissions(folder.path() / "o.txt", fs::perms(0222));
+    test::Surroundings nobody;
+    nobody.asNobody = true;
+    const auto result = run(files + "--text o.txt", nobody);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_EQ(result.err, "o.txt: its texts cannot be read\n");
+    EXPECT_THAT(outputs(), IsEmpty());
+    fs::permissions(folder.path() / "o.txt", fs::perms(0644));
+    EXPECT_EQ(folder.read("o.txt"), ".topic  IDH_AAAB\r\nkept\r\n");
+#endif
 }
 
 TEST_F(IndexCommand, WritesOverNoOtherProjectsModule) {
@@ -282,7 +348,7 @@ TEST_F(IndexCommand, WritesNothingWhenADesignerCannotBeRead) {
         EXPECT_THAT(outputs(), IsEmpty());
     };
     withMember("Form=sub\\gone.frm");
-    expectFailed("sub/gone.frm: File not found");
+    expectFailed(fs::path("sub/gone.frm").make_preferred().string() + ": File not found");
     withMember("UserControl=c.ctl"); // not even selected
     expectFailed("c.ctl: File not found");
     folder.write("c.ctl", "VERSION 5.00\r\nBegin VB.UserControl c \r\n");
@@ -331,6 +397,7 @@ TEST_F(IndexCommand, TellsWhichFileCouldNotBeWritten) {
     EXPECT_EQ(folder.read("p.vbp"), project);
 }
 
+#ifndef _WIN32
 TEST_F(IndexCommand, LeavesTheTextsAloneWhenTheDiskIsFull) {
     const auto texts = std::string(".topic  IDH_AAAB\r\n").append(3000, 'x').append("\r\n");
     folder.write("o/a.txt", texts);
@@ -342,6 +409,7 @@ TEST_F(IndexCommand, LeavesTheTextsAloneWhenTheDiskIsFull) {
     EXPECT_EQ(folder.read("o/a.txt"), texts);
     EXPECT_THAT(outputs(), UnorderedElementsAre("a.h", "a.hcnf", "a.txt"));
 }
+#endif
 
 TEST_F(IndexCommand, LeavesAReadOnlyProjectAlone) {
     fs::permissions(folder.path() / "p.vbp", fs::perms(0444));
@@ -351,6 +419,7 @@ TEST_F(IndexCommand, LeavesAReadOnlyProjectAlone) {
     EXPECT_EQ(folder.read("p.vbp"), project);
 }
 
+#ifndef _WIN32
 TEST_F(IndexCommand, TellsThatNobodyGetsItsOutput) {
     test::Surroundings fullDisk;
     fullDisk.outputTo = "/dev/full";
@@ -358,6 +427,7 @@ TEST_F(IndexCommand, TellsThatNobodyGetsItsOutput) {
     EXPECT_EQ(result.status, 2);
     EXPECT_THAT(outputs(), UnorderedElementsAre("a.h", "a.hcnf"));
 }
+#endif
 
 TEST_F(IndexCommand, RefusesAModuleThatTheIDECouldNotHold) {
     std::string large = "VERSION 5.00\r\nBegin VB.Form frmMain \r\n";
@@ -377,6 +447,38 @@ TEST_F(IndexCommand, WritesAModuleNearTheIDEsLimit) {
     const auto procedures = code.find("Public Sub");
     EXPECT_EQ(code.find("Public Const", procedures), std::string::npos);
     EXPECT_THAT(code.substr(0, procedures), EndsWith("Public Const IDH_BWMF = 33765\r\n"));
+}
+
+TEST_F(IndexCommand, TellsThatItRanOutOfNames) {
+    std::string large = "VERSION 5.00\r\nBegin VB.Form frmMain \r\n";
+    for (int i = 0; i < 26 * 26 * 26 * 26; ++i) large += "   Begin VB.TextBox t \r\n   End\r\n";
+    folder.write("frmMain.frm", large + "End\r\nAttribute VB_Name = \"frmMain\"\r\n");
+    const auto result = run(files);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_EQ(result.err, "You need to reset the IDGen\n");
+    EXPECT_THAT(result.out, EndsWith("o/a.h\no/a.hcnf\n"));
+    EXPECT_THAT(folder.read("o/a.hcnf"), EndsWith("IDH_ZZZZ</C>\r\n<C>t TextBox </C>\r\n"));
+}
+
+TEST_F(IndexCommand, TakesPathsWithLettersBeyondASCII) {
+    // One letter that both code pages have.
+#ifdef _WIN32
+    const std::string letters = "\xE4\xF6";
+#else
+    const std::string letters = "\xC3\xA4\xC3\xB6";
+#endif
+    const auto result =
+        run("index p.vbp --header o/" + letters + ".h --config o/" + letters + ".hcnf --text o/" + letters +
+            ".txt --project-file o/" + letters + ".icp --module modHelp --module-file o/" + letters + ".bas");
+    EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_THAT(folder.read("p.vbp"), HasSubstr("\r\nModule=modHelp; o\\" + letters + ".bas\r\n"));
+    const auto wide = fs::path(u8"\u00E4\u00F6");
+    EXPECT_THAT(folder.read("o" / fs::path(wide) += ".icp"),
+                HasSubstr("\r\nText File= o/" + letters + ".txt\r\n"));
+    EXPECT_THAT(run("text o/" + letters + ".icp list").out,
+                StartsWith("frmMain\tcmdOK\tCommandButton\tIDH_AAAB\t\n"));
+    EXPECT_EQ(run("text o/" + letters + ".icp set frmMain cmdOK new").status, 0);
+    EXPECT_THAT(folder.read("o" / fs::path(wide) += ".txt"), HasSubstr(".topic  IDH_AAAB\r\nnew\r\n"));
 }
 
 TEST_F(IndexCommand, HasHelp) {
@@ -409,5 +511,3 @@ TEST_F(IndexCommand, IndexesTheExamples) {
 
 } // namespace
 } // namespace corvelle::cli
-
-#endif

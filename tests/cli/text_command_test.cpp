@@ -80,7 +80,7 @@ TEST_F(TextCommand, ListsTheControlsInTheOrderOfTheConfigurationFile) {
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.out, "frmMain\tcmdOK\tCommandButton\tIDH_AAAB\tCloses the window.\n"
                           "frmMain\topt\tOptionButton\tIDH_AAAC\t\n"
-                          "frmMain\topt\tOptionButton\tIDH_AAAD\t\tsecond\n"
+                          "frmMain\topt\tOptionButton\tIDH_AAAD\tsecond\n"
                           "frmMain\tlbl\tLabel\tIDH_AAAA\tNothing is known.\n"
                           "frmPart\tcmdOK\tCommandButton\tIDH_AAAE\tSaves.\n");
     EXPECT_EQ(folder.read("a.txt"), texts);
@@ -90,6 +90,24 @@ TEST_F(TextCommand, ListsADeletedControlAndNoneThatHasNoDesigner) {
     folder.write("a.hcnf", "<C>before Label IDH_AAAB</C>\r\n<P>f</P>\r\n<C>broken Label IDH_AAAC\r\n"
                            "<C>gone Label</C>\r\n");
     EXPECT_EQ(run({"list"}).out, "f\tgone\tLabel\t\tThis control is deleted from Index..\n");
+}
+
+TEST_F(TextCommand, KeepsFiveColumnsWhateverATextHolds) {
+    expectSaved({"set", "frmMain", "cmdOK", "\ta\tb\r\n\tc\t"});
+    EXPECT_THAT(run({"list"}).out, StartsWith("frmMain\tcmdOK\tCommandButton\tIDH_AAAB\ta b"));
+    const auto line = run({"list"}).out.substr(0, run({"list"}).out.find('\n'));
+    EXPECT_EQ(std::count(line.begin(), line.end(), '\t'), 4) << line;
+    EXPECT_THAT(line, EndsWith(" c"));
+}
+
+TEST_F(TextCommand, TakesTheFirstOfTwoDesignersOfOneName) {
+    folder.write("a.hcnf", "<P>f</P>\r\n<C>a Label IDH_AAAB</C>\r\n<P>f</P>\r\n<C>a Label IDH_AAAC</C>\r\n"
+                           "<C>b Label IDH_AAAD</C>\r\n");
+    EXPECT_EQ(run({"list"}).out, "f\ta\tLabel\tIDH_AAAB\tCloses the window.\nf\ta\tLabel\tIDH_AAAC\t\n"
+                                 "f\tb\tLabel\tIDH_AAAD\tsecond\n");
+    expectSaved({"set", "f", "a", "first"});
+    EXPECT_THAT(folder.read("a.txt"), HasSubstr(".topic  IDH_AAAB\r\nfirst\r\n"));
+    expectRefused({"set", "f", "b", "x"}, 1, "b: f has no such control");
 }
 
 TEST_F(TextCommand, SetsATextAndLeavesTheMappingsAlone) {
@@ -230,9 +248,11 @@ TEST_F(TextCommand, LosesNothingWhenItCannotSave) {
     lock("a.hcnf", true);
     const auto result = run({"delete", "frmMain", "cmdOK"});
     EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "a.hcnf: the configuration file could not be written\n");
+    EXPECT_EQ(result.err, "a.hcnf: the configuration file could not be written; the texts were saved\n");
     EXPECT_EQ(result.out, "");
     EXPECT_EQ(folder.read("a.hcnf"), mappings);
+    EXPECT_EQ(folder.read("a.txt"),
+              replaced(textsAsSaved, ".topic  IDH_AAAB\r\n Closes the window.\r\n", ""));
     lock("a.hcnf", false);
 }
 
