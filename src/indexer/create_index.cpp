@@ -128,6 +128,8 @@ class Creation {
         required(component.DesignerWindow()).Close();
     }
 
+    // The control and its class are fetched once, as no call that fails the second time shall leave a name
+    // without its control.
     void writeControl(ide::VBControl& control, base::OutputFile& header, base::OutputFile& configuration) {
         const auto className = control.ClassName();
         if (!isIndexable(className, job_.excludeList, job_.options)) return;

@@ -8,7 +8,8 @@
 namespace corvelle::indexer {
 
 /// Whether a module of that name can be added to the project. Trims the name unless it begins with a digit;
-/// the test for the digit comes first. An empty name passes.
+/// the test for the digit comes first. An empty name passes. Only ASCII letters have no letter case here: a
+/// name that differs from another in the case of an accented letter passes, and the IDE refuses it.
 bool validModule(std::string& mName, ide::VBProject& project);
 
 /// What is said of a name that is not valid.
