@@ -51,9 +51,12 @@ std::vector<std::wstring> Registered::traces() {
     addKeys(found, L"", L"Corvelle.");
     for (const wchar_t* path :
          {L"CLSID\\{62F4B4DF-0200-11D9-B84C-9DC4C37C905E}", L"CLSID\\{07C23A6F-E632-4DEC-B20D-1FA0D767854A}",
+          L"CLSID\\{435CCC43-251D-4D82-91FC-F439ECF3F35C}",
           L"TypeLib\\{62F4B4DD-0200-11D9-B84C-9DC4C37C905E}",
           L"Interface\\{6D72C108-BF9E-45BD-BBE8-F70BEC0F7544}",
-          L"Interface\\{0553F03D-4F0B-497B-9832-A30160A7A5A7}"}) {
+          L"Interface\\{0553F03D-4F0B-497B-9832-A30160A7A5A7}",
+          L"Interface\\{DD83CAF6-189D-4075-9245-C48364BD5DC8}",
+          L"Interface\\{56E317F1-35DE-44D2-A1B0-3BBA706F31AD}"}) {
         if (exists(path)) found.push_back(path);
     }
     return found;

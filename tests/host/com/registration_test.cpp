@@ -1,7 +1,10 @@
 #include "base/temporary_folder.h"
+#include "host/com/outside_libraries.h"
 #include "host/com/registered.h"
 
 #include <gtest/gtest.h>
+#include <initializer_list>
+#include <string>
 
 namespace corvelle::host::test {
 namespace {
@@ -86,6 +89,18 @@ TEST_F(Registration, LeavesWhatAnotherCopyHasEntered) {
 
 // A script of an independent client.
 
+// Its lines, each of which ends the script if it fails: with 100, and telling where and why.
+std::string reporting(std::initializer_list<const char*> lines) {
+    std::string body = "On Error Resume Next\r\n";
+    for (const char* line : lines) {
+        std::string quoted;
+        for (const char* c = line; *c != '\0'; ++c) quoted += *c == '"' ? "\"\"" : std::string(1, *c);
+        body += std::string(line) + "\r\nIf Err.Number <> 0 Then\r\nWScript.Echo \"" + quoted +
+                ": \" & Err.Number & \" \" & Err.Description\r\nWScript.Quit 100\r\nEnd If\r\n";
+    }
+    return body;
+}
+
 std::string script(const std::string& body) {
     return "Dim f, i\r\n"
            "Set f = CreateObject(\"Corvelle.CodeFormatter\")\r\n"
@@ -119,24 +134,28 @@ DWORD run(const std::string& body) {
 constexpr DWORD reachedTheEnd = 42;
 
 TEST_F(Registration, ScriptsReadAndWriteTheProperties) {
+    const OutsideLibraries outside;
     const Registered registered;
-    EXPECT_EQ(run("If TypeName(f) <> \"_CodeFormatter\" Then WScript.Quit 1\r\n"
-                  "If TypeName(i) <> \"_ContextHelpIndexer\" Then WScript.Quit 2\r\n"
-                  "If f.IsLoaded <> False Or VarType(f.IsLoaded) <> 11 Then WScript.Quit 3\r\n"
-                  "f.IsLoaded = True\r\n"
-                  "If f.IsLoaded <> True Or i.IsLoaded <> False Then WScript.Quit 4\r\n"
-                  "i.bOK = True\r\n"
-                  "If i.bOK <> True Then WScript.Quit 5\r\n"
-                  "If Not f.MenuEvents Is Nothing Then WScript.Quit 6\r\n"
-                  "Set f.MenuEvents = Nothing\r\n"
-                  "f.Hide\r\n"
-                  "i.Hide\r\n"
-                  "If f.IsLoaded Then WScript.Quit 7\r\n"
-                  "If Not f.AddMyMenu(\"Mine\") Is Nothing Then WScript.Quit 8\r\n"),
+    EXPECT_EQ(run(reporting({
+                  "If TypeName(f) <> \"_CodeFormatter\" Then WScript.Quit 1",
+                  "If TypeName(i) <> \"_ContextHelpIndexer\" Then WScript.Quit 2",
+                  "If f.IsLoaded <> False Or VarType(f.IsLoaded) <> 11 Then WScript.Quit 3",
+                  "f.IsLoaded = True",
+                  "If f.IsLoaded <> True Or i.IsLoaded <> False Then WScript.Quit 4",
+                  "i.bOK = True",
+                  "If i.bOK <> True Then WScript.Quit 5",
+                  "If Not f.MenuEvents Is Nothing Then WScript.Quit 6",
+                  "Set f.MenuEvents = Nothing",
+                  "f.Hide",
+                  "i.Hide",
+                  "If f.IsLoaded Then WScript.Quit 7",
+                  "If Not f.AddMyMenu(\"Mine\") Is Nothing Then WScript.Quit 8",
+              })),
               reachedTheEnd);
 }
 
 TEST_F(Registration, ScriptsFindNoMembersButTheInterfaces) {
+    const OutsideLibraries outside;
     const Registered registered;
     EXPECT_EQ(run("On Error Resume Next\r\n"
                   "f.bOK = True\r\n"

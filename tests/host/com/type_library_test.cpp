@@ -1,7 +1,9 @@
 #include "host/com/dll.h"
+#include "host/com/outside_libraries.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 #include <vector>
 
 namespace corvelle::host::test {
@@ -38,6 +40,14 @@ struct Type {
         information->GetDocumentation(MEMBERID_NIL, nullptr, result.receive(), nullptr, nullptr);
         return taken(result);
     }
+    /// The other side of a dual interface, which has flags that the late-bound one lacks.
+    Type asInterface() const {
+        HREFTYPE reference = 0;
+        com::Ptr<ITypeInfo> other;
+        EXPECT_EQ(information->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference), S_OK);
+        EXPECT_EQ(information->GetRefTypeInfo(reference, other.receive()), S_OK);
+        return Type(other);
+    }
     /// "LIBRARY.NAME {IID} FLAGS" of what it implements or derives from.
     std::wstring implemented(UINT index) const {
         HREFTYPE reference = 0;
@@ -56,6 +66,40 @@ struct Type {
         library->GetDocumentation(-1, libraryName.receive(), nullptr, nullptr, nullptr);
         const Type type(other);
         return taken(libraryName) + L"." + type.name() + L" " + textOf(type.attributes.guid);
+    }
+    /// "{LIBID} VERSION" of the libraries of the types that it derives from or that its members use.
+    std::vector<std::wstring> librariesReferredTo() const {
+        std::vector<std::wstring> result;
+        for (UINT i = 0; i < attributes.cImplTypes; ++i) {
+            HREFTYPE reference = 0;
+            EXPECT_EQ(information->GetRefTypeOfImplType(i, &reference), S_OK);
+            result.push_back(libraryOf(reference));
+        }
+        const auto add = [&](const TYPEDESC* type) {
+            while (type->vt == VT_PTR) type = type->lptdesc;
+            if (type->vt == VT_USERDEFINED) result.push_back(libraryOf(type->hreftype));
+        };
+        for (UINT i = 0; i < attributes.cFuncs; ++i) {
+            FUNCDESC* function = nullptr;
+            EXPECT_EQ(information->GetFuncDesc(i, &function), S_OK);
+            add(&function->elemdescFunc.tdesc);
+            for (int p = 0; p < function->cParams; ++p) add(&function->lprgelemdescParam[p].tdesc);
+            information->ReleaseFuncDesc(function);
+        }
+        return result;
+    }
+    std::wstring libraryOf(HREFTYPE reference) const {
+        com::Ptr<ITypeInfo> other;
+        if (FAILED(information->GetRefTypeInfo(reference, other.receive()))) return L"?";
+        com::Ptr<ITypeLib> library;
+        UINT place = 0;
+        other->GetContainingTypeLib(library.receive(), &place);
+        TLIBATTR* found = nullptr;
+        EXPECT_EQ(library->GetLibAttr(&found), S_OK);
+        const auto result = textOf(found->guid) + L" " + std::to_wstring(found->wMajorVerNum) + L"." +
+                            std::to_wstring(found->wMinorVerNum);
+        library->ReleaseTLibAttr(found);
+        return result;
     }
     std::wstring typeName(const TYPEDESC& type) const {
         switch (type.vt) {
@@ -108,16 +152,10 @@ const wchar_t* const events = L"VBIDE._CommandBarControlEvents {0002E197-0000-00
 const wchar_t* const command = L"Office.CommandBarControl {000C0308-0000-0000-C000-000000000046}";
 const wchar_t* const extensibility = L"VBIDE.IDTExtensibility {0002E151-0000-0000-C000-000000000046} 0";
 
-/// The type library inside the DLL. The outside libraries, which the IDE brings, are those that it was made
-/// with.
+/// The type library inside the DLL.
 class TypeLibrary : public testing::Test {
   protected:
-    TypeLibrary() {
-        GetCurrentDirectoryW(MAX_PATH, former);
-        SetCurrentDirectoryA(TYPE_LIBRARIES);
-        EXPECT_EQ(LoadTypeLibEx(Dll::path().c_str(), REGKIND_NONE, library.receive()), S_OK);
-    }
-    ~TypeLibrary() override { SetCurrentDirectoryW(former); }
+    TypeLibrary() { EXPECT_EQ(LoadTypeLibEx(Dll::path().c_str(), REGKIND_NONE, library.receive()), S_OK); }
 
     Type type(const wchar_t* id) const {
         GUID guid;
@@ -128,8 +166,8 @@ class TypeLibrary : public testing::Test {
     }
 
     Apartment apartment;
+    OutsideLibraries outside;
     com::Ptr<ITypeLib> library;
-    wchar_t former[MAX_PATH];
 };
 
 constexpr WORD hiddenDual = TYPEFLAG_FHIDDEN | TYPEFLAG_FDUAL | TYPEFLAG_FNONEXTENSIBLE;
@@ -150,11 +188,25 @@ TEST_F(TypeLibrary, HasItsIdentity) {
     EXPECT_EQ(file.substr(file.find_last_of(L'\\') + 1), L"FormatterHelp.chm");
 }
 
+TEST_F(TypeLibrary, RefersToThreeOutsideLibraries) {
+    std::set<std::wstring> libraries;
+    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+        com::Ptr<ITypeInfo> found;
+        ASSERT_EQ(library->GetTypeInfo(i, found.receive()), S_OK);
+        for (const std::wstring& one : Type(found).librariesReferredTo()) libraries.insert(one);
+    }
+    libraries.erase(L"{62F4B4DD-0200-11D9-B84C-9DC4C37C905E} 8.0"); // itself
+    EXPECT_THAT(libraries, ElementsAre(L"{00020430-0000-0000-C000-000000000046} 2.0",
+                                       L"{2DF8D04C-5BFA-101B-BDE5-00AA0044DE52} 2.0",
+                                       L"{EF404E00-EDA6-101A-8DAF-00DD010F7EBB} 5.3"));
+}
+
 TEST_F(TypeLibrary, DescribesTheFormattersInterface) {
     const Type type = this->type(L"{6D72C108-BF9E-45BD-BBE8-F70BEC0F7544}");
     EXPECT_EQ(type.name(), L"_CodeFormatter");
     EXPECT_EQ(type.attributes.typekind, TKIND_DISPATCH);
     EXPECT_EQ(type.attributes.wTypeFlags & hiddenDual, hiddenDual);
+    EXPECT_NE(type.asInterface().attributes.wTypeFlags & TYPEFLAG_FOLEAUTOMATION, 0);
     EXPECT_THAT(type.members(), ElementsAre(L"get IsLoaded() As Boolean", L"put IsLoaded(Boolean)",
                                             std::wstring(L"get MenuEvents() As ") + events + L"*",
                                             std::wstring(L"putref MenuEvents(") + events + L"*)",
@@ -167,6 +219,7 @@ TEST_F(TypeLibrary, DescribesTheIndexersInterface) {
     EXPECT_EQ(type.name(), L"_ContextHelpIndexer");
     EXPECT_EQ(type.attributes.typekind, TKIND_DISPATCH);
     EXPECT_EQ(type.attributes.wTypeFlags & hiddenDual, hiddenDual);
+    EXPECT_NE(type.asInterface().attributes.wTypeFlags & TYPEFLAG_FOLEAUTOMATION, 0);
     EXPECT_THAT(type.members(),
                 ElementsAre(L"get IsLoaded() As Boolean", L"put IsLoaded(Boolean)", L"get bOK() As Boolean",
                             L"put bOK(Boolean)", std::wstring(L"get MenuEvents() As ") + events + L"*",
