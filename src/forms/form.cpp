@@ -155,6 +155,13 @@ void Form::userClosed() {
     run([this] { unload(UnloadMode::CloseBox); });
 }
 
+void Form::hostClosed() {
+    run([this] {
+        unload();
+        if (isLoaded()) hide();
+    });
+}
+
 void Form::userActivated() {
     if (state_ == State::Loaded) run([this] { Form_Activate(); });
 }

@@ -91,6 +91,9 @@ class Form : public std::enable_shared_from_this<Form> {
 
     // What the user did, or the window system; called by the window behind the form.
     void userClosed();
+    /// The host destroys the window, for one with the window that owns it: unloads the form, which asks as
+    /// ever. One that does not agree keeps its values but is on the screen no more.
+    void hostClosed();
     void userActivated();
     void userClicked();
     void userMovedMouse();

@@ -102,7 +102,7 @@ void FormWindow::detach() {
     if (countsAsModeless_) desktop_.modelessShown(-1);
     countsAsModeless_ = false;
     desktop_.endModal(form);
-    if (window_ == nullptr) return;
+    if (window_ == nullptr || beingDestroyed_) return;
     releaseOwned();
     handFocusOn();
     ShowWindow(window_, SW_HIDE);
@@ -310,6 +310,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
     if (message == WM_NCDESTROY) { // somebody else's doing: with its owner, for one
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
         self->window_ = nullptr;
+        self->beingDestroyed_.reset();
         return DefWindowProcA(window, message, wParam, lParam);
     }
     return self->desktop_.guarded<LRESULT>(0, [&] { return self->handle(message, wParam, lParam); });
@@ -321,6 +322,10 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     if (reflect(message, wParam, lParam, result)) return result;
     switch (message) {
+    case WM_DESTROY: // not by us, who listen no more then
+        beingDestroyed_ = shared_from_this();
+        form_->hostClosed(); // while its texts can still be read
+        return 0;
     case WM_CLOSE:
         if (form_->borderStyle() != BorderStyle::FixedWithoutCloseBox) form_->userClosed();
         return 0;

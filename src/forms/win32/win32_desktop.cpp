@@ -103,7 +103,7 @@ HWND Win32Desktop::ownerNow(HWND except) const {
     HWND owner = GetActiveWindow();
     if (owner != nullptr && owner != except && IsWindowVisible(owner)) return owner;
     // The thread is in the background.
-    if (!modals_.empty() && topModal() != except) return topModal();
+    if (!modals_.empty() && topModal() != except && IsWindowVisible(topModal())) return topModal();
     const std::vector<HWND> windows = threadWindows();
     const auto found = std::find_if(windows.begin(), windows.end(), isMainWindowOfHost);
     return found == windows.end() ? nullptr : *found;

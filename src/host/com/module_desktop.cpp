@@ -69,7 +69,7 @@ class ModulePeer : public forms::Win32Peer {
         : Win32Peer(desktop, form), use_(desktop), form_(form) {}
 
     void show() override {
-        shown_ = form_.shared_from_this();
+        if (formWindow()->isThere()) shown_ = form_.shared_from_this();
         Win32Peer::show();
     }
     void hide() override {

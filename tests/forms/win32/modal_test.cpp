@@ -142,6 +142,17 @@ TEST_F(Modal, ADestroyedWindowEndsIt) {
     form->unload();
 }
 
+TEST_F(Modal, TheHostsEndEndsIt) {
+    auto going = std::make_unique<HostWindow>();
+    const auto page = shownForm();
+    const HWND window = windowOf(*page);
+    runModal([&] { going.reset(); });
+    EXPECT_FALSE(form->isLoaded());
+    EXPECT_EQ(1, form->count("unload"));
+    EXPECT_FALSE(page->isLoaded());
+    EXPECT_FALSE(IsWindow(window));
+}
+
 TEST_F(Modal, TheKeyboardWorksWithoutTheHostsLoop) {
     int seen = 0;
     form->onEvent = [&](const std::string& event) {

@@ -72,6 +72,84 @@ TEST_F(Windows, AFormWithoutACloseBoxCannotBeClosed) {
     EXPECT_EQ(0, form->count("query unload by the close box"));
 }
 
+// A host that destroys its window destroys with it the forms that the window owns.
+
+TEST_F(Windows, AFormIsUnloadedWhenTheHostsWindowGoes) {
+    auto host = std::make_unique<HostWindow>();
+    const auto form = shownForm();
+    const HWND window = windowOf(*form);
+    ASSERT_EQ(host->window(), GetWindow(window, GW_OWNER));
+    SetWindowTextA(windowOf(form->txtName), "typed");
+    std::string text;
+    int answered = 0;
+    form->onEvent = [&](const std::string& event) {
+        if (event != "query unload by code") return;
+        text = form->txtName.text();
+        const auto answers = answerBox("Save ?", IDYES);
+        answered = desktop().msgBox("Do you wish to save?", box::yesNo, "Save ?");
+    };
+    host.reset();
+    EXPECT_EQ("typed", text);
+    EXPECT_EQ(answer::yes, answered);
+    EXPECT_EQ(1, form->count("query unload by code"));
+    EXPECT_EQ(1, form->count("unload"));
+    EXPECT_FALSE(form->isLoaded());
+    EXPECT_FALSE(IsWindow(window));
+    form->onEvent = nullptr;
+    form->show(); // anew
+    EXPECT_TRUE(IsWindowVisible(windowOf(*form)));
+    form->unload();
+}
+
+TEST_F(Windows, AFormThatCancelsLosesItsWindowAllTheSame) {
+    auto host = std::make_unique<HostWindow>();
+    auto form = shownForm();
+    const HWND window = windowOf(*form);
+    form->cancelsUnload = true;
+    host.reset();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(form->visible());
+    EXPECT_TRUE(form->isLoaded()); // for a command that still works on it
+    EXPECT_EQ(0, form->count("unload"));
+    form->txtName.setText("more");
+    form->cmdOk.setEnabled(false);
+    form->cmdOk.setFocus();
+    form->setCaption("nobody sees it");
+    form->show();
+    form->hide();
+    EXPECT_EQ("more", form->txtName.text());
+    form->cancelsUnload = false;
+    EXPECT_TRUE(form->unload());
+    EXPECT_EQ(1, form->count("unload"));
+}
+
+TEST_F(Windows, AFormMayGoWithTheHostInItsOwnClick) {
+    auto host = std::make_unique<HostWindow>();
+    const auto form = shownForm();
+    form->onEvent = [&](const std::string& event) {
+        if (event != "cmdOk click") return;
+        host.reset();
+        EXPECT_FALSE(form->isLoaded());
+    };
+    click(form->cmdOk);
+    EXPECT_EQ(nullptr, host);
+    EXPECT_EQ(1, form->count("unload"));
+}
+
+TEST_F(Windows, AFormMayGoWithTheHostWhileItAsks) {
+    auto host = std::make_unique<HostWindow>();
+    const auto form = shownForm();
+    form->cancelsUnload = true;
+    form->onEvent = [&](const std::string& event) {
+        if (event == "query unload by code") host.reset();
+    };
+    EXPECT_FALSE(form->unload());
+    EXPECT_EQ(nullptr, host);
+    EXPECT_FALSE(form->visible());
+    form->cancelsUnload = false;
+    EXPECT_TRUE(form->unload());
+}
+
 TEST_F(Windows, AFormCanBeLoadedAgain) {
     const auto form = shownForm();
     form->txtName.setText("gone");
@@ -122,22 +200,6 @@ TEST_F(Windows, AFormIsOwnedByTheHostNotByAnotherForm) {
     EXPECT_EQ(host.window(), GetWindow(windowOf(*second), GW_OWNER));
     first->unload();
     EXPECT_TRUE(IsWindow(windowOf(*second)));
-}
-
-TEST_F(Windows, ADestroyedHostTakesTheWindowsButNotTheForm) {
-    std::shared_ptr<EveryControl> form;
-    {
-        HostWindow host;
-        form = shownForm();
-    }
-    pump();
-    EXPECT_TRUE(form->isLoaded());
-    form->lblName.setCaption("nobody sees it");
-    form->cmdOk.setEnabled(false);
-    form->cmdOk.setFocus();
-    form->setCaption("nor this");
-    form->hide();
-    EXPECT_TRUE(form->unload());
 }
 
 TEST_F(Windows, QuittingEndsAWait) {

@@ -109,8 +109,6 @@ TEST_F(Connection, AddsTheCommandAndRemovesItAgain) {
 
 TEST_F(Connection, IsMadeLateBoundToo) {
     make(formatterClass);
-    Dispatch late(extensibility.query<IDispatch>());
-    EXPECT_FALSE(com::isSameObject(extensibility, served));
     Dispatch connection{com::Ptr<IDispatch>(extensibility.get())};
     connection.call(L"OnConnection", Variant(served), std::int32_t(startup), Variant(), Variant());
     EXPECT_THAT(commands(), ElementsAre("Code Formatter"));
@@ -317,6 +315,82 @@ TEST_F(Connection, TheEditorOutlivesTheAddIn) {
     SendMessageA(Steps::window(editor), WM_SYSCOMMAND, SC_CLOSE, 0);
     settle();
     EXPECT_EQ(Steps::window(editor), nullptr);
+}
+
+// The IDE's main window, which owns those of the add-ins.
+HWND makeOwner() {
+    const HWND owner = CreateWindowExA(0, "STATIC", "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 400,
+                                       300, nullptr, nullptr, GetModuleHandleA(nullptr), nullptr);
+    SetActiveWindow(owner);
+    return owner;
+}
+
+BOOL CALLBACK typeIntoLines(HWND control, LPARAM) {
+    char name[16] = "";
+    GetClassNameA(control, name, sizeof name);
+    if (lstrcmpiA(name, "Edit") != 0 || (GetWindowLongA(control, GWL_STYLE) & ES_MULTILINE) == 0) return TRUE;
+    SendMessageA(control, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>("typed"));
+    return TRUE;
+}
+
+TEST_F(Connection, ThePageGoesWithTheIdesWindow) {
+    const HWND owner = makeOwner();
+    make(formatterClass);
+    connect(startup);
+    clickCommand();
+    ASSERT_EQ(GetWindow(Steps::window(page), GW_OWNER), owner);
+    EXPECT_TRUE(isLoaded());
+    DestroyWindow(owner);
+    EXPECT_EQ(Steps::window(page), nullptr);
+    EXPECT_FALSE(isLoaded());
+    clickCommand(); // a page anew
+    EXPECT_NE(Steps::window(page), nullptr);
+    disconnect();
+    release();
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
+}
+
+TEST_F(Connection, TheIndexersWindowsGoWithTheIdesWindow) {
+    const HWND owner = makeOwner();
+    make(indexerClass);
+    connect(startup);
+    {
+        Steps steps;
+        steps.thenPress(startMenu, "&Create a New Index");
+        clickCommand();
+    }
+    {
+        Steps steps;
+        steps.thenPress(startMenu, "&Add Entry to previously created Index");
+        clickCommand();
+    }
+    EXPECT_NE(Steps::window(editor), nullptr);
+    disconnect();
+    release();
+    EXPECT_EQ(dll.canUnloadNow(), S_FALSE); // the editor is open
+    EnumChildWindows(Steps::window(editor), typeIntoLines, 0);
+    Steps steps;
+    steps.thenPress("Save ?", "&No");
+    DestroyWindow(owner);
+    EXPECT_EQ(Steps::window(editor), nullptr);
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
+}
+
+TEST_F(Connection, TheIdesWindowMayGoDuringTheWait) {
+    const HWND owner = makeOwner();
+    make(indexerClass);
+    connect(startup);
+    Steps steps;
+    steps.then("the end", [&] {
+        if (Steps::window(startMenu) == nullptr) return false;
+        DestroyWindow(owner);
+        EXPECT_EQ(Steps::window(startMenu), nullptr);
+        disconnect();
+        release();
+        return true;
+    });
+    clickCommand();
+    EXPECT_EQ(dll.canUnloadNow(), S_OK);
 }
 
 TEST_F(Connection, EndsTheWizardThatIsOpen) {
