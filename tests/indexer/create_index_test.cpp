@@ -25,6 +25,7 @@ class Observer : public IndexerObserver {
     void StartNow() override { indicator += "start "; }
     void stopNow() override { indicator += "stop "; }
     void msgBox(const Message& message) override {
+        indicator += message.flags == 0 ? "box " : "";
         messages.push_back(message.text);
         flags = message.flags;
     }
@@ -91,6 +92,34 @@ TEST_F(CreateIndex, ClosesEachDesignerItHasActivated) {
     create();
     EXPECT_EQ(ide->calls->count("VBComponent.Activate"), 2);
     EXPECT_EQ(ide->calls->count("Window.Close"), 2);
+}
+
+TEST_F(CreateIndex, WorksOnADesignerInItsWindow) {
+    addExample();
+    job.options.ChkExclLbl = 1;
+    ide->project->components[0]->add("Label").with("Name", "lbl");
+    create();
+    EXPECT_THAT(ide->calls->all(),
+                ElementsAre("VBComponent.Activate", "VBComponent.Name", "VBComponent.Designer",
+                            "VBForm.VBControls", "VBControls.Count", //
+                            "VBControls.Item(1)", "VBControl.ClassName", "VBControl.Properties",
+                            "Properties.Item(\"Name\")", "Property.Value", //
+                            "VBControls.Item(2)", "VBControl.ClassName", "VBControl.Properties",
+                            "Properties.Item(\"Name\")", "Property.Value", //
+                            "VBControls.Item(3)", "VBControl.ClassName",   //
+                            "VBComponent.DesignerWindow", "Window.Close"));
+}
+
+TEST_F(CreateIndex, DoesNotSeeAControlThatIsAddedMeanwhile) {
+    addExample();
+    int controls = 0;
+    ide->calls->onCall = [&](const std::string& member) {
+        if (member == "VBControl.ClassName" && ++controls == 1)
+            ide->project->components[0]->add("TextBox").with("Name", "late");
+    };
+    EXPECT_EQ(create(), IndexOutcome::Created);
+    EXPECT_EQ(configuration(), exampleConfiguration);
+    EXPECT_EQ(ide->calls->count("VBControls.Count"), 1);
 }
 
 TEST_F(CreateIndex, WritesTheHeaderAndTheConfiguration) {
@@ -236,7 +265,7 @@ TEST_F(CreateIndex, EndsWithTheIDEsWordsWhenItRefusesTheName) {
     EXPECT_EQ(create(), IndexOutcome::ModuleRefused);
     EXPECT_THAT(observer.messages, ElementsAre("Not a legal object name: ''"));
     EXPECT_EQ(observer.flags, 0);
-    EXPECT_EQ(observer.indicator, "stop ");
+    EXPECT_EQ(observer.indicator, "box stop ");
     EXPECT_EQ(ide->project->components.size(), 2U); // the added module stays
     EXPECT_THAT(folder.names(), IsEmpty());
 }
@@ -246,7 +275,7 @@ TEST_F(CreateIndex, LeavesTheLinesThatAreWrittenWhenTheIDEFails) {
     ide->calls->fail("Property.Value", 2, RunTimeError(ErrorNumber::MemberNotSupported));
     EXPECT_EQ(create(), IndexOutcome::Failed);
     EXPECT_THAT(observer.messages, ElementsAre("Object doesn't support this property or method"));
-    EXPECT_EQ(observer.indicator, "start stop ");
+    EXPECT_EQ(observer.indicator, "start box stop ");
     EXPECT_EQ(header(), "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n");
     EXPECT_EQ(configuration(), "<P>frmMain</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n");
     EXPECT_THAT(observer.proc, ElementsAre("creating files Please wait.."));
@@ -258,6 +287,14 @@ TEST_F(CreateIndex, EndsAtADesignerThatIsNotThere) {
     EXPECT_EQ(create(), IndexOutcome::Failed);
     EXPECT_THAT(observer.messages, ElementsAre("Object variable or With block variable not set"));
     EXPECT_EQ(configuration(), exampleConfiguration + "<P>frmBad</P>\r\n");
+}
+
+TEST_F(CreateIndex, LeavesNoHalfProcedureForADesignerThatIsNotThere) {
+    addDesigner("frmBad", {})->hasDesigner = false;
+    job.options.ChkAutoLoad = 1;
+    EXPECT_EQ(create(), IndexOutcome::Failed);
+    EXPECT_EQ(configuration(), "<P>frmBad</P>\r\n");
+    EXPECT_THAT(module()->code->lines, IsEmpty());
 }
 
 // Whatever call fails, the command ends with its words, an indicator that stands still and closed files.
@@ -300,7 +337,7 @@ TEST_F(CreateIndex, EndsAtAFileThatCannotBeWritten) {
         job.headerPath = path;
         EXPECT_EQ(create(), IndexOutcome::Failed) << path;
         EXPECT_THAT(observer.messages, ElementsAre(words)) << path;
-        EXPECT_EQ(observer.indicator, "start stop ");
+        EXPECT_EQ(observer.indicator, "start box stop ");
         job.headerPath = good;
         job.configurationPath = path;
         observer = Observer();

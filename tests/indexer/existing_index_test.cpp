@@ -92,6 +92,18 @@ TEST_F(ExistingIndex, LosesNothingWhenTheTextsCannotBeSaved) {
     }
 }
 
+TEST_F(ExistingIndex, WritesNoLineOverTextsThatCouldNotBeRead) {
+    index.unreadTextFiles = {info[slot::text]};
+    for (const bool bFilesPrompted : {false, true}) {
+        const auto saved = save(bFilesPrompted);
+        EXPECT_FALSE(saved.texts);
+        EXPECT_EQ(saved.indexFiles, !bFilesPrompted);
+        EXPECT_EQ(saved.status, "Status: Error while saving text file..");
+        EXPECT_EQ(folder.read("a.txt"), oldTexts);
+        EXPECT_EQ(folder.read("a.hcnf"), "mappings");
+    }
+}
+
 TEST_F(ExistingIndex, NeedsTheMappingsAndTheTexts) {
     EXPECT_TRUE(indexFilesExist(info));
     for (const auto which : {slot::configuration, slot::text}) {

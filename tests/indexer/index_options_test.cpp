@@ -30,6 +30,16 @@ TEST(SetDefOption, ChecksTheBoxesOfTheProjectsType) {
     EXPECT_EQ(checkedFor(4), "");
 }
 
+TEST(SetDefOption, ReadsTheTypeAnewForEachTest) {
+    for (int type = 0; type <= 4; ++type) {
+        const auto ide = test::FakeIde::make();
+        ide->project->type = static_cast<ide::ProjectType>(type);
+        IndexOptions options;
+        SetDefOption(*ide->project, options);
+        EXPECT_EQ(ide->calls->count("VBProject.Type"), type == 2 ? 3 : 4) << type;
+    }
+}
+
 TEST(SetDefOption, ClearsNoBox) {
     const auto ide = test::FakeIde::make();
     IndexOptions options;

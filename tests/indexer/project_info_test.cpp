@@ -88,6 +88,17 @@ TEST(ReadProjectFile, AcceptsEmptyModuleValues) {
     EXPECT_EQ(read[slot::moduleFile], "");
 }
 
+TEST(ReadProjectFile, ForgetsTheValuesOfTheFileBefore) {
+    ProjectInfo info;
+    info.fill("old");
+    EXPECT_TRUE(readProjectInfo(joined(wholeLines(), 2), info));
+    EXPECT_EQ(info[slot::projectName], "Proj");
+    EXPECT_EQ(info[slot::header] + info[slot::text], "");
+    info.fill("old");
+    EXPECT_FALSE(ReadProjectFile("/none/none.icp", info));
+    EXPECT_EQ(info, ProjectInfo());
+}
+
 TEST(ReadProjectFile, TakesLinesAsEveryEditorEndsThem) {
     for (const std::string end : {"\r\n", "\n", "\r"}) {
         std::string bytes;

@@ -180,6 +180,40 @@ TEST(SaveTextFile, LeavesTheOldTextsAloneWhenItFails) {
     EXPECT_EQ(folder.names().size(), 1U);
 }
 
+TEST(SaveTextFile, ReplacesNoFileThatCouldNotBeRead) {
+    const TemporaryFolder folder;
+    const std::string binary(100, '\1');
+    const auto path = folder.write("a.txt", binary).string();
+    const auto other = folder.write("b.txt", ".topic  IDH_AAAB\r\nSaves.\r\n").string();
+    auto index = indexOf({"IDH_AAAB"});
+    LoadTextEntries((folder.path() / "none").string(), index); // nothing can be lost
+    LoadTextEntries(other, index);
+    EXPECT_TRUE(SaveTextFile((folder.path() / "none").string(), index));
+    LoadTextEntries(path, index);
+    EXPECT_FALSE(SaveTextFile(path, index));
+    EXPECT_FALSE(SaveTextFile((folder.path() / "." / "a.txt").string(), index));
+    LoadTextEntries(other, index); // which does not change that
+    EXPECT_FALSE(SaveTextFile(path, index));
+    EXPECT_EQ(folder.read("a.txt"), binary);
+    EXPECT_TRUE(SaveTextFile(other, index));
+    folder.write("a.txt", "");
+    LoadTextEntries(path, index);
+    EXPECT_TRUE(SaveTextFile(path, index));
+    index.unreadTextFiles.push_back(path);
+    index.clear(); // another index
+    EXPECT_TRUE(SaveTextFile(path, index));
+}
+
+// The search goes on where the last topic was found; of two entries with one name the first has it.
+TEST(TextFile, FindsTheFirstOfEntriesWithOneNameWhereverTheSearchStands) {
+    auto index = indexOf({"IDH_AAAB", "IDH_AAAC", "IDH_AAAC", "IDH_AAAD"});
+    readTextEntries(".topic  IDH_AAAC\r\none\r\n.topic  IDH_AAAC\r\ntwo\r\n.topic  IDH_AAAD\r\nlast\r\n",
+                    index);
+    EXPECT_EQ(index.entries[2].HelpText, " two");
+    EXPECT_EQ(index.entries[3].HelpText, "old");
+    EXPECT_EQ(index.entries[4].HelpText, " last");
+}
+
 TEST(TextFile, IsTheSameWhenWrittenAgain) {
     std::mt19937 random(11);
     const std::string words[] = {"Saves", "the", "file.", ".", "\xE4", "topic", "  ", "IDH_AAAB", "\t"};

@@ -245,13 +245,79 @@ TEST_F(IndexerTexts, StayWhenTheyCannotBeSaved) {
     EXPECT_EQ(saved("IDH_AAAB"), "typed");
 }
 
-TEST_F(IndexerTexts, LeaveTheKeysOfTheListsToThem) {
+TEST_F(IndexerTexts, ReplaceNoFileThatCouldNotBeRead) {
+    const auto utf16 = std::string("\xFF\xFE.\0t\0o\0p\0i\0c\0 \0", 16);
+    folder.write("b.txt", utf16);
+    const auto expectNotSaved = [&](FrmIndexer& form) {
+        desktop.answerNextBox(ok);
+        click(form.CmdProc);
+        EXPECT_EQ(lastBox(), "Corvelle|48|Errors occured while saving file. ");
+        EXPECT_EQ(folder.read("b.txt"), utf16);
+        EXPECT_THAT(form.TxtRV.text(), testing::Not(HasSubstr("Created Text file: " + pathOf("b.txt"))));
+    };
     FrmIndexer& form = showStageThree();
-    for (auto* list : {&form.cboDsr, &form.CboCtl}) {
-        ASSERT_TRUE(list->onKeyDown);
-        EXPECT_TRUE(desktop.press(*list, 65));
-        EXPECT_EQ(list->listIndex(), 0);
-    }
+    desktop.chooseNextFile(pathOf("b.txt"));
+    click(form.Command2(2));
+    expectNotSaved(form);
+    click(form.CmdClose); // as it is when the stage is entered
+    EXPECT_EQ(form.Text1(2).text(), pathOf("b.txt"));
+    click(form.CmdNext);
+    expectNotSaved(form);
+    form.Text1(2).setText(pathOf("a.txt"));
+    save(form);
+    form.Text1(2).setText(pathOf("b.txt"));
+    expectNotSaved(form);
+    folder.write("b.txt", ".topic  IDH_AAAB\r\nKnown.\r\n");
+    desktop.chooseNextFile(pathOf("b.txt"));
+    click(form.Command2(2));
+    EXPECT_EQ(form.txtHelp.text(), " Known.");
+    save(form);
+}
+
+TEST_F(IndexerTexts, AreNotReadFromAFileWhosePathIsTyped) {
+    FrmIndexer& form = showStageThree();
+    folder.write("b.txt", ".topic  IDH_AAAB\r\nKnown.\r\n");
+    EXPECT_TRUE(desktop.type(form.Text1(2), pathOf("b.txt")));
+    choose(form, 0, 1);
+    choose(form, 0, 0);
+    EXPECT_EQ(form.txtHelp.text(), "");
+}
+
+// Nothing is said of a file that cannot be read; it counts as empty.
+TEST_F(IndexerTexts, SayNothingOfAFileThatCannotBeRead) {
+    FrmIndexer& form = showCreated();
+    folder.write("a.txt", std::string(100, '\1'));
+    folder.write("a.hcnf", std::string(100, '\1'));
+    form.Text1(2).setText(pathOf("a.txt"));
+    click(form.CmdNext);
+    EXPECT_THAT(desktop.boxes(), IsEmpty());
+    EXPECT_EQ(form.caption(), "Help Context ID Indexer :Stage 3 of 4");
+    EXPECT_EQ(form.cboDsr.listCount(), 0);
+}
+
+// Kept as it has always been: the display of a control without a text of its own counts as a text too.
+TEST_F(IndexerTexts, TakeWhatIsShownForAControlWithoutOneIntoTheFirst) {
+    FrmIndexer& form = showStageThree(".topic  IDH_AAAA\r\nNothing.\r\n.topic  IDH_AAAB\r\nfirst\r\n"
+                                      ".topic  IDH_AAAD\r\nthird\r\n");
+    choose(form, 0, 1);
+    desktop.answerNextBox(yes);
+    click(form.CmdDel);
+    desktop.choose(form.cboDsr, 1);
+    choose(form, 1, 1);
+    click(form.CmdDef);
+    desktop.choose(form.cboDsr, 0);
+    save(form);
+    EXPECT_EQ(saved("IDH_AAAB"), "This control is deleted from Index..");
+    EXPECT_EQ(saved("IDH_AAAD"), " Nothing.");
+}
+
+TEST_F(IndexerTexts, AreLoadedUnderAnHourglass) {
+    FrmIndexer& form = showCreated();
+    desktop.answerNextBox(ok, [&] { EXPECT_EQ(form.mousePointer(), forms::MousePointer::Hourglass); });
+    click(form.CmdNext);
+    EXPECT_EQ(form.mousePointer(), forms::MousePointer::Default);
+    EXPECT_EQ(form.CmdDef.toolTipText(), "Asign the default message to selected control");
+    EXPECT_EQ(form.CmdDel.toolTipText(), "Remove selected control from Indexing");
 }
 
 TEST_F(IndexerTexts, EndWithTheirWindow) {

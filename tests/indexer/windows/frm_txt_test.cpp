@@ -433,6 +433,19 @@ TEST_F(TextEntryWindow, OffersANewTextFileWhereOnlyThatIsMissing) {
     EXPECT_THAT(folder.read("p.icp"), testing::HasSubstr("Text File= " + pathOf("a.txt")));
 }
 
+// A project file that ends early is valid.
+TEST_F(TextEntryWindow, OffersATextFileToAProjectThatNamesNone) {
+    const auto whole = folder.read("p.icp");
+    folder.write("p.icp", whole.substr(0, whole.find("Text File= ")));
+    auto& window = show();
+    answer(ok);
+    desktop.answerNextBox(yes, [&] { desktop.chooseNextFile(pathOf("new.txt")); });
+    openProject();
+    EXPECT_EQ(window.txtPrj.text(), project("new.txt"));
+    EXPECT_EQ(status(), readyStatus);
+    EXPECT_EQ(folder.read("new.txt"), "");
+}
+
 TEST_F(TextEntryWindow, AsksOnceWhereTheNewTextFileIsMissingToo) {
     std::filesystem::remove(folder.path() / "a.txt");
     auto& window = show();
