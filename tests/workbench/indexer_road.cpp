@@ -43,7 +43,9 @@ IndexerRoad::IndexerRoad() {
 }
 
 IndexerRoad::~IndexerRoad() {
-    if (!excludeListBefore_.empty()) ExcludeListSetting().write(excludeListBefore_);
+    const ExcludeListSetting setting;
+    setting.erase();
+    if (!excludeListBefore_.empty()) setting.write(excludeListBefore_);
 }
 
 void IndexerRoad::startIndexer(const std::string& file) {
@@ -56,9 +58,7 @@ HWND IndexerRoad::openStartMenu() const {
 }
 
 HWND IndexerRoad::openWizard(HWND startMenu) const {
-    clickUntil(startMenu, "&Create a New Index", "the question",
-               [this] { return seesBox("File not found.."); });
-    user().answer("File not found..", IDNO);
+    clickAndAnswer(startMenu, "&Create a New Index", "File not found..", IDNO);
     return user().windowWith("&Analyse");
 }
 
@@ -84,8 +84,12 @@ void IndexerRoad::goToSecondStage(HWND wizard) const {
 
 void IndexerRoad::chooseFile(HWND form, const std::string& button, const std::string& title,
                              const std::string& file) const {
-    constexpr int nameField = 0x47C;
     clickUntil(form, button, "the file dialog", [&] { return seesBox(title); });
+    answerDialog(title, file);
+}
+
+void IndexerRoad::answerDialog(const std::string& title, const std::string& file) const {
+    constexpr int nameField = 0x47C;
     const HWND dialog = user().box(title);
     Sleep(300); // it fills itself first
     ask(GetDlgItem(dialog, nameField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));

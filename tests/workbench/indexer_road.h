@@ -24,7 +24,9 @@ class IndexerRoad : public WithAddIns {
     static void tick(HWND wizard, const std::string& option);
     void analyse(HWND wizard) const;
     void goToSecondStage(HWND wizard) const;
-    /// Opens the file dialog of that title by the button and chooses a file there, new or not.
+    /// Chooses a file, new or not, in the file dialog of that title.
+    void answerDialog(const std::string& title, const std::string& file) const;
+    /// The same in the dialog that the button brings up.
     void chooseFile(HWND form, const std::string& button, const std::string& title,
                     const std::string& file) const;
     /// Presses a button and answers the box that it brings up, whose text is given back.

@@ -240,6 +240,33 @@ TEST_F(WholeIndexerRoad, LeavesTheFilesThatTheCommandLineLeaves) {
     EXPECT_EQ("0", autoShow()); // both windows were closed
 }
 
+TEST_F(WholeIndexerRoad, KeepsTheListOfWhatIsNotIndexed) {
+    folder.write("exclude.lst", "CommandButton  textbox Label\r\nComboBox\r\n");
+    startIndexer();
+    const auto asks = clickAndAnswer(openStartMenu(), "&Create a New Index", "File not found..", IDYES);
+    EXPECT_EQ(0U, asks.find("The filepath containing list of controls")) << asks;
+    answerDialog("Open", path("exclude.lst"));
+    close(user().windowWith("&Analyse"));
+
+    clickUntil(openStartMenu(), "&Create a New Index", "the wizard", // nobody is asked again
+               [this] { return user().sees("&Analyse"); });
+    const HWND wizard = user().windowWith("&Analyse");
+    analyse(wizard);
+    goToSecondStage(wizard);
+    const auto boxes = User::controls(wizard, "Edit");
+    type(boxes.at(0), path("a.h"));
+    type(boxes.at(1), path("a.hcnf"));
+    clickUntil(wizard, "&Create", "the index", [wizard] { return User::isEnabled(wizard, "&Next"); });
+    runCorvelle({"index", "--exclude-list", path("exclude.lst"), "--header", copyPath("a.h"), "--config",
+                 copyPath("a.hcnf"), copyPath("Stockroom.vbp")});
+    for (const char* name : {"a.h", "a.hcnf", "Stockroom.vbp"}) expectAsTheCommandLine(name);
+    EXPECT_EQ(std::string::npos, folder.read("a.hcnf").find(" TextBox "));
+    EXPECT_NE(std::string::npos, folder.read("a.hcnf").find(" ComboBox "));
+    command(IDM_EXIT);
+    EXPECT_EQ(0U, waitForEnd());
+    EXPECT_EQ("1", autoShow()); // the wizard was open
+}
+
 } // namespace
 
 } // namespace corvelle::workbench::tests
