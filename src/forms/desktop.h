@@ -35,6 +35,9 @@ class Desktop {
     virtual bool waitForEvents() = 0;
     /// Whether the program has been told to quit.
     virtual bool isQuitting() const = 0;
+    /// A call from outside wants a window shown. Unless a wait of ours is around it, what was told to quit
+    /// before was a loop of the host's and not the program.
+    virtual void calledFromOutside() {}
     /// Shows the form above all other windows of the thread, which are disabled meanwhile, and returns when
     /// it is hidden or unloaded or the program quits.
     virtual void runModal(Form& form) = 0;

@@ -12,6 +12,7 @@ CodeFormatter::CodeFormatter(forms::Desktop& desktop) : AddIn(desktop, "Code For
 CodeFormatter::~CodeFormatter() = default;
 
 void CodeFormatter::Show() {
+    desktop().calledFromOutside();
     const auto self = std::static_pointer_cast<CodeFormatter>(shared_from_this());
     base::ignoringErrors([this] {
         if (!frmMain_) frmMain_ = std::make_shared<formatter::frmMain>(desktop());

@@ -16,6 +16,7 @@ ContextHelpIndexer::ContextHelpIndexer(forms::Desktop& desktop) : AddIn(desktop,
 ContextHelpIndexer::~ContextHelpIndexer() = default;
 
 void ContextHelpIndexer::Show() {
+    desktop().calledFromOutside();
     const auto self = std::static_pointer_cast<ContextHelpIndexer>(shared_from_this());
     if (const auto waiting = startMenu_) {
         if (!bOK_) base::ignoringErrors([&] { waiting->show(); });

@@ -26,7 +26,8 @@ class ContextHelpIndexer : public AddIn, public indexer::AddInManager {
     void setbOK(bool chosen) override { bOK_ = chosen; }
 
     /// Asks the start menu and shows the wizard or the editor. A call while the start menu waits brings it to
-    /// the front. A disconnection or the program's end closes the start menu, and then nothing is shown.
+    /// the front. A disconnection or the program's end closes the start menu, and then nothing is shown. Nor
+    /// is anything if the start menu fails: there would be nothing to wait for.
     void Show() override;
     /// The editor is not touched.
     void Hide() override;

@@ -168,6 +168,11 @@ void Win32Desktop::doEvents() {
     if (vainYields_ >= manyYields && now == lastVainYield_) return;
     ++vainYields_;
     lastVainYield_ = now;
+    ++loops_;
+    const struct Ended {
+        int& loops;
+        ~Ended() { --loops; }
+    } ended{loops_};
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         vainYields_ = 0;

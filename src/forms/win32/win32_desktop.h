@@ -37,6 +37,9 @@ class Win32Desktop : public Desktop {
     void doEvents() override;
     bool waitForEvents() override;
     bool isQuitting() const override { return quitting_; }
+    void calledFromOutside() override {
+        if (loops_ == 0 && openBoxes_ == 0) quitting_ = false;
+    }
     void runModal(Form& form) override;
     std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) override;
     void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) override;
@@ -119,6 +122,7 @@ class Win32Desktop : public Desktop {
     int lastModal_ = 0;
     int modeless_ = 0;
     int openBoxes_ = 0;
+    int loops_ = 0; // of our own on the stack
     bool quitting_ = false;
     bool textLate_ = false;
     bool flushTimerOn_ = false;

@@ -202,6 +202,23 @@ TEST_F(Windows, AFormIsOwnedByTheHostNotByAnotherForm) {
     EXPECT_TRUE(IsWindow(windowOf(*second)));
 }
 
+TEST_F(Windows, AQuitThatALoopOfTheHostsTookIsOverWithTheNextCallFromOutside) {
+    const auto form = shownForm();
+    PostQuitMessage(0);
+    pump();
+    EXPECT_TRUE(desktop().isQuitting());
+    form->onEvent = [&](const std::string& event) {
+        if (event == "cmdOk click") desktop().calledFromOutside(); // inside a loop of ours
+    };
+    MSG message;
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    click(form->cmdOk);
+    EXPECT_EQ(1, form->count("cmdOk click"));
+    EXPECT_TRUE(desktop().isQuitting());
+    desktop().calledFromOutside();
+    EXPECT_FALSE(desktop().isQuitting());
+}
+
 TEST_F(Windows, QuittingEndsAWait) {
     const auto form = shownForm();
     const Helper quits([thread = GetCurrentThreadId()] {

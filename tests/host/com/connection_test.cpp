@@ -296,6 +296,10 @@ TEST_F(Connection, TheProgramsEndEndsTheWaitAndIsToldOn) {
     MSG message{};
     ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 7U);
+    // Only a loop of the IDE's ended.
+    steps.thenPress(startMenu, nothing);
+    clickCommand();
+    EXPECT_TRUE(com::booleanOf(Dispatch(object).get(L"bOK")));
     disconnect();
 }
 
