@@ -63,6 +63,18 @@ bool isSame(const std::wstring& a, const std::wstring& b) {
     return lstrcmpiW(a.c_str(), b.c_str()) == 0;
 }
 
+// As one may write it in more ways than one, a path of a file that is there.
+std::wstring longName(const std::wstring& path) {
+    std::wstring name(GetLongPathNameW(path.c_str(), nullptr, 0), L'\0');
+    const DWORD length = GetLongPathNameW(path.c_str(), name.data(), static_cast<DWORD>(name.size()));
+    if (length == 0 || length >= name.size()) return path;
+    return name.substr(0, length);
+}
+
+bool isSameFile(const std::wstring& a, const std::wstring& b) {
+    return isSame(longName(a), longName(b));
+}
+
 /// What a container wants to know of a control before it makes one.
 void registerControl(const std::wstring& path, const std::wstring& file) {
     set(path + L"\\Control", L"");
@@ -91,7 +103,7 @@ void registerClass(const ComClass& entry, const LibraryKey& library, const std::
 void unregisterClass(const ComClass& entry, const std::wstring& file) {
     const std::wstring path = classPath(entry);
     const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, path + L"\\InprocServer32");
-    if (registered && !isSame(*registered, file)) return; // another copy's
+    if (registered && !isSameFile(*registered, file)) return; // another copy's
     RegistryKey::remove(HKEY_CLASSES_ROOT, path);
     const std::wstring progId = entry.progId;
     const auto id = RegistryKey::text(HKEY_CLASSES_ROOT, progId + L"\\CLSID");
@@ -101,7 +113,7 @@ void unregisterClass(const ComClass& entry, const std::wstring& file) {
 void unregisterTypeLibrary(const std::wstring& file) {
     const LibraryKey key;
     const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, key.filePath());
-    if (!registered || !isSame(*registered, file)) return; // another copy's
+    if (!registered || !isSameFile(*registered, file)) return; // another copy's
     const TLIBATTR& of = key.attributes();
     const HRESULT result = UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind);
     if (FAILED(result)) throw com::HresultError(result);

@@ -19,7 +19,7 @@ Function* exported(HMODULE module, const char* name) {
 
 } // namespace
 
-Dll::Dll() : module_(LoadLibraryW(path().c_str())) {
+Dll::Dll(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {
     if (module_ == nullptr) throw std::runtime_error("the DLL cannot be loaded");
 }
 

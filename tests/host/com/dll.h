@@ -13,7 +13,7 @@ extern const CLSID formatterClass, indexerClass;
 /// The DLL as it is shipped, loaded by its path and asked through its exports.
 class Dll {
   public:
-    Dll();
+    explicit Dll(const std::wstring& path = Dll::path());
     ~Dll() { FreeLibrary(module_); }
     Dll(const Dll&) = delete;
     Dll& operator=(const Dll&) = delete;

@@ -2,6 +2,7 @@
 #include "host/com/outside_libraries.h"
 #include "host/com/registered.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <initializer_list>
 #include <string>
@@ -85,6 +86,22 @@ TEST_F(Registration, LeavesWhatAnotherCopyHasEntered) {
         EXPECT_EQ(value(L"Corvelle.ContextHelpIndexer"), L"(none)");
         set(server, Dll::path());
     }
+}
+
+TEST_F(Registration, KnowsItsOwnEntryByAShortPathToo) {
+    const std::wstring server = L"CLSID\\{62F4B4DF-0200-11D9-B84C-9DC4C37C905E}\\InprocServer32";
+    const corvelle::test::TemporaryFolder folder;
+    const auto copy = folder.path() / "A folder with a long name" / "Corvelle.dll";
+    std::filesystem::create_directory(copy.parent_path());
+    ASSERT_TRUE(CopyFileW(Dll::path().c_str(), copy.c_str(), TRUE));
+    wchar_t shortPath[MAX_PATH] = L"";
+    ASSERT_NE(GetShortPathNameW(copy.c_str(), shortPath, MAX_PATH), 0U);
+    ASSERT_NE(copy.wstring(), shortPath);
+    const Dll dll(copy.wstring());
+    EXPECT_EQ(dll.registerServer(), S_OK);
+    set(server, shortPath);
+    EXPECT_EQ(dll.unregisterServer(), S_OK);
+    EXPECT_TRUE(Registered::traces().empty());
 }
 
 // A script of an independent client.
