@@ -121,7 +121,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     bool activationWaits_ = false; // for a box to be closed
     bool focusDue_ = false;        // it was shown while a modal window or a box had disabled it
     int serving_ = 0;
-    bool gone_ = false; // to be destroyed when nothing is served any more
+    bool gone_ = false;                          // to be destroyed when nothing is served any more
     std::shared_ptr<FormWindow> beingDestroyed_; // itself, while somebody else destroys the window
 
     Control* focused_ = nullptr;
