@@ -1,5 +1,7 @@
+#include "base/file.h"
 #include "base/temporary_folder.h"
 #include "fakes/fake_ide.h"
+#include "fakes/open_files.h"
 #include "indexer/create_index.h"
 
 #include <gmock/gmock.h>
@@ -69,17 +71,6 @@ class CreateIndex : public testing::Test {
     Report report;
     Observer observer;
 };
-
-// How many files this process has open, where the system tells; Wine would tell of its own as well.
-std::ptrdiff_t openFiles() {
-#ifdef _WIN32
-    return 0;
-#else
-    std::error_code ignored;
-    const std::filesystem::directory_iterator files("/proc/self/fd", ignored);
-    return std::distance(begin(files), end(files));
-#endif
-}
 
 const std::string exampleHeader =
     "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n#define IDH_AAAC  1002\r\n";
@@ -297,6 +288,12 @@ TEST_F(CreateIndex, LeavesNoHalfProcedureForADesignerThatIsNotThere) {
     EXPECT_THAT(module()->code->lines, IsEmpty());
 }
 
+TEST_F(CreateIndex, OpenFilesAreSeen) { // by the tests that look for them
+    const auto before = test::openFiles(folder.path());
+    base::OutputFile file(folder.path() / "a.h");
+    EXPECT_EQ(test::openFiles(folder.path()), before + 1);
+}
+
 // Whatever call fails, the command ends with its words, an indicator that stands still and closed files.
 TEST_F(CreateIndex, SurvivesAFailureOfAnyCall) {
     addExample();
@@ -304,7 +301,7 @@ TEST_F(CreateIndex, SurvivesAFailureOfAnyCall) {
     job.options.ChkIDMap = job.options.ChkAutoLoad = 1;
     const auto before = ide->project->components;
     create();
-    const auto openBefore = openFiles();
+    const auto openBefore = test::openFiles(folder.path());
     const auto calls = static_cast<int>(ide->calls->all().size());
     for (int n = 1; n <= calls; ++n) {
         ide->project->components = before;
@@ -315,7 +312,7 @@ TEST_F(CreateIndex, SurvivesAFailureOfAnyCall) {
         EXPECT_NE(create(), IndexOutcome::Created) << n;
         EXPECT_THAT(observer.messages, ElementsAre("Invalid procedure call or argument")) << n;
         EXPECT_THAT(observer.indicator, testing::EndsWith("stop ")) << n;
-        EXPECT_EQ(openFiles(), openBefore) << n;
+        EXPECT_EQ(test::openFiles(folder.path()), openBefore) << n;
     }
 }
 
@@ -366,9 +363,9 @@ TEST_F(CreateIndex, EndsBetweenTwoDesignersWhenItIsStopped) {
     addDesigner("g", {{"a", "TextBox"}});
     job.options.ChkIDMap = job.options.ChkAutoLoad = 1;
     observer.stopAtYield = 2; // the first designer's first control
-    const auto files = openFiles();
+    const auto files = test::openFiles(folder.path());
     EXPECT_EQ(create(), IndexOutcome::Stopped);
-    EXPECT_EQ(openFiles(), files);
+    EXPECT_EQ(test::openFiles(folder.path()), files);
     EXPECT_EQ(header(), exampleHeader);
     EXPECT_EQ(configuration(), exampleConfiguration);
     EXPECT_THAT(module()->code->lines, testing::Contains("End Sub"));

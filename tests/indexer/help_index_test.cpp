@@ -10,7 +10,9 @@ TEST(HelpIndex, HoldsTheDefaultEntryAloneWhenCleared) {
     index.designers = {"frmMain"};
     index.entries.front().HelpText = "text";
     index.entries.push_back({1, "IDH_AAAB", "cmdOK", "CommandButton", ""});
+    index.unreadTextFiles = {"a.txt"};
     index.clear();
+    EXPECT_TRUE(index.unreadTextFiles.empty());
     EXPECT_TRUE(index.designers.empty());
     ASSERT_EQ(index.entries.size(), 1U);
     EXPECT_EQ(index.count(), 0U);

@@ -164,5 +164,39 @@ TEST_F(TextEditorOnScreen, LeavesTheFilesThatTheCommandLineLeaves) {
     EXPECT_NE(folder.read("window/a.txt").find(".topic  IDH_AAAB\r\nTells the time\r\n"), std::string::npos);
 }
 
+// What the windows do about the keys of their lists keeps none of them from the list.
+TEST_F(TextEditorOnScreen, LeavesTheKeysOfTheListsToThem) {
+    letUserWork([&](const User& user) {
+        const HWND window = user.windowWith("Set &Default");
+        openProject(user, window, path("window", "a.icp"));
+        User::waitForText(window, "Static", " Status: Ready to accept Text entries...");
+        for (const HWND list : User::controls(window, "ComboBox")) {
+            const auto last = SendMessageA(list, CB_GETCOUNT, 0, 0) - 1;
+            ASSERT_GT(last, 0);
+            const auto expectRow = [&](const char* key, LRESULT row) {
+                User::waitUntil(std::string("the row after ") + key,
+                                [&] { return SendMessageA(list, CB_GETCURSEL, 0, 0) == row; });
+            };
+            User::press(list, VK_END);
+            expectRow("End", last);
+            User::press(list, VK_HOME);
+            expectRow("Home", 0);
+            User::press(list, VK_DOWN);
+            expectRow("Down", 1);
+            User::press(list, VK_UP);
+            expectRow("Up", 0);
+            char name[256] = "";
+            SendMessageA(list, CB_GETLBTEXT, 1, reinterpret_cast<LPARAM>(name));
+            const auto found =
+                SendMessageA(list, CB_FINDSTRING, 0, reinterpret_cast<LPARAM>(std::string(name, 1).c_str()));
+            ASSERT_NE(found, 0);
+            PostMessageA(list, WM_CHAR, static_cast<unsigned char>(name[0]), 0);
+            expectRow("a letter", found);
+        }
+        user.click(window, "&Close");
+        User::waitUntil("the window to go", [&] { return !IsWindow(window); });
+    });
+}
+
 } // namespace
 } // namespace corvelle::indexer::tests

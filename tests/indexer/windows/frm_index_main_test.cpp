@@ -165,10 +165,5 @@ TEST_F(StartMenu, TheAboutBoxIsModalAndComesBackToTheMenu) {
     EXPECT_TRUE(desktop.click(menu->Command1));
 }
 
-TEST_F(StartMenu, EveryMenuStartsAtTheFirstChoice) {
-    desktop.click(menu->Command3);
-    EXPECT_EQ(std::make_shared<FrmIndex_Main>(desktop)->myMode, 0);
-}
-
 } // namespace
 } // namespace corvelle::indexer

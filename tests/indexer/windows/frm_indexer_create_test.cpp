@@ -158,6 +158,35 @@ TEST_F(IndexerCreate, ChecksTheModulesNameAsItsBoxIsLeft) {
     }
 }
 
+TEST_F(IndexerCreate, KeepsAModulesNameThatItCannotCheck) {
+    FrmIndexer& form = showStageTwo();
+    const auto leave = [&](const std::string& words) {
+        desktop.tabTo(form.txtModule);
+        desktop.type(form.txtModule, " modHelp");
+        desktop.answerNextBox(ok);
+        desktop.tabTo(form.Text1(3));
+        EXPECT_EQ(lastBox(), "Corvelle|0|" + words);
+        EXPECT_EQ(form.txtModule.text(), " modHelp");
+    };
+    calls.fail("", 1, disaster);
+    leave("Method '~' of object '~' failed");
+    ide->project = nullptr;
+    leave("Object variable or With block variable not set");
+}
+
+TEST_F(IndexerCreate, WritesNothingWithoutTheProjectThatAModuleNeeds) {
+    FrmIndexer& form = showStageTwo();
+    wantModule(form);
+    ide->project = nullptr;
+    desktop.answerNextBox(ok);
+    click(form.CmdProc);
+    EXPECT_EQ(lastBox(), "Corvelle|0|Object variable or With block variable not set");
+    EXPECT_FALSE(std::filesystem::exists(pathOf("a.h")));
+    EXPECT_FALSE(std::filesystem::exists(pathOf("a.hcnf")));
+    EXPECT_FALSE(form.CmdNext.enabled());
+    EXPECT_FALSE(indicatorRuns(form));
+}
+
 TEST_F(IndexerCreate, ForgetsTheNameWhoseWindowGoesWithItsMessage) {
     FrmIndexer& form = showStageTwo();
     const auto alive = form.shared_from_this();

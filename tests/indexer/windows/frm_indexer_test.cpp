@@ -155,6 +155,67 @@ TEST_F(Indexer, AsksNothingAboutAListThatCannotBeRead) {
     EXPECT_TRUE(desktop.boxes().empty());
 }
 
+TEST_F(Indexer, RemembersAListThatCannotBeRead) {
+    desktop.map().values.clear();
+    desktop.answerNextBox(yes);
+    desktop.chooseNextFile(pathOf("gone.lst"));
+    EXPECT_TRUE(show().visible());
+    EXPECT_EQ(desktop.map().values[listSetting], pathOf("gone.lst"));
+}
+
+// A desktop whose settings fail, and whose file dialog is looked at.
+class PoorDesktop : public forms::HeadlessDesktop {
+  public:
+    bool cancelError = false;
+    std::string chosen;
+
+    forms::Settings& settings() override { return settings_; }
+    std::optional<std::string> chooseFile(const forms::CommonDialog& dialog, bool) override {
+        cancelError = dialog.cancelError;
+        return chosen;
+    }
+
+  private:
+    struct NoSettings : forms::Settings {
+        std::string get(const std::string&, const std::string&, const std::string&,
+                        const std::string&) override {
+            throw IndexerWizard::disaster;
+        }
+        void save(const std::string&, const std::string&, const std::string&, const std::string&) override {
+            throw IndexerWizard::disaster;
+        }
+    } settings_;
+};
+
+TEST_F(Indexer, StartsWhereSettingsCanBeNeitherReadNorSaved) {
+    addExample();
+    PoorDesktop poor;
+    poor.chosen = folder.write("list", "textbox label\r\n").string();
+    poor.answerNextBox(yes); // as with no setting
+    const auto form = std::make_shared<FrmIndexer>(poor);
+    form->ShowIndexer(ide);
+    EXPECT_EQ(poor.boxes().size(), 1U);
+    EXPECT_TRUE(poor.cancelError);
+    poor.click(form->CmdProc);
+    poor.click(form->CmdNext);
+    form->Text1(0).setText(pathOf("a.h"));
+    form->Text1(1).setText(pathOf("a.hcnf"));
+    poor.click(form->CmdProc);
+    EXPECT_EQ(configuration(), "<P>frmMain</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n"
+                               "<P>frmOrder</P>\r\n<C>cmdOK CommandButton IDH_AAAC</C>\r\n");
+    form->unload();
+}
+
+TEST_F(Indexer, YieldsOnceWhenItIsShownAndOnTheWayBackToTheFirstStage) {
+    FrmIndexer& form = show();
+    EXPECT_EQ(desktop.yields(), 1);
+    click(form.CmdProc);
+    click(form.CmdNext);
+    const int before = desktop.yields();
+    click(form.CmdClose);
+    EXPECT_EQ(desktop.yields(), before + 1);
+}
+
 TEST_F(Indexer, IsGoneWhenItIsUnloadedWhileItAsks) {
     for (const int answer : {yes, no}) {
         desktop.map().values.clear();

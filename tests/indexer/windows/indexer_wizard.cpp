@@ -1,8 +1,6 @@
 #include "indexer/windows/indexer_wizard.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <iterator>
 
 namespace corvelle::indexer::test {
 
@@ -100,16 +98,6 @@ std::string IndexerWizard::lastBox() const {
     std::string text = box.text;
     std::replace(text.begin(), text.end(), '\r', '/');
     return box.title + "|" + std::to_string(box.flags) + "|" + text;
-}
-
-std::ptrdiff_t openFiles() {
-#ifdef _WIN32
-    return 0;
-#else
-    std::error_code ignored;
-    const std::filesystem::directory_iterator files("/proc/self/fd", ignored);
-    return std::distance(begin(files), end(files));
-#endif
 }
 
 } // namespace corvelle::indexer::test

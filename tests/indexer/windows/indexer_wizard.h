@@ -2,6 +2,7 @@
 
 #include "base/temporary_folder.h"
 #include "fakes/fake_ide.h"
+#include "fakes/open_files.h"
 #include "forms/headless/headless_desktop.h"
 #include "indexer/windows/frm_indexer.h"
 
@@ -54,6 +55,7 @@ class IndexerWizard {
     std::string configuration() const { return folder.read("a.hcnf"); }
     static std::vector<std::string> reportLines(FrmIndexer& form);
     static bool indicatorRuns(FrmIndexer& form);
+    std::ptrdiff_t openFiles() const { return corvelle::test::openFiles(folder.path()); }
     /// The last message box as "title|flags|text" with "/" for a carriage return; empty if none was shown.
     std::string lastBox() const;
 
@@ -70,8 +72,5 @@ class IndexerWizard {
 /// What an index of the example holds when all its controls are indexed.
 extern const char* const exampleHeader;
 extern const char* const exampleConfiguration;
-
-/// How many files this process has open, where the system tells.
-std::ptrdiff_t openFiles();
 
 } // namespace corvelle::indexer::test
