@@ -249,6 +249,18 @@ TEST_F(IndicatorTime, EveryUseFromOutsideIsTheHomesBusinessFirst) {
     EXPECT_EQ(uses([&] { indicator.stopNow(); }), 1);
     EXPECT_EQ(uses([&] { indicator.RunTimeInterval(); }), 1);
     EXPECT_EQ(uses([&] { indicator.resized(); }), 0);
+    const std::vector<std::function<void()>> properties{
+        [&] { indicator.FillColor(); },    [&] { indicator.setFillColor(1); },
+        [&] { indicator.ForeColor(); },    [&] { indicator.setForeColor(1); },
+        [&] { indicator.Interval(); },     [&] { indicator.setInterval(1); },
+        [&] { indicator.DotColor(); },     [&] { indicator.setDotColor(1); },
+        [&] { indicator.VisualEffect(); }, [&] { indicator.setVisualEffect(1); },
+        [&] { indicator.ScrollColor(); },  [&] { indicator.setScrollColor(1); },
+        [&] { indicator.BorderStyle(); },  [&] { indicator.setBorderStyle(1); },
+        [&] { indicator.Backcolor(); },    [&] { indicator.setBackcolor(1); },
+        [&] { indicator.BorderColor(); },  [&] { indicator.setBorderColor(1); },
+    };
+    for (std::size_t i = 0; i < properties.size(); ++i) EXPECT_EQ(uses(properties[i]), 1) << i;
 }
 
 TEST_F(IndicatorTime, DestroyedWhileRunningItTicksNoMore) {
