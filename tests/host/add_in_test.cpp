@@ -135,6 +135,19 @@ TYPED_TEST(EveryAddIn, DisconnectionRemembersWhetherItWasShowing) {
     EXPECT_EQ(this->autoShow(), "0");
 }
 
+TYPED_TEST(EveryAddIn, DisconnectionDeletesTheCommandBeforeItSavesTheSetting) {
+    this->connect();
+    this->addIn->setIsLoaded(true);
+    std::string savedBefore;
+    this->ide->calls->onCall = [&](const std::string& member) {
+        if (member == "CommandBarControl.Delete") savedBefore = this->autoShow();
+    };
+    this->disconnect();
+    this->ide->calls->onCall = nullptr;
+    EXPECT_EQ(savedBefore, "none");
+    EXPECT_EQ(this->autoShow(), "1");
+}
+
 TYPED_TEST(EveryAddIn, TheSettingIsUnderTheApplicationsTitle) {
     this->desktop.application.title = "Other";
     this->connect();

@@ -1,3 +1,4 @@
+#include "base/run_time_error.h"
 #include "host/connected.h"
 #include "host/context_help_indexer.h"
 #include "indexer/windows/frm_index_main.h"
@@ -36,6 +37,17 @@ class IndexerAddIn : public testing::Test, public Connected {
     void clickAndChoose(int command) {
         chooseNext(command);
         EXPECT_TRUE(clickCommand());
+    }
+};
+
+/// A window system that cannot make one class of windows.
+class PoorDesktop : public forms::HeadlessDesktop {
+  public:
+    std::string impossible;
+
+    std::unique_ptr<forms::FormPeer> makePeer(forms::Form& form) override {
+        if (form.name() == impossible) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+        return HeadlessDesktop::makePeer(form);
     }
 };
 
@@ -255,6 +267,52 @@ TEST_F(IndexerAddIn, DisconnectionBehindTheWizardsFirstMessageLeavesNothing) {
     connect();
     desktop.answerNextBox(7, [&] { disconnect(); }); // locate the exclusion list?
     clickAndChoose(1);
+    EXPECT_THAT(windows(), IsEmpty());
+    EXPECT_FALSE(addIn->IsLoaded());
+}
+
+TEST_F(IndexerAddIn, WhatCannotBeShownIsSkipped) {
+    struct Row {
+        const char* impossible;
+        int command; // 0: there is nothing to choose from
+        bool loaded;
+    };
+    for (const Row& row : {Row{"FrmIndex_Main", 0, false}, {"FrmIndexer", 1, true}, {"FrmTxt", 2, true}}) {
+        PoorDesktop poor;
+        poor.map() = desktop.map();
+        poor.impossible = row.impossible;
+        addIn = std::make_shared<ContextHelpIndexer>(poor);
+        connect();
+        if (row.command != 0) {
+            poor.atYield([&] {
+                auto& menu = dynamic_cast<FrmIndex_Main&>(*poor.windows().back());
+                EXPECT_TRUE(poor.click(row.command == 1 ? menu.Command1 : menu.Command2));
+            });
+        }
+        EXPECT_TRUE(clickCommand());
+        EXPECT_THAT(poor.windows(), IsEmpty()) << row.impossible;
+        EXPECT_TRUE(poor.boxes().empty()) << row.impossible;
+        EXPECT_EQ(addIn->IsLoaded(), row.loaded) << row.impossible;
+        disconnect();
+        addIn.reset();
+    }
+}
+
+TEST_F(IndexerAddIn, AWizardClosedByItsCloseBoxCountsAsHidden) {
+    connect();
+    clickAndChoose(1);
+    EXPECT_TRUE(desktop.close(window<FrmIndexer>()));
+    EXPECT_FALSE(addIn->IsLoaded());
+    disconnect();
+    EXPECT_EQ(autoShow(), "0");
+}
+
+TEST_F(IndexerAddIn, TheEditorsEndTakesAnOpenWizardAlong) {
+    connect();
+    clickAndChoose(1);
+    clickAndChoose(2);
+    EXPECT_THAT(windows(), ElementsAre("FrmIndexer", "FrmTxt"));
+    EXPECT_TRUE(desktop.click(window<FrmTxt>().CmdClose));
     EXPECT_THAT(windows(), IsEmpty());
     EXPECT_FALSE(addIn->IsLoaded());
 }
