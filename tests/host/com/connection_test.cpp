@@ -119,6 +119,45 @@ TEST_F(Connection, IsMadeLateBoundToo) {
     EXPECT_THROW(connection.call(L"Show"), base::RunTimeError);
 }
 
+TEST_F(Connection, TakesItsArgumentsAsLateBoundCallersHaveThem) {
+    com::Ptr<IDispatch> ide = served;
+    IDispatch* pointer = ide.get();
+    std::int32_t mode = startup;
+    VARIANTARG byReference[4]{}, shortNumber[4]{}; // the last argument first
+    byReference[3].vt = VT_DISPATCH | VT_BYREF;
+    byReference[3].ppdispVal = &pointer;
+    byReference[2].vt = VT_I4 | VT_BYREF;
+    byReference[2].plVal = reinterpret_cast<LONG*>(&mode);
+    shortNumber[3].vt = VT_DISPATCH;
+    shortNumber[3].pdispVal = pointer;
+    shortNumber[2].vt = VT_I2;
+    shortNumber[2].iVal = startup;
+    for (VARIANTARG* arguments : {byReference, shortNumber}) {
+        make(formatterClass);
+        DISPPARAMS parameters{arguments, nullptr, 4, 0};
+        EXPECT_EQ(
+            extensibility->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr),
+            S_OK);
+        EXPECT_THAT(commands(), ElementsAre("Code Formatter"));
+        disconnect();
+        EXPECT_THAT(commands(), IsEmpty());
+    }
+}
+
+TEST_F(Connection, EndsAlikeWithTheIdeAndByTheUser) {
+    for (const auto how : {vbext_dm_HostShutdown, vbext_dm_UserClosed}) {
+        make(formatterClass);
+        connect(startup);
+        clickCommand();
+        EXPECT_EQ(extensibility->OnDisconnection(how, nullptr), S_OK);
+        EXPECT_THAT(commands(), IsEmpty());
+        EXPECT_EQ(Steps::window(page), nullptr);
+        EXPECT_FALSE(isLoaded());
+        EXPECT_EQ(autoShow(), "1");
+        settings.save("Corvelle", "Settings", "AutoShow", "none");
+    }
+}
+
 TEST_F(Connection, GivesTheIdesOwnObjects) {
     make(formatterClass);
     connect(startup);
@@ -319,6 +358,38 @@ TEST_F(Connection, TheEditorOutlivesTheAddIn) {
     SendMessageA(Steps::window(editor), WM_SYSCOMMAND, SC_CLOSE, 0);
     settle();
     EXPECT_EQ(Steps::window(editor), nullptr);
+}
+
+BOOL CALLBACK addEditor(HWND window, LPARAM found) {
+    char title[100] = "";
+    GetWindowTextA(window, title, sizeof title);
+    if (std::string(title) == editor && IsWindowVisible(window)) {
+        reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+    }
+    return TRUE;
+}
+
+TEST_F(Connection, EveryAddEntryOpensAnEditorOfItsOwn) {
+    make(indexerClass);
+    connect(startup);
+    for (int i = 0; i < 2; ++i) {
+        Steps steps;
+        steps.thenPress(startMenu, "&Add Entry to previously created Index");
+        clickCommand();
+    }
+    std::vector<HWND> editors;
+    EnumThreadWindows(GetCurrentThreadId(), addEditor, reinterpret_cast<LPARAM>(&editors));
+    ASSERT_EQ(editors.size(), 2U);
+    EXPECT_TRUE(isLoaded());
+    SendMessageA(editors[0], WM_SYSCOMMAND, SC_CLOSE, 0);
+    settle();
+    EXPECT_FALSE(IsWindow(editors[0]));
+    EXPECT_TRUE(IsWindowVisible(editors[1]));
+    EXPECT_FALSE(isLoaded());
+    SendMessageA(editors[1], WM_SYSCOMMAND, SC_CLOSE, 0);
+    settle();
+    EXPECT_FALSE(IsWindow(editors[1]));
+    disconnect();
 }
 
 // The IDE's main window, which owns those of the add-ins.

@@ -1,3 +1,4 @@
+#include "com/error.h"
 #include "com/scripted_object.h"
 #include "host/com/class_factory.h"
 #include "host/com/dll.h"
@@ -180,6 +181,97 @@ TEST_F(NoMemory, NoMethodOfTheIndexerThrows) {
     failEach("OnDisconnection", [&] {
         extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr);
         extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr);
+    });
+}
+
+/// A bag of properties that has them all and takes them all.
+class Bag : public com::Object<IPropertyBag> {
+  public:
+    HRESULT STDMETHODCALLTYPE Read(LPCOLESTR, VARIANT* value, IErrorLog*) override {
+        value->vt = VT_I4;
+        value->lVal = 1;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Write(LPCOLESTR, VARIANT*) override { return S_OK; }
+};
+
+TEST_F(NoMemory, NoMethodOfTheControlThrows) {
+    const CLSID indicatorClass = {
+        0x435CCC43, 0x251D, 0x4D82, {0x91, 0xFC, 0xF4, 0x39, 0xEC, 0xF3, 0xF3, 0x5C}};
+    failEach("make", [&] { com::guarded([&] { entry(indicatorClass).make(); }); });
+    const auto made = entry(indicatorClass).make();
+    const auto control = made.query<_Indicator>();
+    failEach("IDispatch", [&] {
+        wchar_t name[] = L"Interval";
+        LPOLESTR names[] = {name};
+        DISPID id = 0;
+        control->GetIDsOfNames(IID_NULL, names, 1, 0, &id);
+        VARIANTARG tooMuch{};
+        tooMuch.vt = VT_I4;
+        tooMuch.lVal = 65536;
+        DISPID put = DISPID_PROPERTYPUT;
+        DISPPARAMS parameters{&tooMuch, &put, 1, 1};
+        EXPECT_TRUE(FAILED(
+            control->Invoke(id, IID_NULL, 0, DISPATCH_PROPERTYPUT, &parameters, nullptr, nullptr, nullptr)));
+    });
+    failEach("the methods", [&] {
+        control->put_VisualEffect(1);
+        control->put_Interval(10);
+        control->put_RaiseTicK(VARIANT_TRUE);
+        control->StartNow();
+        control->PauseNow();
+        control->ResumeNow();
+        control->stopNow();
+    });
+    const auto object = control.query<IOleObject>();
+    failEach("IOleObject", [&] {
+        SIZEL size{2000, 500};
+        object->SetExtent(DVASPECT_CONTENT, &size);
+        object->GetExtent(DVASPECT_CONTENT, &size);
+        LPOLESTR name = nullptr;
+        if (SUCCEEDED(object->GetUserType(USERCLASSTYPE_FULL, &name))) CoTaskMemFree(name);
+        com::Ptr<IEnumOLEVERB> verbs;
+        object->EnumVerbs(verbs.receive());
+        object->SetClientSite(nullptr);
+        object->DoVerb(OLEIVERB_INPLACEACTIVATE, nullptr, nullptr, 0, nullptr, nullptr);
+        object->Close(OLECLOSE_NOSAVE);
+    });
+    const auto view = control.query<IViewObject2>();
+    const HDC device = CreateCompatibleDC(nullptr);
+    failEach("IViewObject", [&] {
+        control->put_DotColor(1); // not drawn yet
+        const RECTL bounds{0, 0, 60, 20};
+        view->Draw(DVASPECT_CONTENT, -1, nullptr, nullptr, nullptr, device, &bounds, nullptr, nullptr, 0);
+        SIZEL size{};
+        view->GetExtent(DVASPECT_CONTENT, -1, nullptr, &size);
+        control->put_DotColor(2);
+    });
+    DeleteDC(device);
+    const auto bag = com::make<Bag>();
+    const auto properties = control.query<IPersistPropertyBag>();
+    failEach("IPersistPropertyBag", [&] {
+        properties->Save(bag.get(), TRUE, TRUE);
+        properties->Load(bag.get(), nullptr);
+    });
+    const auto streamed = control.query<IPersistStreamInit>();
+    failEach("IPersistStreamInit", [&] {
+        com::Ptr<IStream> stream;
+        if (FAILED(CreateStreamOnHGlobal(nullptr, TRUE, stream.receive()))) return;
+        streamed->Save(stream.get(), TRUE);
+        stream->Seek({}, STREAM_SEEK_SET, nullptr);
+        streamed->Load(stream.get());
+        streamed->InitNew();
+    });
+    const auto points = control.query<IConnectionPointContainer>();
+    failEach("IConnectionPointContainer", [&] {
+        com::Ptr<IEnumConnectionPoints> all;
+        points->EnumConnectionPoints(all.receive());
+        com::Ptr<IConnectionPoint> point;
+        if (FAILED(points->FindConnectionPoint(__uuidof(__Indicator), point.receive()))) return;
+        DWORD cookie = 0;
+        if (SUCCEEDED(point->Advise(made.get(), &cookie))) point->Unadvise(cookie);
+        com::Ptr<IEnumConnections> connections;
+        point->EnumConnections(connections.receive());
     });
 }
 
