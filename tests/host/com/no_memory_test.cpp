@@ -165,6 +165,67 @@ TEST_F(NoMemory, NoMethodOfTheFormatterThrows) {
     });
 }
 
+/// A source of clicks with one listener.
+class Clicks : public com::Object<IConnectionPointContainer, IConnectionPoint> {
+  public:
+    com::Ptr<IDispatch> listener;
+
+    HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID, IConnectionPoint** point) override {
+        *point = com::Ptr<IConnectionPoint>(this).release();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer**) override {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
+        *cookie = 1;
+        return sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(listener.receive()));
+    }
+    HRESULT STDMETHODCALLTYPE Unadvise(DWORD) override {
+        listener.reset();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections**) override { return E_NOTIMPL; }
+};
+
+TEST_F(NoMemory, NoClickThrows) {
+    const Answering answering;
+    const auto ide = makeIde();
+    const auto source = com::make<Clicks>();
+    const auto events = source.query<IConnectionPointContainer>();
+    VARIANT_BOOL handled = VARIANT_FALSE, cancelDefault = VARIANT_FALSE;
+    VARIANTARG arguments[3]{}; // the last argument first
+    arguments[2].vt = VT_DISPATCH;
+    arguments[2].pdispVal = ide.get();
+    arguments[1].vt = arguments[0].vt = VT_BOOL | VT_BYREF;
+    arguments[1].pboolVal = &handled;
+    arguments[0].pboolVal = &cancelDefault;
+    DISPPARAMS parameters{arguments, nullptr, 3, 0};
+    const auto clickEach = [&](const auto& object) {
+        auto* const given = reinterpret_cast<_CommandBarControlEvents*>(events.get());
+        failEach("putref_MenuEvents", [&] { object->putref_MenuEvents(given); });
+        ASSERT_EQ(object->putref_MenuEvents(given), S_OK);
+        int shown = 0;
+        failEach("a click", [&] {
+            const auto listener = source->listener;
+            listener->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &parameters, nullptr, nullptr, nullptr);
+            VARIANT_BOOL loaded = VARIANT_FALSE;
+            object->get_IsLoaded(&loaded);
+            if (loaded != VARIANT_FALSE) ++shown;
+            object->Hide();
+        });
+        EXPECT_GT(shown, 0);
+        EXPECT_EQ(object->putref_MenuEvents(nullptr), S_OK);
+        EXPECT_FALSE(source->listener);
+    };
+    clickEach(entry(formatterClass).make().query<_CodeFormatter>());
+    const auto indexer = entry(indexerClass).make().query<_ContextHelpIndexer>();
+    waiting = indexer.get();
+    clickEach(indexer);
+}
+
 TEST_F(NoMemory, NoMethodOfTheIndexerThrows) {
     const Answering answering;
     const auto ide = makeIde();
