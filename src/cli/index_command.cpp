@@ -9,6 +9,7 @@
 #include "cli/line_ends.h"
 #include "cli/standard_streams.h"
 #include "ide/workspace/file_kind.h"
+#include "ide/workspace/path_resolver.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/analysis.h"
 #include "indexer/create_index.h"
@@ -17,6 +18,7 @@
 #include "indexer/mapping_module.h"
 #include "indexer/save_results.h"
 #include "indexer/text_entries.h"
+#include "indexer/text_lines.h"
 
 #include <algorithm>
 #include <exception>
@@ -181,7 +183,7 @@ class IndexRun {
         }
     }
 
-    // Whether the IDE keeps the binary part of a component, or the places of the project's windows, there.
+    // Whether the binary part of a component is there, or else what the IDE keeps with the project.
     bool holdsPartOfTheProject(const std::filesystem::path& path) const {
         const auto isBeside = [&path](std::filesystem::path owner, const char* ending) {
             owner.replace_extension(ending);
@@ -194,6 +196,24 @@ class IndexRun {
         for (const auto& component : onDisk_->components()) {
             for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
                 if (isBeside(component->path(), ending)) return true;
+            }
+        }
+        return isResourceOrDocument(path);
+    }
+
+    // Whether a line of the project names it as a file that is no component.
+    bool isResourceOrDocument(const std::filesystem::path& path) const {
+        const auto folder = base::pathOf(settings_.project).parent_path();
+        workspace::PathResolver resolver;
+        for (indexer::TextLines lines(onDisk_->bytes()); lines.next();) {
+            for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
+                auto written = base::trimSpaces(lines.line());
+                if (!base::startsWithIgnoringCase(written, key)) continue;
+                written.remove_prefix(key.size());
+                if (written.size() > 1 && written.front() == '"' && written.back() == '"')
+                    written = written.substr(1, written.size() - 2);
+                const auto file = resolver.resolve(folder, written);
+                if (file && base::isSamePath(path, *file)) return true;
             }
         }
         return false;

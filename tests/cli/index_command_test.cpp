@@ -287,11 +287,13 @@ TEST_F(IndexCommand, WritesOverNoFileThatItReadsAndNoneTwice) {
     EXPECT_EQ(folder.read("frmMain.frm"), form);
 }
 
-TEST_F(IndexCommand, WritesOverNoBinaryPartOfAComponent) {
+TEST_F(IndexCommand, WritesOverNothingThatBelongsToTheProject) {
     folder.write("sub/c.ctl", "VERSION 5.00\r\nBegin VB.UserControl c \r\nEnd\r\n");
-    folder.write("p.vbp", project + "UserControl=sub\\c.ctl\r\n");
-    for (const std::string name : {"frmMain.frx", "FRMMAIN.FRX", "o/../frmMain.frx", "sub/c.ctx", "sub/c.pgx",
-                                   "sub/c.dox", "frmMain.dsx", "p.vbw", "P.VBW"}) {
+    folder.write("p.vbp", project + "UserControl=sub\\c.ctl\r\nResFile32=\"sub\\App.res\"\r\n"
+                                    "RelatedDoc=notes.txt\r\nResFile32=\"none.res\"\r\n");
+    for (const std::string name :
+         {"frmMain.frx", "FRMMAIN.FRX", "o/../frmMain.frx", "sub/c.ctx", "sub/c.pgx", "sub/c.dox",
+          "frmMain.dsx", "p.vbw", "P.VBW", "sub/App.res", "notes.txt"}) {
         folder.write(name, "binary");
         for (const std::string option : {"--text ", "--report ", "--project-file "}) {
             const auto result = run(files + option + name);
