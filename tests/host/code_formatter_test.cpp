@@ -96,6 +96,21 @@ TEST_F(FormatterAddIn, ShowsWithoutAnIdeToo) {
     EXPECT_TRUE(addIn->IsLoaded());
 }
 
+TEST_F(FormatterAddIn, DisconnectionSavesTheSettingBeforeItUnloadsTheWindow) {
+    connect();
+    clickCommand();
+    std::string savedBefore;
+    desktop.inNextModal([&](forms::Form& form) {
+        desktop.click(dynamic_cast<FrmFormatter&>(form).CmdFmt);
+        // Its unload asks what becomes of the formatted code.
+        desktop.answerNextBox(forms::answer::yes, [&] { savedBefore = autoShow(); });
+        disconnect();
+    });
+    desktop.click(page().CmdNext);
+    EXPECT_EQ(savedBefore, "1");
+    EXPECT_THAT(windows(), IsEmpty());
+}
+
 TEST_F(FormatterAddIn, OutlivesItsDisconnectionDuringAPass) {
     connect();
     clickCommand();
