@@ -57,8 +57,14 @@ HWND IndexerRoad::openStartMenu() const {
     return user().windowWith("&Create a New Index");
 }
 
+std::string IndexerRoad::askForExcludeList(HWND startMenu, int answer) const {
+    clickUntil(startMenu, "&Create a New Index", "the question",
+               [this] { return seesBox("File not found.."); });
+    return user().answer("File not found..", answer);
+}
+
 HWND IndexerRoad::openWizard(HWND startMenu) const {
-    clickAndAnswer(startMenu, "&Create a New Index", "File not found..", IDNO);
+    askForExcludeList(startMenu, IDNO);
     return user().windowWith("&Analyse");
 }
 
@@ -68,23 +74,34 @@ HWND IndexerRoad::openEditor(HWND startMenu) const {
     return user().windowWith("Set &Default");
 }
 
+void IndexerRoad::click(HWND form, const std::string& button) {
+    const HWND pressed = User::control(form, "Button", button);
+    User::waitUntil(button + " to take input",
+                    [&] { return IsWindowEnabled(form) && IsWindowEnabled(pressed); });
+    bringForward(form); // what the focus does meanwhile could take the press back
+    ask(form, WM_NULL);
+    PostMessageA(pressed, BM_CLICK, 0, 0);
+}
+
 void IndexerRoad::tick(HWND wizard, const std::string& option) {
     ask(User::control(wizard, "Button", option), BM_CLICK);
     User::waitUntil("a tick", [&] { return User::isChecked(wizard, option); });
 }
 
-void IndexerRoad::analyse(HWND wizard) const {
-    clickUntil(wizard, "&Analyse", "the analysis", [wizard] { return User::isEnabled(wizard, "&Next"); });
+void IndexerRoad::analyse(HWND wizard) {
+    click(wizard, "&Analyse");
+    User::waitUntil("the analysis", [wizard] { return User::isEnabled(wizard, "&Next"); });
 }
 
-void IndexerRoad::goToSecondStage(HWND wizard) const {
-    clickUntil(wizard, "&Next", "the second stage",
-               [wizard] { return User::text(wizard) == "Help Context ID Indexer :Stage 2 of 4"; });
+void IndexerRoad::goToSecondStage(HWND wizard) {
+    click(wizard, "&Next");
+    User::waitUntil("the second stage",
+                    [wizard] { return User::text(wizard) == "Help Context ID Indexer :Stage 2 of 4"; });
 }
 
 void IndexerRoad::chooseFile(HWND form, const std::string& button, const std::string& title,
                              const std::string& file) const {
-    clickUntil(form, button, "the file dialog", [&] { return seesBox(title); });
+    click(form, button);
     answerDialog(title, file);
 }
 
@@ -103,7 +120,7 @@ void IndexerRoad::answerDialog(const std::string& title, const std::string& file
 
 std::string IndexerRoad::clickAndAnswer(HWND form, const std::string& button, const std::string& title,
                                         int answer) const {
-    clickUntil(form, button, "the box " + title, [&] { return seesBox(title); });
+    click(form, button);
     return user().answer(title, answer);
 }
 
@@ -112,8 +129,9 @@ void IndexerRoad::chooseNext(HWND form, HWND list, const std::string& idhName) {
     User::waitForText(form, "Static", idhName);
 }
 
-void IndexerRoad::close(HWND form) const {
-    clickUntil(form, "&Close", "the window to go", [form] { return !IsWindow(form); });
+void IndexerRoad::close(HWND form) {
+    click(form, "&Close");
+    User::waitUntil("the window to go", [form] { return !IsWindow(form); });
 }
 
 void IndexerRoad::takePictureOf(HWND form, const std::string& name) {

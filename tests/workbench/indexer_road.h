@@ -17,13 +17,18 @@ class IndexerRoad : public WithAddIns {
     void startIndexer(const std::string& file = "Stockroom.vbp");
     /// Chooses the menu's command.
     HWND openStartMenu() const;
+    /// Chooses the wizard in the start menu and answers its question, whose text is given back.
+    std::string askForExcludeList(HWND startMenu, int answer) const;
     /// Goes on from the start menu to the wizard, without a list of what is not indexed.
     HWND openWizard(HWND startMenu) const;
     /// Goes on from the start menu to the editor of text entries.
     HWND openEditor(HWND startMenu) const;
+    /// Presses a button of the wizard or the editor once it takes input. No command of theirs is lost, so
+    /// that once is enough, and twice would be too much.
+    static void click(HWND form, const std::string& button);
     static void tick(HWND wizard, const std::string& option);
-    void analyse(HWND wizard) const;
-    void goToSecondStage(HWND wizard) const;
+    static void analyse(HWND wizard);
+    static void goToSecondStage(HWND wizard);
     /// Chooses a file, new or not, in the file dialog of that title.
     void answerDialog(const std::string& title, const std::string& file) const;
     /// The same in the dialog that the button brings up.
@@ -34,7 +39,7 @@ class IndexerRoad : public WithAddIns {
                                int answer) const;
     /// Chooses the next row of the list and waits for what the window then shows as the control's help name.
     static void chooseNext(HWND form, HWND list, const std::string& idhName);
-    void close(HWND form) const;
+    static void close(HWND form);
     /// The file's path in the project's folder.
     std::string path(std::string_view name) const { return (folder.path() / name).string(); }
     /// Takes a picture of the window beside the main one's tree.
