@@ -113,6 +113,11 @@ TEST_F(TextEntryWindowClosing, StartsAnewWhenShownAgain) {
     EXPECT_EQ(window.Text1.text(), "");
     EXPECT_EQ(window.index().count(), 0U);
     EXPECT_EQ(status(), " Status: Not ready file path(s) empty");
+    answer(yes);
+    desktop.chooseNextFile(pathOf("new.txt"));
+    window.NewText(); // of no project
+    EXPECT_FALSE(window.CmdProc.enabled());
+    EXPECT_EQ(window.txtPrj.text(), "No Information");
     openProject();
     EXPECT_EQ(display(), " Closes the window.|Delete|Default");
 }
