@@ -48,8 +48,7 @@ TEST_F(AddInManagerTest, LoadsAndUnloads) {
         EXPECT_TRUE(lists("Corvelle.CodeFormatter\tLoaded"));
         EXPECT_TRUE(hasDll());
         openCode("modText");
-        chooseFromAddIns(formatter);
-        const HWND page = user().windowWith("&Next   >>");
+        const HWND page = openFromAddIns(formatter, "&Next   >>");
         User::close(page);
         User::waitUntil("the page to go", [page] { return !IsWindow(page); });
         toggleLoaded("Corvelle.CodeFormatter");

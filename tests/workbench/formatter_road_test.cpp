@@ -10,10 +10,7 @@ const std::string clean = "Stockroom - Corvelle Workbench";
 const std::string changed = "Stockroom* - Corvelle Workbench";
 
 struct FormatterRoad : WithAddIns {
-    HWND openPage() const {
-        chooseFromAddIns(formatter);
-        return user().windowWith("&Next   >>");
-    }
+    HWND openPage() const { return openFromAddIns(formatter, "&Next   >>"); }
     HWND openDialog(HWND page) const {
         clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
         return user().windowWith("&Format Code");

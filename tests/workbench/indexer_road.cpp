@@ -53,17 +53,7 @@ void IndexerRoad::startIndexer(const std::string& file) {
 }
 
 HWND IndexerRoad::openStartMenu() const {
-    constexpr DWORD again = 3000; // a change of windows under way may close the add-ins' menu
-    DWORD last = 0;
-    User::waitUntil("the start menu", [&] {
-        if (user().sees("&Create a New Index")) return true;
-        if (last == 0 || GetTickCount() - last > again) {
-            chooseFromAddIns(1);
-            last = GetTickCount();
-        }
-        return false;
-    });
-    return user().windowWith("&Create a New Index");
+    return openFromAddIns(1, "&Create a New Index");
 }
 
 std::string IndexerRoad::askForExcludeList(HWND startMenu, int answer) const {

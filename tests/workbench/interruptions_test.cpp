@@ -8,13 +8,9 @@ namespace {
 struct Interruptions : WithAddIns {
     HWND openPage() {
         openCode("modText");
-        chooseFromAddIns(formatter);
-        return user().windowWith("&Next   >>");
+        return openFromAddIns(formatter, "&Next   >>");
     }
-    HWND openStartMenu() const {
-        chooseFromAddIns(indexer);
-        return user().windowWith("&Create a New Index");
-    }
+    HWND openStartMenu() const { return openFromAddIns(indexer, "&Create a New Index"); }
     HWND openWizard() const {
         clickUntil(openStartMenu(), "&Create a New Index", "the question",
                    [this] { return seesBox("File not found.."); });
@@ -33,8 +29,7 @@ struct Interruptions : WithAddIns {
         waitForTitle("Project1 - Corvelle Workbench");
         command(IDM_CODE);
         User::waitUntil("the code", [this] { return child("Large (Code)") != nullptr; });
-        chooseFromAddIns(formatter);
-        const HWND page = user().windowWith("&Next   >>");
+        const HWND page = openFromAddIns(formatter, "&Next   >>");
         clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
         const HWND dialog = user().windowWith("&Format Code");
         clickUntil(dialog, "&Format Code", "a whole pass",
@@ -136,8 +131,7 @@ TEST_F(Interruptions, ComesBackAfterEachWayOfClosing) {
     HWND page = openPage();
     User::close(page);
     User::waitUntil("the page to go", [page] { return !IsWindow(page); });
-    chooseFromAddIns(formatter);
-    page = user().windowWith("&Next   >>");
+    page = openFromAddIns(formatter, "&Next   >>");
     chooseFromAddIns(formatter); // once more: the same page
     Sleep(300);
     EXPECT_EQ(page, user().windowWith("&Next   >>"));

@@ -43,8 +43,7 @@ struct Keyboard : WithAddIns {
 TEST_F(Keyboard, WorksInThePage) {
     startBoth();
     openCode("modText");
-    chooseFromAddIns(formatter);
-    HWND page = user().windowWith("&Next   >>");
+    HWND page = openFromAddIns(formatter, "&Next   >>");
     bringForward(page);
     const std::string first = focused();
     press(VK_TAB);
@@ -54,14 +53,12 @@ TEST_F(Keyboard, WorksInThePage) {
     press(VK_ESCAPE);
     waitUntilGone(page);
 
-    chooseFromAddIns(formatter);
-    page = user().windowWith("&Next   >>");
+    page = openFromAddIns(formatter, "&Next   >>");
     bringForward(page);
     press('C', {VK_MENU}); // not the program's menu
     waitUntilGone(page);
 
-    chooseFromAddIns(formatter);
-    page = user().windowWith("&Next   >>");
+    page = openFromAddIns(formatter, "&Next   >>");
     bringForward(page);
     press(VK_RETURN);
     const HWND dialog = user().windowWith("&Format Code");
@@ -74,8 +71,7 @@ TEST_F(Keyboard, WorksInThePage) {
 TEST_F(Keyboard, KeepsThePagesKeysAndTheProgramsApart) {
     startBoth();
     const HWND code = openCode("modText");
-    chooseFromAddIns(formatter);
-    const HWND page = user().windowWith("&Next   >>");
+    const HWND page = openFromAddIns(formatter, "&Next   >>");
     bringForward(page);
     press(VK_F4, {VK_CONTROL}); // would close the code window
     press(VK_TAB);
@@ -94,8 +90,7 @@ TEST_F(Keyboard, KeepsThePagesKeysAndTheProgramsApart) {
 
 TEST_F(Keyboard, WorksInTheStartMenuAndTheWizard) {
     startBoth();
-    chooseFromAddIns(indexer);
-    HWND menu = user().windowWith("&Create a New Index");
+    HWND menu = openFromAddIns(indexer, "&Create a New Index");
     bringForward(menu);
     waitForFocus("&Create a New Index");
     press(VK_TAB);
@@ -106,8 +101,7 @@ TEST_F(Keyboard, WorksInTheStartMenuAndTheWizard) {
     press(VK_RETURN);
     waitUntilGone(menu);
 
-    chooseFromAddIns(indexer);
-    menu = user().windowWith("&Create a New Index");
+    menu = openFromAddIns(indexer, "&Create a New Index");
     bringForward(menu);
     waitForFocus("&Create a New Index");
     press('C', {VK_MENU});
@@ -128,8 +122,7 @@ TEST_F(Keyboard, WorksInTheErrorList) {
     waitForTitle("Project1 - Corvelle Workbench");
     command(IDM_CODE);
     User::waitUntil("the code", [this] { return child("Odd (Code)") != nullptr; });
-    chooseFromAddIns(formatter);
-    const HWND page = user().windowWith("&Next   >>");
+    const HWND page = openFromAddIns(formatter, "&Next   >>");
     clickUntil(page, "&Next   >>", "the dialog", [this] { return user().sees("&Format Code"); });
     const HWND dialog = user().windowWith("&Format Code");
     clickUntil(dialog, "&Format Code", "the list", [this] { return listIsOpen(); });

@@ -277,18 +277,27 @@ void WithAddIns::startBoth(const std::string& file) {
     start({"/addin:Corvelle.CodeFormatter", "/addin:Corvelle.ContextHelpIndexer"}, file);
 }
 
-HWND WithAddIns::openManager() const {
+void WithAddIns::chooseUntil(int row, const std::string& what, const std::function<bool()>& isThere) const {
     constexpr DWORD again = 3000; // a change of windows under way may close the menu
     DWORD last = 0;
-    User::waitUntil("the manager", [&] {
-        if (seesBox("Add-In Manager")) return true;
+    User::waitUntil(what, [&] {
+        if (isThere()) return true;
         if (last == 0 || GetTickCount() - last > again) {
-            chooseFromAddIns(0);
+            chooseFromAddIns(row);
             last = GetTickCount();
         }
         return false;
     });
+}
+
+HWND WithAddIns::openManager() const {
+    chooseUntil(0, "the manager", [this] { return seesBox("Add-In Manager"); });
     return user().box("Add-In Manager");
+}
+
+HWND WithAddIns::openFromAddIns(int row, const std::string& button) const {
+    chooseUntil(row, "a window with " + button, [&] { return user().sees(button); });
+    return user().windowWith(button);
 }
 
 void WithAddIns::toggle(HWND manager, const std::string& progId, int box) {

@@ -4,6 +4,7 @@
 #include "formatter/win32/user.h"
 
 #include <atomic>
+#include <functional>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -83,6 +84,8 @@ class WithAddIns : public WorkbenchTest {
 
     /// Opens the Add-In Manager.
     HWND openManager() const;
+    /// Chooses an add-in's command, again if need be, until a window with that button stands there.
+    HWND openFromAddIns(int row, const std::string& button) const;
     /// Selects an add-in there and presses one of the check boxes.
     static void toggle(HWND manager, const std::string& progId, int box);
     /// Presses OK.
@@ -91,6 +94,9 @@ class WithAddIns : public WorkbenchTest {
     void toggleLoaded(const std::string& progId) const;
     /// The setting that an add-in leaves behind.
     static std::string autoShow();
+
+  private:
+    void chooseUntil(int row, const std::string& what, const std::function<bool()>& isThere) const;
 };
 
 } // namespace corvelle::workbench::tests

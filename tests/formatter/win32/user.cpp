@@ -106,7 +106,14 @@ std::vector<HWND> User::controls(HWND window, const std::string& className) {
 
 std::string User::text(HWND window) {
     std::vector<char> text(4096);
-    ask(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    // A question to a window that is just coming up now and then goes unheard, until the next one.
+    constexpr UINT step = 1000;
+    DWORD_PTR length = 0;
+    for (UINT waited = 0; waited < answerTime && IsWindow(window); waited += step) {
+        if (SendMessageTimeoutA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                                SMTO_NORMAL, step, &length) != 0)
+            break;
+    }
     return text.data();
 }
 
