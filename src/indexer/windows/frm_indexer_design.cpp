@@ -1,5 +1,6 @@
 #include "forms/desktop.h"
 #include "indexer/text_entries.h"
+#include "indexer/windows/dialog_design.h"
 #include "indexer/windows/frm_indexer.h"
 
 #include <array>
@@ -8,25 +9,16 @@
 // How the wizard looks: the design of its four frames, and what each stage shows and says.
 namespace corvelle::indexer {
 
+using namespace dialog;
+
 namespace {
 
-constexpr int edge = 45;
-constexpr int margin = 120;
-constexpr int lineHeight = 195;
-constexpr int boxHeight = 315;
-constexpr int buttonHeight = 375;
-constexpr int buttonWidth = 1335;
-
-constexpr int infoWidth = 2385;
 constexpr int frameLeft = infoWidth + 90;
 constexpr int frameWidth = 7005;
 constexpr int frameHeight = 5580;
 constexpr int inner = frameWidth - 2 * margin;
 
 constexpr forms::Size designSize{frameLeft + frameWidth + edge, edge + frameHeight + 600};
-
-// A label above its control.
-constexpr int below = 225;
 
 struct StageTexts {
     const char* info;
@@ -51,8 +43,7 @@ constexpr std::array<StageTexts, 4> stageTexts{{
      "Help Context ID Indexer :Stage 1 of 4"},
 }};
 
-void design(PathField& field, const char* caption, int top) {
-    constexpr int browseWidth = 495;
+void designField(PathField& field, const char* caption, int top) {
     field.label.setCaption(caption);
     field.label.setBounds({margin, top, inner, lineHeight});
     field.path.setBounds({margin, top + below, inner - browseWidth - 60, boxHeight});
@@ -60,23 +51,11 @@ void design(PathField& field, const char* caption, int top) {
     field.browse.setBounds({margin + inner - browseWidth, top + below, browseWidth, boxHeight});
 }
 
-void design(forms::Label& label, const char* caption, const forms::Bounds& bounds) {
-    label.setCaption(caption);
-    label.setBounds(bounds);
-}
-
-void design(forms::CommandButton& button, const char* caption, int left, int top) {
-    button.setCaption(caption);
-    button.setBounds({left, top, buttonWidth, buttonHeight});
-}
-
 } // namespace
 
 void FrmIndexer::design() {
     setSize(designSize);
-    lblInfo.setBounds({edge, edge, infoWidth, frameHeight});
-    lblInfo.setBordered(true);
-    lblInfo.setUseMnemonic(false); // it only speaks of a button
+    dialog::designInfo(lblInfo, edge, frameHeight);
 
     FrameOne.setCaption("Project Analysis");
     FrameTwo.setCaption("Index Files");
@@ -94,9 +73,9 @@ void FrmIndexer::design() {
 
     const int top = edge + frameHeight + margin;
     const int right = frameLeft + frameWidth - buttonWidth;
-    indexer::design(CmdProc, "&Analyse", right - 2 * (buttonWidth + margin), top);
-    indexer::design(CmdNext, "&Next", right - buttonWidth - margin, top);
-    indexer::design(CmdClose, "&Close", right, top);
+    dialog::design(CmdProc, "&Analyse", right - 2 * (buttonWidth + margin), top);
+    dialog::design(CmdNext, "&Next", right - buttonWidth - margin, top);
+    dialog::design(CmdClose, "&Close", right, top);
 }
 
 namespace {
@@ -130,7 +109,7 @@ void FrmIndexer::designInfo() {
          {&lblControls, "Total Controls: "}}};
     int top = 375;
     for (const auto& [label, caption] : labels) {
-        indexer::design(*label, caption, {2 * margin, top, page.width - 4 * margin, lineHeight});
+        dialog::design(*label, caption, {2 * margin, top, page.width - 4 * margin, lineHeight});
         top += 420;
     }
 }
@@ -149,8 +128,8 @@ void FrmIndexer::designOptions() {
         }
     };
     int top = 285;
-    indexer::design(lblSelect, "Select Components for which to generate Help ID",
-                    {margin, top, width, lineHeight});
+    dialog::design(lblSelect, "Select Components for which to generate Help ID",
+                   {margin, top, width, lineHeight});
     place({{{&ChkFrm, "&Forms"},
             {&ChkMDI, "&MDI Form"},
             {&ChkDsr, "&Designer"},
@@ -159,7 +138,7 @@ void FrmIndexer::designOptions() {
             {&ChkActiveXCtl, "ActiveX Controls"}}},
           top + row);
     top += 930;
-    indexer::design(lblExclude, "Exclude following controls from Indexing", {margin, top, width, lineHeight});
+    dialog::design(lblExclude, "Exclude following controls from Indexing", {margin, top, width, lineHeight});
     place({{{&ChkExclLbl, "&Labels"},
             {&ChKExcFrame, "&Frames"},
             {&ChkExcShape, "&Shapes"},
@@ -172,8 +151,8 @@ void FrmIndexer::designOptions() {
     ChkIDMap.setBounds({margin, top, width, boxLine});
     ChkAutoLoad.setCaption("Create Procedures in each Designer to load  each");
     ChkAutoLoad.setBounds({margin, top + 300, width, boxLine});
-    indexer::design(lblAutoLoad, "control's Help Context ID on loading",
-                    {margin + 270, top + 300 + boxLine, width - 270, lineHeight});
+    dialog::design(lblAutoLoad, "control's Help Context ID on loading",
+                   {margin + 270, top + 300 + boxLine, width - 270, lineHeight});
     top += 855;
     FrameDefault.setCaption("Default Text Pop UP ( for controls which have no topic)");
     FrameDefault.setBounds({margin, top, width, page.height - top - margin});
@@ -183,48 +162,48 @@ void FrmIndexer::designOptions() {
 }
 
 void FrmIndexer::designStageTwo() {
-    indexer::design(headerField, "Select New Header File Name: (You need it for help file)", 360);
-    indexer::design(configurationField, "Select Configuration File: (Used internally for this Add-In)", 1140);
-    indexer::design(lblModuleName, "Enter Module Name ( No Spcae):", {margin, 1920, inner, lineHeight});
+    designField(headerField, "Select New Header File Name: (You need it for help file)", 360);
+    designField(configurationField, "Select Configuration File: (Used internally for this Add-In)", 1140);
+    dialog::design(lblModuleName, "Enter Module Name ( No Spcae):", {margin, 1920, inner, lineHeight});
     txtModule.setBounds({margin, 1920 + below, 3000, boxHeight});
-    indexer::design(moduleField, "Select Module File: (You will need it in your project)", 2700);
+    designField(moduleField, "Select Module File: (You will need it in your project)", 2700);
 
-    indexer::design(LblProc, "", {margin, 3720, inner, lineHeight});
-    indexer::design(LblProcModule, "No module under process..", {margin, 4020, inner, lineHeight});
+    dialog::design(LblProc, "", {margin, 3720, inner, lineHeight});
+    dialog::design(LblProcModule, "No module under process..", {margin, 4020, inner, lineHeight});
     IndicSurface.setBounds({margin, 4380, inner, 300});
 }
 
 void FrmIndexer::designStageThree() {
     constexpr int half = (inner - margin) / 2;
     constexpr int right = margin + half + margin;
-    indexer::design(textField, "Select New Text File Name: (You need it for help file)", 300);
-    indexer::design(lblDsr, "Designer:", {margin, 1050, half, lineHeight});
+    designField(textField, "Select New Text File Name: (You need it for help file)", 300);
+    dialog::design(lblDsr, "Designer:", {margin, 1050, half, lineHeight});
     cboDsr.setBounds({margin, 1050 + below, half, boxHeight});
-    indexer::design(lblCtl, "Control:", {right, 1050, half, lineHeight});
+    dialog::design(lblCtl, "Control:", {right, 1050, half, lineHeight});
     CboCtl.setBounds({right, 1050 + below, half, boxHeight});
-    indexer::design(lblTypeIs, "Control type:", {margin, 1755, 1260, lineHeight});
+    dialog::design(lblTypeIs, "Control type:", {margin, 1755, 1260, lineHeight});
     LblType.setBounds({margin + 1260, 1710, half - 1260, 285});
     LblType.setBordered(true);
-    indexer::design(lblIDIs, "HelpContext ID:", {right, 1755, 1260, lineHeight});
+    dialog::design(lblIDIs, "HelpContext ID:", {right, 1755, 1260, lineHeight});
     LblID.setBounds({right + 1260, 1710, half - 1260, 285});
     LblID.setBordered(true);
 
-    indexer::design(lblHelp,
-                    "Text Pop Up Entry [The text which appears as help):", {margin, 2160, inner, lineHeight});
+    dialog::design(lblHelp,
+                   "Text Pop Up Entry [The text which appears as help):", {margin, 2160, inner, lineHeight});
     txtHelp.setMultiLine(true);
     constexpr int buttons = frameHeight - margin - buttonHeight;
     txtHelp.setBounds({margin, 2160 + below, inner, buttons - margin - 2160 - below});
-    indexer::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttons);
-    indexer::design(CmdDel, "Delete", margin + inner - buttonWidth, buttons);
+    dialog::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttons);
+    dialog::design(CmdDel, "Delete", margin + inner - buttonWidth, buttons);
 }
 
 void FrmIndexer::designStageFour() {
     constexpr int button = frameHeight - margin - buttonHeight;
-    indexer::design(lblReview, "Please review the text below", {margin, 300, inner, lineHeight});
+    dialog::design(lblReview, "Please review the text below", {margin, 300, inner, lineHeight});
     TxtRV.setMultiLine(true);
     TxtRV.setLocked(true); // lines are only appended
     TxtRV.setBounds({margin, 300 + below, inner, button - margin - 300 - below});
-    indexer::design(cmdRpt, "Save &Report", margin + inner - buttonWidth, button);
+    dialog::design(cmdRpt, "Save &Report", margin + inner - buttonWidth, button);
 }
 
 void FrmIndexer::showStage(Stage stage) {

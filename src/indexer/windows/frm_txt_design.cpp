@@ -1,20 +1,13 @@
+#include "indexer/windows/dialog_design.h"
 #include "indexer/windows/frm_txt.h"
 
 // How the editor for an existing index looks.
 namespace corvelle::indexer {
 
+using namespace dialog;
+
 namespace {
 
-constexpr int edge = 45;
-constexpr int margin = 120;
-constexpr int lineHeight = 195;
-constexpr int boxHeight = 315;
-constexpr int buttonHeight = 375;
-constexpr int buttonWidth = 1335;
-// A label above its control.
-constexpr int below = 225;
-
-constexpr int infoWidth = 2385;
 constexpr int left = infoWidth + 2 * edge + margin;
 constexpr int width = 7005;
 constexpr int infoTop = 420;
@@ -23,33 +16,20 @@ constexpr int frameHeight = 3690;
 constexpr int bottom = frameTop + frameHeight;
 constexpr forms::Size designSize{left + width + margin, bottom + 2 * margin + buttonHeight};
 
-void design(forms::Label& label, const char* caption, const forms::Bounds& bounds) {
-    label.setCaption(caption);
-    label.setBounds(bounds);
-}
-
-void design(forms::CommandButton& button, const char* caption, int x, int y) {
-    button.setCaption(caption);
-    button.setBounds({x, y, buttonWidth, buttonHeight});
-}
-
 } // namespace
 
 void FrmTxt::design() {
     setCaption("Help ID Indexer: Create /Modify Text Entries");
     setSize(designSize);
 
-    indexer::design(lblSubtitle, "Add  pop up text entries for your controls",
-                    {margin, margin, designSize.width - 2 * margin, 240});
+    dialog::design(lblSubtitle, "Add  pop up text entries for your controls",
+                   {margin, margin, designSize.width - 2 * margin, 240});
     auto bold = lblSubtitle.font();
     bold.bold = true;
     lblSubtitle.setFont(bold);
-    lblInfo.setBounds({edge, infoTop, infoWidth, bottom - infoTop});
-    lblInfo.setBordered(true);
-    lblInfo.setUseMnemonic(false); // it only speaks of a button
+    dialog::designInfo(lblInfo, infoTop, bottom - infoTop);
 
-    constexpr int browseWidth = 495;
-    indexer::design(lblProject, "Select Indexer Project File:", {left, infoTop, width, lineHeight});
+    dialog::design(lblProject, "Select Indexer Project File:", {left, infoTop, width, lineHeight});
     Text1.setLocked(true); // a path comes from the dialog alone
     Text1.setBounds({left, infoTop + below, width - browseWidth - 60, boxHeight});
     Command2.setCaption("....");
@@ -72,9 +52,9 @@ void FrmTxt::design() {
                        285});
     IndicSurface.setBounds(
         {right - buttonWidth - margin - indicatorWidth - margin, buttonsTop + 45, indicatorWidth, 285});
-    indexer::design(CmdProc, "&Save", right - buttonWidth - margin, buttonsTop);
+    dialog::design(CmdProc, "&Save", right - buttonWidth - margin, buttonsTop);
     CmdProc.setEnabled(false);
-    indexer::design(CmdClose, "&Close", right, buttonsTop);
+    dialog::design(CmdClose, "&Close", right, buttonsTop);
 }
 
 void FrmTxt::designEntries() {
@@ -84,23 +64,23 @@ void FrmTxt::designEntries() {
     constexpr int labelWidth = 1260;
     Frame1.setCaption("Text Pop Up Entries");
     Frame1.setBounds({left, frameTop, width, frameHeight});
-    indexer::design(lblDesigner, "Designer:", {margin, 300, half, lineHeight});
+    dialog::design(lblDesigner, "Designer:", {margin, 300, half, lineHeight});
     cboDsr.setBounds({margin, 300 + below, half, boxHeight});
-    indexer::design(lblControl, "Control:", {second, 300, half, lineHeight});
+    dialog::design(lblControl, "Control:", {second, 300, half, lineHeight});
     CboCtl.setBounds({second, 300 + below, half, boxHeight});
-    indexer::design(lblTypeIs, "Control type:", {margin, 1005, labelWidth, lineHeight});
+    dialog::design(lblTypeIs, "Control type:", {margin, 1005, labelWidth, lineHeight});
     LblType.setBordered(true);
     LblType.setBounds({margin + labelWidth, 960, half - labelWidth, 285});
-    indexer::design(lblIDIs, "HelpContext ID:", {second, 1005, labelWidth, lineHeight});
+    dialog::design(lblIDIs, "HelpContext ID:", {second, 1005, labelWidth, lineHeight});
     LblID.setBordered(true);
     LblID.setBounds({second + labelWidth, 960, half - labelWidth, 285});
     constexpr int buttonsTop = frameHeight - margin - buttonHeight;
-    indexer::design(lblHelp,
-                    "Text Pop Up Entry [The text which appears as help):", {margin, 1380, inner, lineHeight});
+    dialog::design(lblHelp,
+                   "Text Pop Up Entry [The text which appears as help):", {margin, 1380, inner, lineHeight});
     txtHelp.setMultiLine(true);
     txtHelp.setBounds({margin, 1380 + below, inner, buttonsTop - margin - 1380 - below});
-    indexer::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttonsTop);
-    indexer::design(CmdDel, "Delete", margin + inner - buttonWidth, buttonsTop);
+    dialog::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttonsTop);
+    dialog::design(CmdDel, "Delete", margin + inner - buttonWidth, buttonsTop);
 }
 
 } // namespace corvelle::indexer
