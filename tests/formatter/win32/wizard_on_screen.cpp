@@ -1,17 +1,10 @@
 #include "formatter/win32/wizard_on_screen.h"
 
 #include <algorithm>
-#include <exception>
 #include <filesystem>
-#include <thread>
 #include <utility>
 
 namespace corvelle::formatter::tests {
-
-bool WatchedDesktop::waitForEvents() {
-    ++waits;
-    return Win32Desktop::waitForEvents();
-}
 
 void Manager::Hide() {
     ++hides;
@@ -26,10 +19,6 @@ WizardOnScreen::WizardOnScreen() {
 
 WizardOnScreen::~WizardOnScreen() {
     if (const auto page = std::exchange(manager->page, nullptr)) page->unload();
-    MSG message; // the user has left word to quit
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message != WM_QUIT) DispatchMessageA(&message);
-    }
 }
 
 void WizardOnScreen::activate(const std::string& component) {
@@ -73,19 +62,7 @@ void WizardOnScreen::letUserWork(const std::function<void(const User&)>& user) {
     manager->page = std::make_shared<frmMain>(desktop);
     manager->page->VBInstance = ide;
     manager->page->ThisAddInMgr = manager;
-    manager->page->show();
-    const DWORD thread = GetCurrentThreadId();
-    std::thread works([&] {
-        try {
-            user(User(thread, desktop.waits));
-        } catch (const std::exception& error) {
-            ADD_FAILURE() << error.what();
-        }
-        PostThreadMessageA(thread, WM_QUIT, 0, 0); // closes what a failure has left open
-    });
-    while (desktop.waitForEvents()) {
-    }
-    works.join();
+    desktop.letUserWork([this] { manager->page->show(); }, user);
 }
 
 HWND WizardOnScreen::openDialog(const User& user) {

@@ -2,12 +2,10 @@
 
 #include "base/temporary_folder.h"
 #include "formatter/engine.h"
-#include "formatter/win32/user.h"
+#include "formatter/win32/watched_desktop.h"
 #include "formatter/windows/frm_main.h"
-#include "forms/win32/win32_desktop.h"
 #include "ide/workspace/workspace.h"
 
-#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -15,15 +13,6 @@
 #include <vector>
 
 namespace corvelle::formatter::tests {
-
-/// Counts how often it has waited for messages; it does so only when nothing is under way.
-class WatchedDesktop : public forms::Win32Desktop {
-  public:
-    using Win32Desktop::Win32Desktop;
-    bool waitForEvents() override;
-
-    std::atomic<unsigned> waits{0};
-};
 
 /// The connect object: owns the page and lets go of it.
 class Manager : public AddInManager {

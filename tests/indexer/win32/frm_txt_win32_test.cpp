@@ -1,18 +1,14 @@
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
-#include "formatter/win32/user.h"
-#include "forms/win32/win32_desktop.h"
+#include "formatter/win32/watched_desktop.h"
 #include "indexer/windows/add_in_manager.h"
 #include "indexer/windows/frm_txt.h"
 
-#include <atomic>
-#include <exception>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 #include <windows.h>
@@ -21,19 +17,8 @@ namespace corvelle::indexer::tests {
 namespace {
 
 using formatter::tests::User;
+using formatter::tests::WatchedDesktop;
 namespace fs = std::filesystem;
-
-/// Counts how often it has waited for messages; it does so only when nothing is under way.
-class EditorDesktop : public forms::Win32Desktop {
-  public:
-    using Win32Desktop::Win32Desktop;
-    bool waitForEvents() override {
-        ++waits;
-        return Win32Desktop::waitForEvents();
-    }
-
-    std::atomic<unsigned> waits{0};
-};
 
 /// The connect object: owns the editor and lets go of it.
 class EditorOwner : public AddInManager {
@@ -60,13 +45,7 @@ class TextEditorOnScreen : public testing::Test {
         }
         SetCursorPos(0, 0);
     }
-    ~TextEditorOnScreen() override {
-        owner->Hide();
-        MSG message; // the user has left word to quit
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message != WM_QUIT) DispatchMessageA(&message);
-        }
-    }
+    ~TextEditorOnScreen() override { owner->Hide(); }
 
     std::string path(const std::string& copy, const std::string& name) const {
         return (folder.path() / copy / name).string();
@@ -75,19 +54,7 @@ class TextEditorOnScreen : public testing::Test {
     /// Shows the editor and serves messages while a user works, on another thread. Once.
     void letUserWork(const std::function<void(const User&)>& user) {
         owner->editor = std::make_shared<FrmTxt>(desktop);
-        owner->editor->ShowTextEdit(nullptr, owner);
-        const DWORD thread = GetCurrentThreadId();
-        std::thread works([&] {
-            try {
-                user(User(thread, desktop.waits));
-            } catch (const std::exception& error) {
-                ADD_FAILURE() << error.what();
-            }
-            PostThreadMessageA(thread, WM_QUIT, 0, 0); // closes what a failure has left open
-        });
-        while (desktop.waitForEvents()) {
-        }
-        works.join();
+        desktop.letUserWork([this] { owner->editor->ShowTextEdit(nullptr, owner); }, user);
     }
 
     static void openProject(const User& user, HWND window, const std::string& file) {
@@ -104,7 +71,7 @@ class TextEditorOnScreen : public testing::Test {
     }
 
     corvelle::test::TemporaryFolder folder;
-    EditorDesktop desktop{GetModuleHandleA(nullptr)};
+    WatchedDesktop desktop{GetModuleHandleA(nullptr)};
     std::shared_ptr<EditorOwner> owner = std::make_shared<EditorOwner>();
 };
 

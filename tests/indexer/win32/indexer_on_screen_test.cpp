@@ -1,18 +1,14 @@
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
-#include "formatter/win32/user.h"
-#include "forms/win32/win32_desktop.h"
+#include "formatter/win32/watched_desktop.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/windows/frm_indexer.h"
 
-#include <atomic>
-#include <exception>
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-#include <thread>
 #include <utility>
 #include <vector>
 #include <windows.h>
@@ -21,19 +17,8 @@ namespace corvelle::indexer::tests {
 namespace {
 
 using formatter::tests::User;
+using formatter::tests::WatchedDesktop;
 namespace fs = std::filesystem;
-
-/// Counts how often it has waited for messages; it does so only when nothing is under way.
-class WatchedDesktop : public forms::Win32Desktop {
-  public:
-    using Win32Desktop::Win32Desktop;
-    bool waitForEvents() override {
-        ++waits;
-        return Win32Desktop::waitForEvents();
-    }
-
-    std::atomic<unsigned> waits{0};
-};
 
 /// The connect object: owns the wizard and lets go of it.
 class Manager : public AddInManager {
@@ -58,10 +43,6 @@ class IndexerOnScreen : public testing::Test {
     ~IndexerOnScreen() override {
         manager->Hide();
         setSetting(before_);
-        MSG message; // the user has left word to quit
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (message.message != WM_QUIT) DispatchMessageA(&message);
-        }
     }
 
     std::string path(const std::string& copy, const std::string& name) const {
@@ -73,19 +54,7 @@ class IndexerOnScreen : public testing::Test {
         const auto ide = workspace::Workspace::open(path("wizard", "Stockroom.vbp"));
         manager->wizard = std::make_shared<FrmIndexer>(desktop);
         manager->wizard->ThisMgr = manager;
-        const DWORD thread = GetCurrentThreadId();
-        std::thread works([&] {
-            try {
-                user(User(thread, desktop.waits));
-            } catch (const std::exception& error) {
-                ADD_FAILURE() << error.what();
-            }
-            PostThreadMessageA(thread, WM_QUIT, 0, 0); // closes what a failure has left open
-        });
-        manager->wizard->ShowIndexer(ide);
-        while (desktop.waitForEvents()) {
-        }
-        works.join();
+        desktop.letUserWork([&] { manager->wizard->ShowIndexer(ide); }, user);
     }
 
     /// Chooses a file in the dialog that the button shows.
