@@ -22,11 +22,17 @@ need_packages() {
   local as_root=()
   [ "$(id -u)" = 0 ] || as_root=(sudo)
   local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -qq -o Dpkg::Use-Pty=0)
-  "${apt[@]}" update >&2 || say "apt-get update had problems; going on with the lists there are"
-  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >&2 </dev/null || {
+  local log
+  log=$(mktemp)
+  # Lists that cannot be brought up to date matter only where the packages then cannot be had.
+  "${apt[@]}" update >"$log" 2>&1 || true
+  "${apt[@]}" install -y --no-install-recommends "${missing[@]}" >>"$log" 2>&1 </dev/null || {
+    cat "$log" >&2
+    rm -f "$log"
     say "could not install: ${missing[*]}"
     return 1
   }
+  rm -f "$log"
 }
 
 # configure PRESET [CMAKE-ARGS]: configures build/PRESET; a tree that was moved here is made anew.
