@@ -1,6 +1,7 @@
 // Pipes, links, permissions and devices as POSIX systems have them.
 #ifndef _WIN32
 
+#include "base/error_of.h"
 #include "base/file.h"
 #include "base/other_user.h"
 #include "base/temporary_folder.h"
@@ -14,16 +15,8 @@ namespace corvelle::base {
 namespace {
 
 namespace fs = std::filesystem;
+using test::errorNumberOf;
 using test::TemporaryFolder;
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const FileError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 TEST(ReadFile, ReadsAPipeToItsEnd) {
     const TemporaryFolder folder;
@@ -44,7 +37,7 @@ TEST(ReadFile, RefusesMoreThanFourGigabytes) {
     const TemporaryFolder folder;
     const auto path = folder.write("large.bas", "");
     fs::resize_file(path, std::uintmax_t{1} << 32); // takes no room on the disk
-    EXPECT_EQ(errorOf([&] { readFile(path); }), 7);
+    EXPECT_EQ(errorNumberOf([&] { readFile(path); }), 7);
 }
 
 TEST(ReadFile, RefusesAFileThatMayNotBeRead) {
@@ -52,7 +45,7 @@ TEST(ReadFile, RefusesAFileThatMayNotBeRead) {
     const auto path = folder.write("a.bas", "x");
     fs::permissions(path, fs::perms::none);
     const test::OtherUser user;
-    EXPECT_EQ(errorOf([&] { readFile(path); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { readFile(path); }), 70);
 }
 
 TEST(ReadStandardInput, ReadsToTheEnd) {
@@ -67,7 +60,7 @@ TEST(ReadStandardInput, ReadsToTheEnd) {
 }
 
 TEST(WriteFile, TellsThatTheDiskIsFull) {
-    EXPECT_EQ(errorOf([] { writeFile("/dev/full", "x"); }), 61);
+    EXPECT_EQ(errorNumberOf([] { writeFile("/dev/full", "x"); }), 61);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/file.h"
 #include "base/temporary_folder.h"
 
@@ -7,16 +8,8 @@ namespace corvelle::base {
 namespace {
 
 namespace fs = std::filesystem;
+using test::errorNumberOf;
 using test::TemporaryFolder;
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const FileError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 TEST(ReadFile, GivesEveryByte) {
     const TemporaryFolder folder;
@@ -32,15 +25,15 @@ TEST(ReadFile, GivesNothingForAnEmptyFile) {
 
 TEST(ReadFile, TellsAMissingFileFromAMissingFolder) {
     const TemporaryFolder folder;
-    EXPECT_EQ(errorOf([&] { readFile(folder.path() / "none.bas"); }), 53);
-    EXPECT_EQ(errorOf([&] { readFile(folder.path() / "none" / "none.bas"); }), 76);
-    EXPECT_EQ(errorOf([&] { readFile(folder.write("a.bas", "") / "none.bas"); }), 76);
-    EXPECT_EQ(errorOf([] { readFile("none-of-that-name.bas"); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { readFile(folder.path() / "none.bas"); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { readFile(folder.path() / "none" / "none.bas"); }), 76);
+    EXPECT_EQ(errorNumberOf([&] { readFile(folder.write("a.bas", "") / "none.bas"); }), 76);
+    EXPECT_EQ(errorNumberOf([] { readFile("none-of-that-name.bas"); }), 53);
 }
 
 TEST(ReadFile, RefusesAFolder) {
     const TemporaryFolder folder;
-    EXPECT_EQ(errorOf([&] { readFile(folder.path()); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { readFile(folder.path()); }), 75);
 }
 
 TEST(ReadFile, TakesAStampThatChangesWithTheFile) {
@@ -66,11 +59,11 @@ TEST(WriteFile, CreatesAndTruncates) {
 
 TEST(WriteFile, TellsWhyItCannot) {
     const TemporaryFolder folder;
-    EXPECT_EQ(errorOf([&] { writeFile(folder.path() / "none" / "a.bas", ""); }), 76);
-    EXPECT_EQ(errorOf([&] { writeFile(folder.path(), ""); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { writeFile(folder.path() / "none" / "a.bas", ""); }), 76);
+    EXPECT_EQ(errorNumberOf([&] { writeFile(folder.path(), ""); }), 75);
     const auto readOnly = folder.write("a.bas", "old");
     fs::permissions(readOnly, fs::perms(0444));
-    EXPECT_EQ(errorOf([&] { writeFile(readOnly, "new"); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { writeFile(readOnly, "new"); }), 75);
     EXPECT_EQ(folder.read("a.bas"), "old");
 }
 

@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/file.h"
 #include "base/temporary_folder.h"
 
@@ -7,16 +8,8 @@
 namespace corvelle::base {
 namespace {
 
+using test::errorNumberOf;
 using test::TemporaryFolder;
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const FileError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 TEST(OutputFile, WritesFromTheStart) {
     const TemporaryFolder folder;
@@ -49,9 +42,9 @@ TEST(OutputFile, RefusesWhatCannotBeWritten) {
     const TemporaryFolder folder;
     const auto readOnly = folder.write("ro", "x");
     std::filesystem::permissions(readOnly, std::filesystem::perms(0444));
-    EXPECT_EQ(errorOf([&] { OutputFile file(folder.path()); }), 75);
-    EXPECT_EQ(errorOf([&] { OutputFile file(folder.path() / "none" / "a"); }), 76);
-    EXPECT_EQ(errorOf([&] { OutputFile file(readOnly); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { OutputFile file(folder.path()); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { OutputFile file(folder.path() / "none" / "a"); }), 76);
+    EXPECT_EQ(errorNumberOf([&] { OutputFile file(readOnly); }), 75);
     EXPECT_EQ(folder.read("ro"), "x");
 }
 
@@ -59,8 +52,8 @@ TEST(OutputFile, RefusesWhatCannotBeWritten) {
 TEST(OutputFile, TellsThatTheDiskIsFull) {
     OutputFile file("/dev/full");
     file.write("x");
-    EXPECT_EQ(errorOf([&] { file.close(); }), 61);
-    EXPECT_EQ(errorOf([] {
+    EXPECT_EQ(errorNumberOf([&] { file.close(); }), 61);
+    EXPECT_EQ(errorNumberOf([] {
                   OutputFile large("/dev/full");
                   large.write(std::string(100000, 'x'));
               }),

@@ -1,14 +1,14 @@
 // Pipes, links, permissions and devices as POSIX systems have them.
 #ifndef _WIN32
 
+#include "base/error_of.h"
 #include "base/file.h"
+#include "base/full_disk.h"
 #include "base/other_user.h"
 #include "base/temporary_folder.h"
 
-#include <csignal>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +16,7 @@ namespace corvelle::base {
 namespace {
 
 namespace fs = std::filesystem;
+using test::errorNumberOf;
 using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
@@ -23,34 +24,6 @@ using testing::UnorderedElementsAre;
 auto writing(std::string bytes) {
     return [bytes = std::move(bytes)](FileWriter& writer) { writer.write(bytes); };
 }
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const FileError& error) {
-        return error.number();
-    }
-    return 0;
-}
-
-// Lets this process write files of that size at most, as on a full disk.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        rlimit limit = before_;
-        limit.rlim_cur = bytes;
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, handler_);
-    }
-
-  private:
-    rlimit before_{};
-    void (*handler_)(int);
-};
 
 TEST(ReplaceFile, PutsAnotherFileInPlaceOfTheOldOne) {
     const TemporaryFolder folder;
@@ -98,8 +71,8 @@ TEST(ReplaceFile, RefusesLinksThatLeadNowhere) {
     const TemporaryFolder folder;
     fs::create_symlink("gone.bas", folder.path() / "dangling.bas");
     fs::create_symlink("loop.bas", folder.path() / "loop.bas");
-    EXPECT_EQ(errorOf([&] { replaceFile(folder.path() / "dangling.bas", writing("new")); }), 53);
-    EXPECT_EQ(errorOf([&] { replaceFile(folder.path() / "loop.bas", writing("new")); }), 57);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(folder.path() / "dangling.bas", writing("new")); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(folder.path() / "loop.bas", writing("new")); }), 57);
     EXPECT_THAT(folder.names(), UnorderedElementsAre("dangling.bas", "loop.bas"));
 }
 
@@ -110,24 +83,24 @@ TEST(ReplaceFile, RefusesAFileThatThisUserMayNotWrite) {
     // The owner alone may not write it, or nobody but the owner.
     fs::permissions(path, fs::perms(geteuid() == 0 ? 0644 : 0466));
     const test::OtherUser user;
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new")); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new")); }), 70);
 }
 
 TEST(ReplaceFile, RefusesWhatIsNoFile) {
     const TemporaryFolder folder;
     const auto pipe = folder.path() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    EXPECT_EQ(errorOf([&] { replaceFile(pipe, writing("new")); }), 75);
-    EXPECT_EQ(errorOf([&] { replaceFile(folder.path(), writing("new")); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(pipe, writing("new")); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(folder.path(), writing("new")); }), 75);
     EXPECT_TRUE(fs::is_fifo(pipe));
 }
 
 TEST(ReplaceFile, LeavesTheOldFileWhenTheDiskIsFull) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
-    const FileSizeLimit limit(50000);
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing(std::string(50001, 'x'))); }), 61);
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing(std::string(500000, 'x'))); }), 61);
+    const test::FullDisk disk(50000);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing(std::string(50001, 'x'))); }), 61);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing(std::string(500000, 'x'))); }), 61);
     EXPECT_EQ(folder.read("a.bas"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
     replaceFile(path, writing(std::string(50000, 'x')));

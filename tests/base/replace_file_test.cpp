@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/file.h"
 #include "base/temporary_folder.h"
 
@@ -9,21 +10,13 @@ namespace corvelle::base {
 namespace {
 
 namespace fs = std::filesystem;
+using test::errorNumberOf;
 using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
 auto writing(std::string bytes) {
     return [bytes = std::move(bytes)](FileWriter& writer) { writer.write(bytes); };
-}
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const FileError& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 TEST(ReplaceFile, PutsTheNewBytesInPlace) {
@@ -38,7 +31,7 @@ TEST(ReplaceFile, CreatesAFileThatIsNotThere) {
     const TemporaryFolder folder;
     replaceFile(folder.path() / "a.bas", writing("new"));
     EXPECT_EQ(folder.read("a.bas"), "new");
-    EXPECT_EQ(errorOf([&] { replaceFile(folder.path() / "none" / "a.bas", writing("new")); }), 76);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(folder.path() / "none" / "a.bas", writing("new")); }), 76);
 }
 
 TEST(ReplaceFile, TakesANameInTheCurrentFolder) {
@@ -55,7 +48,7 @@ TEST(ReplaceFile, RefusesAFileWithoutAnyWritePermission) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
     fs::permissions(path, fs::perms(0555));
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new")); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new")); }), 70);
     EXPECT_EQ(folder.read("a.bas"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
 }
@@ -79,16 +72,16 @@ TEST(ReplaceFile, RefusesAFileThatWasChangedSinceItWasRead) {
     readFile(path, &stamp);
 
     folder.write("a.bas", "grown");
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
     readFile(path, &stamp);
     fs::last_write_time(path, fs::last_write_time(path) + std::chrono::seconds(1));
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
     readFile(path, &stamp);
     fs::rename(folder.write("b.bas", "other"), path);
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
     readFile(path, &stamp);
     fs::remove(path);
-    EXPECT_EQ(errorOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
     EXPECT_THAT(folder.names(), ElementsAre());
 }
 
@@ -112,7 +105,7 @@ TEST(ReplaceFile, SeesAChangeDuringTheWriting) {
         writer.write("new");
         folder.write("a.bas", "somebody else's");
     };
-    EXPECT_EQ(errorOf([&] { replaceFile(path, slow, stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, slow, stamp); }), 70);
     EXPECT_EQ(folder.read("a.bas"), "somebody else's");
 }
 

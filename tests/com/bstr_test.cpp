@@ -1,5 +1,5 @@
+#include "base/error_of.h"
 #include "com/bstr.h"
-#include "com/error_of.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>

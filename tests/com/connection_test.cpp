@@ -1,5 +1,5 @@
+#include "base/error_of.h"
 #include "com/connection_point.h"
-#include "com/error_of.h"
 #include "com/event_sink.h"
 
 #include <functional>

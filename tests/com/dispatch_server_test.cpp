@@ -1,6 +1,6 @@
+#include "base/error_of.h"
 #include "com/dispatch.h"
 #include "com/dispatch_server.h"
-#include "com/error_of.h"
 
 #include <gtest/gtest.h>
 

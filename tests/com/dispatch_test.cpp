@@ -1,5 +1,5 @@
+#include "base/error_of.h"
 #include "com/dispatch.h"
-#include "com/error_of.h"
 #include "com/scripted_object.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
+#include "base/error_of.h"
 #include "com/bstr.h"
 #include "com/error.h"
-#include "com/error_of.h"
 #include "com/ptr.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "com/error_of.h"
+#include "base/error_of.h"
 #include "com/object.h"
 #include "com/scripted_object.h"
 #include "com/variant.h"

@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/run_time_error.h"
 #include "forms/recording_form.h"
 
@@ -8,6 +9,7 @@
 namespace corvelle::forms {
 namespace {
 
+using test::errorNumberOf;
 using testing::ElementsAre;
 
 class ControlValues : public testing::Test {
@@ -20,16 +22,6 @@ class ControlValues : public testing::Test {
     HeadlessDesktop desktop;
     std::shared_ptr<RecordingForm> form = std::make_shared<RecordingForm>(desktop);
 };
-
-template <class Action>
-std::int32_t errorOf(Action&& action) {
-    try {
-        action();
-    } catch (const base::RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 TEST_F(ControlValues, ACheckBoxClicksWhenItsValueBecomesAnother) {
     form->check.setValue(1);
@@ -142,10 +134,10 @@ TEST_F(ControlValues, AddItemAppendsAndChoosesNothing) {
 }
 
 TEST_F(ControlValues, ARowThatIsNotThereIsAnInvalidPropertyValue) {
-    EXPECT_EQ(errorOf([&] { form->combo.setListIndex(3); }), 380);
-    EXPECT_EQ(errorOf([&] { form->combo.setListIndex(-2); }), 380);
-    EXPECT_EQ(errorOf([&] { form->combo.list(3); }), 380);
-    EXPECT_EQ(errorOf([&] { form->combo.list(-1); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->combo.setListIndex(3); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->combo.setListIndex(-2); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->combo.list(3); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->combo.list(-1); }), 380);
     EXPECT_EQ(form->combo.listIndex(), 1);
 }
 
@@ -168,9 +160,9 @@ TEST_F(ControlValues, ASliderScrollsOnlyWhileTheUserDrags) {
 }
 
 TEST_F(ControlValues, ASlidersValueStaysInItsRange) {
-    EXPECT_EQ(errorOf([&] { form->slider.setValue(101); }), 380);
-    EXPECT_EQ(errorOf([&] { form->slider.setValue(-1); }), 380);
-    EXPECT_EQ(errorOf([&] { form->slider.setRange({5, 4, 1, 1}); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->slider.setValue(101); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->slider.setValue(-1); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->slider.setRange({5, 4, 1, 1}); }), 380);
     EXPECT_EQ(form->slider.value(), 40);
     form->slider.setRange({50, 60, 1, 5});
     EXPECT_EQ(form->slider.value(), 50);
@@ -187,8 +179,8 @@ TEST_F(ControlValues, ATabStripClicksWhenAnotherTabIsSelected) {
     EXPECT_TRUE(desktop.choose(form->tabs, 2));
     EXPECT_EQ(form->count("tabs Click"), 2);
     EXPECT_FALSE(desktop.choose(form->tabs, 3));
-    EXPECT_EQ(errorOf([&] { form->tabs.select(0); }), 380);
-    EXPECT_EQ(errorOf([&] { form->tabs.select(3); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->tabs.select(0); }), 380);
+    EXPECT_EQ(errorNumberOf([&] { form->tabs.select(3); }), 380);
     form->tabs.setTabs({"x", "y", "z"});
     EXPECT_EQ(form->tabs.selected(), 1);
 }

@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/temporary_folder.h"
 #include "ide/required.h"
 #include "ide/workspace/workspace.h"
@@ -8,6 +9,7 @@
 namespace corvelle::workspace {
 namespace {
 
+using test::errorNumberOf;
 using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -26,15 +28,6 @@ std::vector<std::string> controlsOf(const std::shared_ptr<ide::VBComponent>& com
         result.push_back(control->ClassName() + " " + control->Properties()->Item("Name")->Value());
     }
     return result;
-}
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const base::RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
 }
 
 const std::string form = "VERSION 5.00\r\n"
@@ -116,9 +109,9 @@ TEST(Designer, IsNothingForModulesAndForFilesWithoutOne) {
 TEST(Designer, RefusesWhatIsNotThere) {
     const TemporaryFolder folder;
     const auto controls = open(folder, "a.frm", form)->Designer()->VBControls();
-    EXPECT_EQ(errorOf([&] { controls->Item(0); }), 9);
-    EXPECT_EQ(errorOf([&] { controls->Item(7); }), 9);
-    EXPECT_EQ(errorOf([&] { controls->Item(1)->Properties()->Item("Caption"); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { controls->Item(0); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { controls->Item(7); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { controls->Item(1)->Properties()->Item("Caption"); }), 9);
     EXPECT_EQ(controls->Item(1)->Properties()->Item("NAME")->Value(), "fra");
 }
 

@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/temporary_folder.h"
 #include "ide/workspace/project_file_edit.h"
 #include "ide/workspace/workspace.h"
@@ -9,18 +10,9 @@ namespace corvelle::workspace {
 namespace {
 
 namespace fs = std::filesystem;
-using base::RunTimeError;
 using ide::ComponentType;
+using test::errorNumberOf;
 using test::TemporaryFolder;
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 const std::string module1 = "Attribute VB_Name = \"Module1\"\r\nSub Main()\r\nEnd Sub\r\n";
 const std::string project = "Type=Exe\r\nModule=Module1; a.bas\r\nName=\"Proj\"\r\n";
@@ -77,8 +69,8 @@ TEST_F(NewModule, IsAModuleLikeAnyOtherOnceSaved) {
     open();
     const auto module = add();
     module->SaveAs((folder.path() / "m.bas").string());
-    EXPECT_EQ(errorOf([&] { module->setName("x"); }), 438);
-    EXPECT_EQ(errorOf([&] { module->SaveAs("x"); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { module->setName("x"); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { module->SaveAs("x"); }), 438);
     module->CodeModule()->InsertLines(1, "later");
     workspace->projects()[0]->components().back()->Save();
     EXPECT_EQ(folder.read("m.bas"), "Attribute VB_Name = \"Module2\"\r\nlater\r\n");
@@ -87,15 +79,15 @@ TEST_F(NewModule, IsAModuleLikeAnyOtherOnceSaved) {
 TEST_F(NewModule, CannotBeSavedWithoutAFile) {
     open();
     add();
-    EXPECT_EQ(errorOf([&] { workspace->projects()[0]->components().back()->Save(); }), 52);
+    EXPECT_EQ(errorNumberOf([&] { workspace->projects()[0]->components().back()->Save(); }), 52);
 }
 
 TEST_F(NewModule, RefusesWhatIsNoName) {
     open();
     const auto module = add();
     for (const std::string name : {"", "a b", "1a", "_a", "a.b", "a-b", "a\"b"})
-        EXPECT_EQ(errorOf([&] { module->setName(name); }), 380) << name;
-    EXPECT_EQ(errorOf([&] { module->setName(std::string(41, 'a')); }), 380);
+        EXPECT_EQ(errorNumberOf([&] { module->setName(name); }), 380) << name;
+    EXPECT_EQ(errorNumberOf([&] { module->setName(std::string(41, 'a')); }), 380);
     module->setName(std::string(40, 'a'));
     module->setName("M\xFCller_1");
     EXPECT_EQ(module->Name(), "M\xFCller_1");
@@ -105,7 +97,7 @@ TEST_F(NewModule, RefusesANameThatIsTaken) {
     open("Type=Exe\r\nModule=Module1; a.bas\r\nModule=Gone; gone.bas\r\nName=\"Proj\"\r\n");
     const auto module = add();
     for (const std::string name : {"MODULE1", "proj", "gone"})
-        EXPECT_EQ(errorOf([&] { module->setName(name); }), 32813) << name;
+        EXPECT_EQ(errorNumberOf([&] { module->setName(name); }), 32813) << name;
     module->setName("MODULE2"); // its own
     EXPECT_EQ(module->Name(), "MODULE2");
 }
@@ -113,8 +105,8 @@ TEST_F(NewModule, RefusesANameThatIsTaken) {
 TEST_F(NewModule, LeavesTheProjectAloneWhenItCannotBeSaved) {
     open();
     const auto module = add();
-    EXPECT_EQ(errorOf([&] { module->SaveAs((folder.path() / "none" / "m.bas").string()); }), 76);
-    EXPECT_EQ(errorOf([&] { module->SaveAs(folder.path().string()); }), 75);
+    EXPECT_EQ(errorNumberOf([&] { module->SaveAs((folder.path() / "none" / "m.bas").string()); }), 76);
+    EXPECT_EQ(errorNumberOf([&] { module->SaveAs(folder.path().string()); }), 75);
     EXPECT_EQ(folder.read("p.vbp"), project);
     EXPECT_EQ(folder.names().size(), 2U);
     module->SaveAs((folder.path() / "m.bas").string());
@@ -125,7 +117,7 @@ TEST_F(NewModule, DoesNotWriteOverSomebodyElsesChangeOfTheProject) {
     open();
     const auto module = add();
     folder.write("p.vbp", project + "Other=1\r\n");
-    EXPECT_EQ(errorOf([&] { module->SaveAs((folder.path() / "m.bas").string()); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { module->SaveAs((folder.path() / "m.bas").string()); }), 70);
     EXPECT_EQ(folder.read("p.vbp"), project + "Other=1\r\n");
 }
 

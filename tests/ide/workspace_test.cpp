@@ -1,3 +1,4 @@
+#include "base/error_of.h"
 #include "base/temporary_folder.h"
 #include "ide/workspace/workspace.h"
 
@@ -8,8 +9,8 @@ namespace corvelle::workspace {
 namespace {
 
 namespace fs = std::filesystem;
-using base::RunTimeError;
 using ide::ComponentType;
+using test::errorNumberOf;
 using test::TemporaryFolder;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -17,15 +18,6 @@ using testing::IsEmpty;
 const std::string module1 = "Attribute VB_Name = \"Module1\"\r\nOption Explicit\r\nSub Main()\r\nEnd Sub\r\n";
 const std::string form =
     "VERSION 5.00\r\nBegin VB.Form frmBlock\r\nEnd\r\nPrivate Sub Form_Load()\r\nEnd Sub\r\n";
-
-std::int32_t errorOf(const std::function<void()>& statement) {
-    try {
-        statement();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
 
 std::vector<std::string> namesOf(ide::VBProject& project) {
     std::vector<std::string> names;
@@ -129,15 +121,15 @@ TEST(Workspace, OpensASingleModule) {
     EXPECT_THAT(namesOf(*workspace->ActiveVBProject()), ElementsAre("Module1"));
     EXPECT_EQ(workspace->ActiveVBProject()->FileName(), "");
     EXPECT_EQ(componentOf(workspace).FileNames(1), (folder.path() / "Module1.bas").string());
-    EXPECT_EQ(errorOf([&] { componentOf(workspace).FileNames(2); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { componentOf(workspace).FileNames(2); }), 9);
 }
 
 TEST(Workspace, RefusesWhatItCannotOpen) {
     const TemporaryFolder folder;
-    EXPECT_EQ(errorOf([&] { Workspace::open(folder.path() / "none.vbp"); }), 53);
-    EXPECT_EQ(errorOf([&] { Workspace::open(folder.path() / "none.vbg"); }), 53);
-    EXPECT_EQ(errorOf([&] { Workspace::open(folder.path() / "none.bas"); }), 53);
-    EXPECT_EQ(errorOf([&] { Workspace::open(folder.write("a.txt", "")); }), 5);
+    EXPECT_EQ(errorNumberOf([&] { Workspace::open(folder.path() / "none.vbp"); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { Workspace::open(folder.path() / "none.vbg"); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { Workspace::open(folder.path() / "none.bas"); }), 53);
+    EXPECT_EQ(errorNumberOf([&] { Workspace::open(folder.write("a.txt", "")); }), 5);
 }
 
 TEST(Workspace, HasNoActiveProjectInAnEmptyGroup) {
@@ -179,9 +171,9 @@ TEST(Workspace, FindsComponentsByNumberAndName) {
     const auto workspace = openModule(folder, module1);
     const auto components = workspace->ActiveVBProject()->VBComponents();
     EXPECT_EQ(components->Item(1), components->Item("module1"));
-    EXPECT_EQ(errorOf([&] { components->Item(0); }), 9);
-    EXPECT_EQ(errorOf([&] { components->Item(2); }), 9);
-    EXPECT_EQ(errorOf([&] { components->Item("none"); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { components->Item(0); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { components->Item(2); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { components->Item("none"); }), 9);
 }
 
 TEST(Workspace, SaysWhatItDoesNotDo) {
@@ -189,9 +181,9 @@ TEST(Workspace, SaysWhatItDoesNotDo) {
     const auto workspace = Workspace::open(folder.write("a.frm", form));
     const auto components = workspace->ActiveVBProject()->VBComponents();
     const auto component = components->Item(1);
-    EXPECT_EQ(errorOf([&] { components->Add(ComponentType::VBForm); }), 438);
-    EXPECT_EQ(errorOf([&] { component->setName("x"); }), 438);
-    EXPECT_EQ(errorOf([&] { component->SaveAs("x"); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { components->Add(ComponentType::VBForm); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { component->setName("x"); }), 438);
+    EXPECT_EQ(errorNumberOf([&] { component->SaveAs("x"); }), 438);
 }
 
 TEST(Workspace, HasMenusThatCanBeClicked) {
@@ -220,15 +212,15 @@ TEST(CodeModule, RefusesLinesThatAreNotThere) {
     const TemporaryFolder folder;
     const auto workspace = openModule(folder, module1);
     const auto code = codeOf(workspace);
-    EXPECT_EQ(errorOf([&] { code->Lines(0, 1); }), 9);
-    EXPECT_EQ(errorOf([&] { code->Lines(3, 2); }), 9);
-    EXPECT_EQ(errorOf([&] { code->Lines(5, 0); }), 9);
-    EXPECT_EQ(errorOf([&] { code->Lines(1, -1); }), 5);
-    EXPECT_EQ(errorOf([&] { code->Lines(2147483647, 2147483647); }), 9);
-    EXPECT_EQ(errorOf([&] { code->DeleteLines(0, 1); }), 9);
-    EXPECT_EQ(errorOf([&] { code->DeleteLines(1, 4); }), 9);
-    EXPECT_EQ(errorOf([&] { code->DeleteLines(1, -1); }), 5);
-    EXPECT_EQ(errorOf([&] { code->InsertLines(0, "x"); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->Lines(0, 1); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->Lines(3, 2); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->Lines(5, 0); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->Lines(1, -1); }), 5);
+    EXPECT_EQ(errorNumberOf([&] { code->Lines(2147483647, 2147483647); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->DeleteLines(0, 1); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->DeleteLines(1, 4); }), 9);
+    EXPECT_EQ(errorNumberOf([&] { code->DeleteLines(1, -1); }), 5);
+    EXPECT_EQ(errorNumberOf([&] { code->InsertLines(0, "x"); }), 9);
     EXPECT_FALSE(componentOf(workspace).IsDirty());
 }
 
@@ -340,7 +332,7 @@ TEST(Component, StaysDirtyWhenItCannotBeSaved) {
     const auto workspace = openModule(folder, module1);
     codeOf(workspace)->InsertLines(1, "' x");
     fs::permissions(folder.path() / "Module1.bas", fs::perms(0444));
-    EXPECT_EQ(errorOf([&] { componentOf(workspace).Save(); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { componentOf(workspace).Save(); }), 70);
     EXPECT_TRUE(componentOf(workspace).IsDirty());
     EXPECT_EQ(folder.read("Module1.bas"), module1);
     fs::permissions(folder.path() / "Module1.bas", fs::perms(0644));
@@ -359,7 +351,7 @@ TEST(Component, DoesNotWriteOverSomebodyElsesChange) {
     first.CodeModule()->InsertLines(1, "' first");
     second.CodeModule()->InsertLines(1, "' second");
     first.Save();
-    EXPECT_EQ(errorOf([&] { second.Save(); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { second.Save(); }), 70);
     EXPECT_NE(folder.read("x.bas").find("' first"), std::string::npos);
 }
 

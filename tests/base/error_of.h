@@ -30,6 +30,12 @@ ErrorSeen errorOf(Statement&& statement) {
     return {};
 }
 
+/// The number alone.
+template <class Statement>
+std::int32_t errorNumberOf(Statement&& statement) {
+    return errorOf(statement).number;
+}
+
 /// VB6's own error of that number.
 inline ErrorSeen error(base::ErrorNumber number) {
     const auto value = static_cast<std::int32_t>(number);
