@@ -122,19 +122,21 @@ class Creation {
         const auto controls = required(component.Designer()).VBControls();
         if (autoLoads()) mapping_->beginProcedure(name);
         const auto count = required(controls).Count();
-        for (std::int32_t j = 1; j <= count; ++j)
-            writeControl(required(controls->Item(j)), header, configuration);
+        for (std::int32_t j = 1; j <= count; ++j) {
+            if (isIndexable(required(controls->Item(j)).ClassName(), job_.excludeList, job_.options))
+                writeControl(*controls, j, header, configuration);
+        }
         if (autoLoads()) mapping_->endProcedure();
         required(component.DesignerWindow()).Close();
     }
 
-    // The control and its class are fetched once, as no call that fails the second time shall leave a name
-    // without its control.
-    void writeControl(ide::VBControl& control, base::OutputFile& header, base::OutputFile& configuration) {
-        const auto className = control.ClassName();
-        if (!isIndexable(className, job_.excludeList, job_.options)) return;
+    // What is written of a control is what the IDE tells of it now, not when its class was looked at.
+    void writeControl(ide::VBControls& controls, std::int32_t j, base::OutputFile& header,
+                      base::OutputFile& configuration) {
         const auto idh = newIDH();
-        const auto name = required(required(control.Properties()).Item("Name")).Value();
+        const auto control = controls.Item(j);
+        const auto name = required(required(required(control).Properties()).Item("Name")).Value();
+        const auto className = control->ClassName();
         indexer::writeControl(configuration, name, className, idh);
         writeDefine(header, idh, number_);
         if (mapsIDs()) mapping_->addConstant(idh, number_);

@@ -174,27 +174,8 @@ void FrmIndexer::designStageTwo() {
 }
 
 void FrmIndexer::designStageThree() {
-    constexpr int half = (inner - margin) / 2;
-    constexpr int right = margin + half + margin;
     designField(textField, "Select New Text File Name: (You need it for help file)", 300);
-    dialog::design(lblDsr, "Designer:", {margin, 1050, half, lineHeight});
-    cboDsr.setBounds({margin, 1050 + below, half, boxHeight});
-    dialog::design(lblCtl, "Control:", {right, 1050, half, lineHeight});
-    CboCtl.setBounds({right, 1050 + below, half, boxHeight});
-    dialog::design(lblTypeIs, "Control type:", {margin, 1755, 1260, lineHeight});
-    LblType.setBounds({margin + 1260, 1710, half - 1260, 285});
-    LblType.setBordered(true);
-    dialog::design(lblIDIs, "HelpContext ID:", {right, 1755, 1260, lineHeight});
-    LblID.setBounds({right + 1260, 1710, half - 1260, 285});
-    LblID.setBordered(true);
-
-    dialog::design(lblHelp,
-                   "Text Pop Up Entry [The text which appears as help):", {margin, 2160, inner, lineHeight});
-    txtHelp.setMultiLine(true);
-    constexpr int buttons = frameHeight - margin - buttonHeight;
-    txtHelp.setBounds({margin, 2160 + below, inner, buttons - margin - 2160 - below});
-    dialog::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttons);
-    dialog::design(CmdDel, "Delete", margin + inner - buttonWidth, buttons);
+    texts_.design({lblDsr, lblCtl, lblTypeIs, lblIDIs, lblHelp}, 1050, inner, frameHeight);
 }
 
 void FrmIndexer::designStageFour() {

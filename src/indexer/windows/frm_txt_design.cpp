@@ -40,7 +40,10 @@ void FrmTxt::design() {
     txtPrj.setText("No Information");
     txtPrj.setBounds({left, projectTop, width, frameTop - projectTop - margin});
 
-    designEntries();
+    Frame1.setCaption("Text Pop Up Entries");
+    Frame1.setBounds({left, frameTop, width, frameHeight});
+    editor_.design({lblDesigner, lblControl, lblTypeIs, lblIDIs, lblHelp}, 300, width - 2 * margin,
+                   frameHeight);
 
     constexpr int buttonsTop = bottom + margin;
     constexpr int right = left + width - buttonWidth;
@@ -55,32 +58,6 @@ void FrmTxt::design() {
     dialog::design(CmdProc, "&Save", right - buttonWidth - margin, buttonsTop);
     CmdProc.setEnabled(false);
     dialog::design(CmdClose, "&Close", right, buttonsTop);
-}
-
-void FrmTxt::designEntries() {
-    constexpr int inner = width - 2 * margin;
-    constexpr int half = (inner - margin) / 2;
-    constexpr int second = margin + half + margin;
-    constexpr int labelWidth = 1260;
-    Frame1.setCaption("Text Pop Up Entries");
-    Frame1.setBounds({left, frameTop, width, frameHeight});
-    dialog::design(lblDesigner, "Designer:", {margin, 300, half, lineHeight});
-    cboDsr.setBounds({margin, 300 + below, half, boxHeight});
-    dialog::design(lblControl, "Control:", {second, 300, half, lineHeight});
-    CboCtl.setBounds({second, 300 + below, half, boxHeight});
-    dialog::design(lblTypeIs, "Control type:", {margin, 1005, labelWidth, lineHeight});
-    LblType.setBordered(true);
-    LblType.setBounds({margin + labelWidth, 960, half - labelWidth, 285});
-    dialog::design(lblIDIs, "HelpContext ID:", {second, 1005, labelWidth, lineHeight});
-    LblID.setBordered(true);
-    LblID.setBounds({second + labelWidth, 960, half - labelWidth, 285});
-    constexpr int buttonsTop = frameHeight - margin - buttonHeight;
-    dialog::design(lblHelp,
-                   "Text Pop Up Entry [The text which appears as help):", {margin, 1380, inner, lineHeight});
-    txtHelp.setMultiLine(true);
-    txtHelp.setBounds({margin, 1380 + below, inner, buttonsTop - margin - 1380 - below});
-    dialog::design(CmdDef, "Set &Default", margin + inner - 2 * buttonWidth - margin, buttonsTop);
-    dialog::design(CmdDel, "Delete", margin + inner - buttonWidth, buttonsTop);
 }
 
 } // namespace corvelle::indexer

@@ -30,6 +30,14 @@ class TextEntryEditor {
         forms::CommandButton& CmdDef;
         forms::CommandButton& CmdDel;
     };
+    /// The labels that stand at them in the window.
+    struct Labels {
+        forms::Label& designer;
+        forms::Label& control;
+        forms::Label& type;
+        forms::Label& number;
+        forms::Label& text;
+    };
     /// The paths that the prompt lists.
     using Paths = std::function<std::vector<std::string_view>()>;
 
@@ -37,6 +45,10 @@ class TextEntryEditor {
     TextEntryEditor(const Controls& controls, Paths filesToUpdate)
         : controls_(controls), filesToUpdate_(std::move(filesToUpdate)) {}
 
+    /// Gives the controls and their labels their design-time values, in the lower part of a frame: from the
+    /// top to the bottom, both in twips from the frame's edge, and as wide as what lies inside the frame's
+    /// margins.
+    void design(const Labels& labels, int top, int width, int bottom) const;
     /// The window has been loaded: there is nothing to edit and nothing has been confirmed.
     void reset();
     /// Empties both lists and forgets the index.
