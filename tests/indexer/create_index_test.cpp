@@ -4,8 +4,11 @@
 #include "fakes/open_files.h"
 #include "indexer/create_index.h"
 
+#include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace corvelle::indexer {
 namespace {
@@ -19,13 +22,34 @@ using testing::IsEmpty;
 
 class Observer : public IndexerObserver {
   public:
-    void doEvents() override { ++yields; }
+    /// Hears of every step, where it is set.
+    std::function<void(const std::string& step)> onStep;
+
+    void doEvents() override {
+        ++yields;
+        step("yield");
+    }
     bool isStopped() override { return yields >= stopAtYield; }
-    void reportChanged(const Report& report) override { reported = report.text(); }
-    void setLblProc(std::string_view text) override { proc.emplace_back(text); }
-    void setLblProcModule(std::string_view text) override { procModule.emplace_back(text); }
-    void StartNow() override { indicator += "start "; }
-    void stopNow() override { indicator += "stop "; }
+    void reportChanged(const Report& report) override {
+        reported = report.text();
+        step("report: " + report.lines().back());
+    }
+    void setLblProc(std::string_view text) override {
+        proc.emplace_back(text);
+        step("LblProc: " + proc.back());
+    }
+    void setLblProcModule(std::string_view text) override {
+        procModule.emplace_back(text);
+        step("LblProcModule: " + procModule.back());
+    }
+    void StartNow() override {
+        indicator += "start ";
+        step("start");
+    }
+    void stopNow() override {
+        indicator += "stop ";
+        step("stop");
+    }
     void msgBox(const Message& message) override {
         indicator += message.flags == 0 ? "box " : "";
         messages.push_back(message.text);
@@ -35,6 +59,11 @@ class Observer : public IndexerObserver {
     int yields = 0, flags = -1, stopAtYield = 1000000;
     std::string indicator, reported;
     std::vector<std::string> proc, procModule, messages;
+
+  private:
+    void step(const std::string& name) const {
+        if (onStep) onStep(name);
+    }
 };
 
 class CreateIndex : public testing::Test {
@@ -92,13 +121,80 @@ TEST_F(CreateIndex, WorksOnADesignerInItsWindow) {
     create();
     EXPECT_THAT(ide->calls->all(),
                 ElementsAre("VBComponent.Activate", "VBComponent.Name", "VBComponent.Designer",
-                            "VBForm.VBControls", "VBControls.Count", //
-                            "VBControls.Item(1)", "VBControl.ClassName", "VBControl.Properties",
-                            "Properties.Item(\"Name\")", "Property.Value", //
-                            "VBControls.Item(2)", "VBControl.ClassName", "VBControl.Properties",
-                            "Properties.Item(\"Name\")", "Property.Value", //
-                            "VBControls.Item(3)", "VBControl.ClassName",   //
+                            "VBForm.VBControls", "VBControls.Count",     //
+                            "VBControls.Item(1)", "VBControl.ClassName", //
+                            "VBControls.Item(1)", "VBControl.Properties", "Properties.Item(\"Name\")",
+                            "Property.Value", "VBControl.ClassName",     //
+                            "VBControls.Item(2)", "VBControl.ClassName", //
+                            "VBControls.Item(2)", "VBControl.Properties", "Properties.Item(\"Name\")",
+                            "Property.Value", "VBControl.ClassName",     //
+                            "VBControls.Item(3)", "VBControl.ClassName", //
                             "VBComponent.DesignerWindow", "Window.Close"));
+}
+
+TEST_F(CreateIndex, TakesItsStepsInTheirOrder) {
+    addDesigner("f", {{"c", "TextBox"}, {"lbl", "Label"}});
+    job.options.ChkIDMap = job.options.ChkAutoLoad = job.options.ChkExclLbl = 1;
+    std::vector<std::string> steps;
+    observer.onStep = [&](const std::string& step) { steps.push_back(step); };
+    const std::vector<std::string> noted{"VBComponents.Add",  "VBComponent.setName", "VBComponent.Activate",
+                                         "VBForm.VBControls", "VBControls.Item",     "CodeModule.InsertLines",
+                                         "Window.Close",      "VBComponent.SaveAs"};
+    ide->calls->onCall = [&](const std::string& member) {
+        if (std::find(noted.begin(), noted.end(), member) != noted.end()) steps.push_back(member);
+        // The IDE's own word for the name, not the one that it was given.
+        if (member == "VBComponent.Name" && module()->name == "modHelp") module()->name = "ModHelp";
+    };
+    EXPECT_EQ(create(), IndexOutcome::Created);
+    EXPECT_THAT(steps, ElementsAre("report: ***** Indexing Started *******",
+                                   "LblProc: creating files Please wait..",          //
+                                   "VBComponents.Add", "VBComponent.setName",        //
+                                   "report: Added module :ModHelp", "start",         //
+                                   "report: Created header file: " + job.headerPath, //
+                                   "report: Created Configuration file: " + job.configurationPath, "yield",
+                                   "VBComponent.Activate",                             //
+                                   "LblProcModule: Processing module: f",              //
+                                   "VBForm.VBControls",                                //
+                                   "CodeModule.InsertLines", "CodeModule.InsertLines", // Sub, With
+                                   "VBControls.Item", "VBControls.Item",               //
+                                   "CodeModule.InsertLines", "CodeModule.InsertLines", // constant, number
+                                   "yield",                                            //
+                                   "VBControls.Item",                                  // excluded
+                                   "CodeModule.InsertLines", "CodeModule.InsertLines", // End With, End Sub
+                                   "Window.Close",                                     //
+                                   "LblProcModule: Saving Mapping Module: ModHelp",    //
+                                   "VBComponent.SaveAs",                               //
+                                   "report: Module Path= " + job.modulePath, "report: Module saved", //
+                                   "stop", "LblProc: Processing completed..",                        //
+                                   "LblProcModule: No module under process..",                       //
+                                   "report: *** Indexing done ***"));
+}
+
+TEST_F(CreateIndex, HasItsFilesOpenOnlyWhileItWalksTheDesigners) {
+    addExample();
+    job.options.ChkIDMap = 1;
+    const auto before = test::openFiles(folder.path());
+    std::map<std::string, std::ptrdiff_t> open;
+    ide->calls->onCall = [&](const std::string& member) {
+        open[member] = test::openFiles(folder.path()) - before;
+    };
+    EXPECT_EQ(create(), IndexOutcome::Created);
+    EXPECT_EQ(open.at("VBComponents.Add"), 0);
+    EXPECT_EQ(open.at("VBComponent.Activate"), 2);
+    EXPECT_EQ(open.at("Window.Close"), 2);
+    EXPECT_EQ(open.at("VBComponent.SaveAs"), 0);
+    EXPECT_EQ(test::openFiles(folder.path()), before);
+}
+
+TEST_F(CreateIndex, WritesWhatAControlIsWhenItIsWritten) {
+    addExample();
+    int looks = 0;
+    ide->calls->onCall = [&](const std::string& member) {
+        if (member == "VBControls.Item" && ++looks == 2)
+            ide->project->components[0]->controls[0]->className = "PictureBox";
+    };
+    create();
+    EXPECT_THAT(configuration(), testing::HasSubstr("<C>cmdOK PictureBox IDH_AAAB</C>\r\n"));
 }
 
 TEST_F(CreateIndex, DoesNotSeeAControlThatIsAddedMeanwhile) {
@@ -195,6 +291,7 @@ TEST_F(CreateIndex, LeavesNoGapForExcludedControls) {
     EXPECT_EQ(header(), exampleHeader + "#define IDH_AAAD  1003\r\n");
     EXPECT_EQ(configuration(), "<P>f</P>\r\n<C>a TextBox IDH_AAAB</C>\r\n<C>b TextBox IDH_AAAC</C>\r\n"
                                "<P>empty</P>\r\n<P>g</P>\r\n<C>c TextBox IDH_AAAD</C>\r\n");
+    EXPECT_EQ(observer.yields, 6); // one a designer and one an indexed control
 }
 
 TEST_F(CreateIndex, IndexesALabelUnlessItsBoxOrTheListExcludesIt) {
@@ -236,11 +333,19 @@ TEST_F(CreateIndex, StopsAtAnInvalidModuleName) {
                                                                        "' is invalid. \r")));
         EXPECT_EQ(observer.flags, 48);
         EXPECT_THAT(observer.proc, ElementsAre("creating files Please wait.."));
+        EXPECT_THAT(observer.procModule, IsEmpty());
         EXPECT_EQ(observer.indicator, "");
         EXPECT_EQ(report.lines().back(), "***** Indexing Started *******");
         EXPECT_EQ(ide->project->components.size(), 1U);
         EXPECT_THAT(folder.names(), IsEmpty());
     }
+}
+
+TEST_F(CreateIndex, NamesTheModuleWithADigitThatStoodBehindASpace) {
+    job.options.ChkAutoLoad = 1;
+    job.txtModule = " 1abc";
+    EXPECT_EQ(create(), IndexOutcome::Created);
+    EXPECT_EQ(module()->name, "1abc");
 }
 
 TEST_F(CreateIndex, DoesNotLookAtTheNameWhenNoModuleIsWanted) {
@@ -397,6 +502,7 @@ TEST_F(CreateIndex, GoesOnWithEmptyNamesWhenTheGeneratorIsExhausted) {
     ide->calls->onCall = [this](const std::string&) { ide->calls->forget(); };
     EXPECT_EQ(create(), IndexOutcome::Created);
     EXPECT_THAT(observer.messages, ElementsAre("You need to reset the IDGen", "You need to reset the IDGen"));
+    EXPECT_EQ(observer.flags, 48);
     EXPECT_THAT(header(),
                 testing::EndsWith("#define IDH_ZZZZ  457975\r\n#define   457976\r\n#define   457977\r\n"));
     EXPECT_THAT(configuration(), testing::EndsWith("<C>c TextBox </C>\r\n<C>c TextBox </C>\r\n"));
