@@ -23,6 +23,8 @@ Checked check(std::string name) {
 TEST(ValidModule, TrimsTheNameInPlace) {
     EXPECT_EQ(check("  modHelp "), (Checked{true, "modHelp"}));
     EXPECT_EQ(check("mod help"), (Checked{false, "mod help"}));
+    EXPECT_EQ(check("  mod help "), (Checked{false, "mod help"})); // refused, but trimmed
+    EXPECT_EQ(check(" MODULE1 "), (Checked{false, "MODULE1"}));
 }
 
 TEST(ValidModule, LooksForADigitBeforeTheTrimming) {

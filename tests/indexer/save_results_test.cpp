@@ -29,17 +29,19 @@ TEST(SaveReport, SaysNothingOfAFailure) {
     EXPECT_FALSE(result.message);
 }
 
-TEST(SaveProject, WritesTheEightLines) {
+TEST(SaveProject, WritesTheEightLinesAndReplacesTheFile) {
     const TemporaryFolder folder;
     const auto path = (folder.path() / "a.icp").string();
-    const auto result = saveProject(path, "now", ProjectInfo{"P", "p.vbp", "a.h", "a.hcnf", "", "m", ""});
-    EXPECT_TRUE(result.saved);
-    EXPECT_EQ(result.message->text, "File was saved successfully.");
-    EXPECT_EQ(result.message->flags, 64);
-    EXPECT_EQ(folder.read("a.icp"),
-              "Indexer project file :now\r\nVB Project Name= P\r\nProject File= p.vbp\r\n"
-              "Header file= a.h\r\nConfiguration File= a.hcnf\r\nText File= \r\n"
-              "Module Name= m\r\nModule File= \r\n");
+    for (const auto* date : {"the day before yesterday", "now"}) {
+        const auto result = saveProject(path, date, ProjectInfo{"P", "p.vbp", "a.h", "a.hcnf", "", "m", ""});
+        EXPECT_TRUE(result.saved);
+        EXPECT_EQ(result.message->text, "File was saved successfully.");
+        EXPECT_EQ(result.message->flags, 64);
+        EXPECT_EQ(folder.read("a.icp"), std::string("Indexer project file :") + date +
+                                            "\r\nVB Project Name= P\r\nProject File= p.vbp\r\n"
+                                            "Header file= a.h\r\nConfiguration File= a.hcnf\r\n"
+                                            "Text File= \r\nModule Name= m\r\nModule File= \r\n");
+    }
 }
 
 TEST(SaveProject, TellsOfAFailure) {
