@@ -1,7 +1,6 @@
 #include "forms/image.h"
 #include "forms/win32/control_windows.h"
-#include "forms/win32/form_window.h"
-#include "forms/win32/win32_desktop.h"
+#include "forms/win32/painted_window.h"
 
 #include <algorithm>
 
@@ -10,9 +9,9 @@ namespace corvelle::forms {
 namespace {
 
 /// Draws a picture into its bounds, in the picture's own proportions.
-class ImageWindow : public ControlWindow {
+class ImageWindow : public PaintedWindow {
   public:
-    ImageWindow(FormWindow& form, Image& image) : ControlWindow(form, image), image_(image) {}
+    ImageWindow(FormWindow& form, Image& image) : PaintedWindow(form, image), image_(image) {}
 
     void update(Aspect aspect) override {
         if (aspect == Aspect::Picture) return repaint();
@@ -21,22 +20,7 @@ class ImageWindow : public ControlWindow {
     }
 
   protected:
-    Native native() const override { return {form_.desktop().plainClass(), 0, 0}; }
-    bool isPartOfForm() const override { return true; }
-
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_ERASEBKGND) return 1;
-        if (message != WM_PAINT || form_.form() == nullptr)
-            return ControlWindow::handle(message, wParam, lParam);
-        PAINTSTRUCT paint;
-        const HDC device = BeginPaint(window(), &paint);
-        draw(device);
-        EndPaint(window(), &paint);
-        return 0;
-    }
-
-  private:
-    void draw(HDC device) const {
+    void draw(HDC device) const override {
         RECT inside{};
         GetClientRect(window(), &inside);
         const HBRUSH back = colours(device);
@@ -56,6 +40,7 @@ class ImageWindow : public ControlWindow {
         }
     }
 
+  private:
     static void drawBitmap(HDC device, const RECT& inside, HBRUSH back, HBITMAP bitmap) {
         BITMAP own{};
         GetObjectA(bitmap, sizeof own, &own);

@@ -1,17 +1,16 @@
 #include "forms/surface.h"
 #include "forms/win32/control_windows.h"
 #include "forms/win32/draw_canvas.h"
-#include "forms/win32/form_window.h"
-#include "forms/win32/win32_desktop.h"
+#include "forms/win32/painted_window.h"
 
 namespace corvelle::forms {
 
 namespace {
 
 /// Shows a canvas, pixel for pixel.
-class SurfaceWindow : public ControlWindow {
+class SurfaceWindow : public PaintedWindow {
   public:
-    SurfaceWindow(FormWindow& form, Surface& surface) : ControlWindow(form, surface), surface_(surface) {}
+    SurfaceWindow(FormWindow& form, Surface& surface) : PaintedWindow(form, surface), surface_(surface) {}
 
     void update(Aspect aspect) override {
         if (aspect == Aspect::Drawing) {
@@ -26,18 +25,8 @@ class SurfaceWindow : public ControlWindow {
     void start() override { sizeCanvas(); }
 
   protected:
-    Native native() const override { return {form_.desktop().plainClass(), 0, 0}; }
-    bool isPartOfForm() const override { return true; }
-
-    LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_ERASEBKGND) return 1;
-        if (message != WM_PAINT || form_.form() == nullptr)
-            return ControlWindow::handle(message, wParam, lParam);
-        PAINTSTRUCT paint;
-        const HDC device = BeginPaint(window(), &paint);
+    void draw(HDC device) const override {
         drawCanvas(device, surface_.canvas(), {0, 0, surface_.canvas().width(), surface_.canvas().height()});
-        EndPaint(window(), &paint);
-        return 0;
     }
 
   private:
