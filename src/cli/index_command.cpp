@@ -6,19 +6,17 @@
 #include "base/same_path.h"
 #include "base/text.h"
 #include "cli/exit_status.h"
+#include "cli/index_outputs.h"
 #include "cli/line_ends.h"
 #include "cli/standard_streams.h"
 #include "ide/workspace/file_kind.h"
-#include "ide/workspace/path_resolver.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/analysis.h"
 #include "indexer/create_index.h"
-#include "indexer/files.h"
 #include "indexer/general_date.h"
 #include "indexer/mapping_module.h"
 #include "indexer/save_results.h"
 #include "indexer/text_entries.h"
-#include "indexer/text_lines.h"
 
 #include <algorithm>
 #include <exception>
@@ -31,7 +29,6 @@ namespace corvelle::cli {
 
 namespace {
 
-using workspace::Component;
 using workspace::Project;
 using workspace::Workspace;
 
@@ -72,11 +69,6 @@ class IndexRun {
     }
 
   private:
-    struct Output {
-        const char* option;
-        std::string path;
-    };
-
     void fail(ExitStatus status, const std::string& message) {
         std::cerr << message << std::endl;
         status_ = std::max(status_, status);
@@ -133,123 +125,9 @@ class IndexRun {
                base::isSamePath(problem.path, base::pathOf(*settings_.moduleFile));
     }
 
-    std::vector<Output> outputs() const {
-        std::vector<Output> result{{"--header", settings_.header}, {"--config", settings_.config}};
-        const auto add = [&](const char* option, const std::optional<std::string>& path) {
-            if (path) result.push_back({option, *path});
-        };
-        add("--module-file", settings_.moduleFile);
-        add("--text", settings_.text);
-        add("--report", settings_.report);
-        add("--project-file", settings_.projectFile);
-        return result;
-    }
-
-    // No output may take the place of another one or of a file that is read.
     bool checkOutputs() {
-        std::vector<Output> taken{{"the project", settings_.project}};
-        if (settings_.excludeList) taken.push_back({"--exclude-list", *settings_.excludeList});
-        for (const auto& output : outputs()) {
-            const auto path = base::pathOf(output.path);
-            for (const auto& other : taken) {
-                if (base::isSamePath(path, base::pathOf(other.path)))
-                    return stop(exitFailed, std::string(output.option) + " and " + other.option +
-                                                ": the same file, " + output.path);
-            }
-            if (auto* const component = componentOf(path); component && !mayReplace(*component, output))
-                return stop(exitFailed,
-                            std::string(output.option) + ": " + output.path + " is a module of the project");
-            if (holdsPartOfTheProject(path))
-                return stop(exitFailed, std::string(output.option) + ": " + output.path +
-                                            " belongs to a file of the project");
-            taken.push_back(output);
-        }
-        if (settings_.moduleFile && indexer::fileExists(*settings_.moduleFile) && !holdsTheModule()) {
-            return stop(exitFailed, "--module-file: " + *settings_.moduleFile + " is no module named " +
-                                        *settings_.module + "; it is not written over");
-        }
-        return !settings_.text || !indexer::fileExists(*settings_.text) || canKeepTexts();
-    }
-
-    // The texts of an older file are taken over into the new one.
-    bool canKeepTexts() {
-        try {
-            const auto what = base::whatInsteadOfText(base::readFile(base::pathOf(*settings_.text)));
-            if (what.empty()) return true;
-            return stop(exitFailed,
-                        *settings_.text + ": this is " + std::string(what) + "; it is not written over");
-        } catch (const base::FileError&) {
-            return stop(exitFailed, *settings_.text + ": its texts cannot be read");
-        }
-    }
-
-    // Whether the binary part of a component is there, or else what the IDE keeps with the project.
-    bool holdsPartOfTheProject(const std::filesystem::path& path) const {
-        const auto isBeside = [&path](std::filesystem::path owner, const char* ending) {
-            owner.replace_extension(ending);
-            if (base::isSamePath(path, owner)) return true;
-            // The letter case may be any.
-            return base::equalIgnoringCase(base::textOf(path.filename()), base::textOf(owner.filename())) &&
-                   base::isSamePath(path / "..", owner / "..");
-        };
-        if (isBeside(base::pathOf(settings_.project), ".vbw")) return true;
-        for (const auto& component : onDisk_->components()) {
-            for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
-                if (isBeside(component->path(), ending)) return true;
-            }
-        }
-        return isResourceOrDocument(path);
-    }
-
-    // Whether a line of the project names it as a file that is no component.
-    bool isResourceOrDocument(const std::filesystem::path& path) const {
-        const auto folder = base::pathOf(settings_.project).parent_path();
-        workspace::PathResolver resolver;
-        for (indexer::TextLines lines(onDisk_->bytes()); lines.next();) {
-            for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
-                auto written = base::trimSpaces(lines.line());
-                if (!base::startsWithIgnoringCase(written, key)) continue;
-                written.remove_prefix(key.size());
-                if (written.size() > 1 && written.front() == '"' && written.back() == '"')
-                    written = written.substr(1, written.size() - 2);
-                const auto file = resolver.resolve(folder, written);
-                if (file && base::isSamePath(path, *file)) return true;
-            }
-        }
-        return false;
-    }
-
-    // Another project may have code in a file that is no part of this one.
-    bool holdsTheModule() const {
-        try {
-            auto bytes = base::readFile(base::pathOf(*settings_.moduleFile));
-            if (bytes.empty()) return true;
-            const workspace::ModuleFile file(std::move(bytes), ide::ComponentType::StdModule);
-            return base::equalIgnoringCase(file.name(), base::trimSpaces(*settings_.module));
-        } catch (const std::exception&) {
-            return false;
-        }
-    }
-
-    // The component whose file that is, if any.
-    Component* componentOf(const std::filesystem::path& path) const {
-        base::FileStamp stamp;
-        if (!base::stampOf(path, stamp)) return nullptr;
-        for (const auto& component : onDisk_->components()) {
-            std::error_code ignored;
-            const auto& other = component->stamp();
-            const bool same = stamp.inode == 0 ? std::filesystem::equivalent(component->path(), path, ignored)
-                                               : stamp.inode == other.inode && stamp.device == other.device;
-            if (same) return component.get();
-        }
-        return nullptr;
-    }
-
-    // Without --replace-module the name is found to be taken later, and nothing is written.
-    bool mayReplace(Component& component, const Output& output) const {
-        return std::string_view(output.option) == "--module-file" &&
-               component.Type() == ide::ComponentType::StdModule &&
-               base::equalIgnoringCase(component.Name(), base::trimSpaces(*settings_.module));
+        const auto reason = whatForbidsOutputs(settings_, *onDisk_);
+        return !reason || stop(exitFailed, *reason);
     }
 
     bool readOptions() {

@@ -1,0 +1,149 @@
+#include "cli/index_outputs.h"
+
+#include "base/binary_check.h"
+#include "base/file.h"
+#include "base/path_text.h"
+#include "base/same_path.h"
+#include "base/text.h"
+#include "ide/workspace/path_resolver.h"
+#include "indexer/files.h"
+#include "indexer/text_lines.h"
+
+#include <algorithm>
+#include <exception>
+#include <filesystem>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace corvelle::cli {
+
+namespace {
+
+using workspace::Component;
+
+struct Output {
+    std::string_view option;
+    std::string path;
+};
+
+std::vector<Output> outputsOf(const IndexSettings& settings) {
+    std::vector<Output> result{{"--header", settings.header}, {"--config", settings.config}};
+    const auto add = [&result](const char* option, const std::optional<std::string>& path) {
+        if (path) result.push_back({option, *path});
+    };
+    add("--module-file", settings.moduleFile);
+    add("--text", settings.text);
+    add("--report", settings.report);
+    add("--project-file", settings.projectFile);
+    return result;
+}
+
+// The component whose file that is, if any.
+Component* componentOf(const workspace::Project& project, const std::filesystem::path& path) {
+    base::FileStamp stamp;
+    if (!base::stampOf(path, stamp)) return nullptr;
+    const auto& components = project.components();
+    const auto found = std::find_if(components.begin(), components.end(), [&](const auto& component) {
+        std::error_code ignored;
+        const auto& other = component->stamp();
+        return stamp.inode == 0 ? std::filesystem::equivalent(component->path(), path, ignored)
+                                : stamp.inode == other.inode && stamp.device == other.device;
+    });
+    return found == components.end() ? nullptr : found->get();
+}
+
+// Without --replace-module the name is found to be taken later, and nothing is written.
+bool mayReplace(Component& component, const Output& output, const IndexSettings& settings) {
+    return output.option == "--module-file" && component.Type() == ide::ComponentType::StdModule &&
+           base::equalIgnoringCase(component.Name(), base::trimSpaces(*settings.module));
+}
+
+// Whether the path is the owner's with another ending, whatever its letter case.
+bool isBeside(const std::filesystem::path& path, std::filesystem::path owner, const char* ending) {
+    owner.replace_extension(ending);
+    if (base::isSamePath(path, owner)) return true;
+    return base::equalIgnoringCase(base::textOf(path.filename()), base::textOf(owner.filename())) &&
+           base::isSamePath(path / "..", owner / "..");
+}
+
+// Whether a line of the project names it as a file that is no component.
+bool isResourceOrDocument(const workspace::Project& project, const std::filesystem::path& path) {
+    workspace::PathResolver resolver;
+    for (indexer::TextLines lines(project.bytes()); lines.next();) {
+        for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
+            auto written = base::trimSpaces(lines.line());
+            if (!base::startsWithIgnoringCase(written, key)) continue;
+            written.remove_prefix(key.size());
+            if (written.size() > 1 && written.front() == '"' && written.back() == '"')
+                written = written.substr(1, written.size() - 2);
+            const auto file = resolver.resolve(project.path().parent_path(), written);
+            if (file && base::isSamePath(path, *file)) return true;
+        }
+    }
+    return false;
+}
+
+// Whether the binary part of a component is there, or else what the IDE keeps with the project.
+bool holdsPartOf(const workspace::Project& project, const std::filesystem::path& path) {
+    if (isBeside(path, project.path(), ".vbw")) return true;
+    for (const auto& component : project.components()) {
+        for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
+            if (isBeside(path, component->path(), ending)) return true;
+        }
+    }
+    return isResourceOrDocument(project, path);
+}
+
+// Another project may have code in a file that is no part of this one.
+bool holdsModule(const std::string& path, std::string_view name) {
+    try {
+        auto bytes = base::readFile(base::pathOf(path));
+        if (bytes.empty()) return true;
+        const workspace::ModuleFile file(std::move(bytes), ide::ComponentType::StdModule);
+        return base::equalIgnoringCase(file.name(), name);
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+// The texts of an older file are taken over into the new one.
+std::optional<std::string> whatForbidsTexts(const std::string& path) {
+    try {
+        const auto what = base::whatInsteadOfText(base::readFile(base::pathOf(path)));
+        if (what.empty()) return {};
+        return path + ": this is " + std::string(what) + "; it is not written over";
+    } catch (const base::FileError&) {
+        return path + ": its texts cannot be read";
+    }
+}
+
+} // namespace
+
+std::optional<std::string> whatForbidsOutputs(const IndexSettings& settings,
+                                              const workspace::Project& project) {
+    std::vector<Output> taken{{"the project", settings.project}};
+    if (settings.excludeList) taken.push_back({"--exclude-list", *settings.excludeList});
+    for (const auto& output : outputsOf(settings)) {
+        const auto path = base::pathOf(output.path);
+        const std::string option(output.option);
+        for (const auto& other : taken) {
+            if (base::isSamePath(path, base::pathOf(other.path)))
+                return option + " and " + std::string(other.option) + ": the same file, " + output.path;
+        }
+        if (auto* const component = componentOf(project, path);
+            component && !mayReplace(*component, output, settings))
+            return option + ": " + output.path + " is a module of the project";
+        if (holdsPartOf(project, path))
+            return option + ": " + output.path + " belongs to a file of the project";
+        taken.push_back(output);
+    }
+    if (settings.moduleFile && indexer::fileExists(*settings.moduleFile) &&
+        !holdsModule(*settings.moduleFile, base::trimSpaces(*settings.module)))
+        return "--module-file: " + *settings.moduleFile + " is no module named " + *settings.module +
+               "; it is not written over";
+    if (settings.text && indexer::fileExists(*settings.text)) return whatForbidsTexts(*settings.text);
+    return {};
+}
+
+} // namespace corvelle::cli
