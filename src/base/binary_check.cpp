@@ -1,8 +1,19 @@
 #include "base/binary_check.h"
 
+#include "base/count_bytes.h"
+
 #include <cstddef>
 
 namespace corvelle::base {
+
+namespace {
+
+bool isControl(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < 32) & (byte != '\t') & (byte != '\n') & (byte != '\r') & (byte != '\f');
+}
+
+} // namespace
 
 std::string_view whatInsteadOfText(std::string_view bytes) {
     const std::string_view mark = bytes.substr(0, 2);
@@ -10,11 +21,7 @@ std::string_view whatInsteadOfText(std::string_view bytes) {
     // last line.
     constexpr std::string_view fill("\0\r\n ", 4);
     bytes = bytes.substr(0, bytes.find_last_not_of(fill) + 1).substr(0, std::size_t{1} << 16);
-    std::size_t controls = 0;
-    for (const char c : bytes) { // no branches, so that the compiler looks at many bytes at once
-        const auto byte = static_cast<unsigned char>(c);
-        controls += (byte < 32) & (byte != '\t') & (byte != '\n') & (byte != '\r') & (byte != '\f');
-    }
+    const auto controls = countBytes(bytes, isControl);
     if (controls < 2 || controls <= bytes.size() / 20) return {};
     return mark == "\xFF\xFE" || mark == "\xFE\xFF" ? "UTF-16 text" : "a binary file";
 }

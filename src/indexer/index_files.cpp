@@ -1,5 +1,6 @@
 #include "indexer/index_files.h"
 
+#include "base/count_bytes.h"
 #include "base/file.h"
 #include "base/ignoring_errors.h"
 #include "base/path_text.h"
@@ -7,8 +8,6 @@
 #include "base/text.h"
 #include "indexer/index_lines.h"
 #include "indexer/text_lines.h"
-
-#include <algorithm>
 
 namespace corvelle::indexer {
 
@@ -88,8 +87,7 @@ Mappings LoadMappings(std::string_view path) {
 
 Mappings readMappings(std::string_view bytes) {
     Mappings mappings;
-    mappings.index.entries.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')) +
-                                   1);
+    mappings.index.entries.reserve(base::countBytes(bytes, [](char c) { return c == '\n'; }) + 1);
     for (TextLines lines(bytes); lines.next();) {
         const auto line = base::trimSpaces(lines.line());
         if (base::startsWithIgnoringCase(line, "<P>"))

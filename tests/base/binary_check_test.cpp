@@ -30,6 +30,18 @@ TEST(BinaryCheck, TellsManyControlCharacters) {
     EXPECT_EQ(whatInsteadOfText(std::string(99, 'x') + std::string(6, '\2')), "a binary file");
 }
 
+TEST(BinaryCheck, CountsEveryControlCharacterWhereverItStands) {
+    std::string bytes(1000, 'x');
+    for (std::size_t i = 0; i < 50; ++i) bytes[i * 19] = static_cast<char>(i % 9);
+    EXPECT_EQ(whatInsteadOfText(bytes), "");
+    for (const std::size_t place : {126U, 127U, 128U, 895U, 896U, 999U}) {
+        auto one = bytes;
+        one[place] = '\x1F';
+        EXPECT_EQ(whatInsteadOfText(one), "a binary file") << place;
+    }
+    EXPECT_EQ(whatInsteadOfText(std::string(1000, '\1')), "a binary file");
+}
+
 TEST(BinaryCheck, TellsUtf16OfEitherOrder) {
     EXPECT_EQ(whatInsteadOfText("\xFF\xFES\0u\0b\0 \0a\0\r\0\n\0"s), "UTF-16 text");
     EXPECT_EQ(whatInsteadOfText("\xFE\xFF\0S\0u\0b\0 \0a\0\r\0\n"s), "UTF-16 text");

@@ -1,5 +1,6 @@
 #include "ide/workspace/module_file.h"
 
+#include "base/count_bytes.h"
 #include "ide/workspace/attribute_line.h"
 
 #include <algorithm>
@@ -7,17 +8,6 @@
 #include <utility>
 
 namespace corvelle::workspace {
-
-namespace {
-
-// The lines from the position on, counted so that none of them moves when they are stored.
-std::size_t countLines(std::string_view bytes, std::size_t position) {
-    std::size_t count = 0;
-    for (LineReader lines(bytes, position); lines.next();) ++count;
-    return count;
-}
-
-} // namespace
 
 HeaderNeverEnds::HeaderNeverEnds(std::uint32_t line)
     : std::runtime_error("The header never ends"), line_(line) {}
@@ -37,7 +27,9 @@ ModuleFile::ModuleFile(std::string bytes, ide::ComponentType type) : bytes_(std:
 }
 
 void ModuleFile::readCode(LineReader lines) {
-    lines_.reserve(countLines(bytes_, lines.position()));
+    // Counted first, so that none of them moves when they are stored.
+    const auto code = std::string_view(bytes_).substr(lines.position());
+    lines_.reserve(base::countBytes(code, [](char c) { return c == '\n'; }) + 1);
     std::uint32_t hiddenLines = 0;
     while (lines.next()) {
         const auto begin = static_cast<std::uint32_t>(lines.begin());
