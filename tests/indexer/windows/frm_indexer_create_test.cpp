@@ -86,21 +86,25 @@ TEST_F(IndexerCreate, ForgetsAChoiceWhoseWindowHasGone) {
 }
 
 TEST_F(IndexerCreate, IsEnabledByThePathsThatItNeeds) {
+    constexpr int grey = 2; // counts as unchecked
     struct Row {
-        bool header, configuration, map, module, name, enabled;
+        bool header, configuration;
+        int map;
+        bool module, name, enabled;
     };
     const std::vector<Row> rows{
-        {false, false, false, false, false, false}, {true, false, false, false, false, false},
-        {false, true, false, false, false, false},  {true, true, false, false, false, true},
-        {true, true, true, false, false, false},    {true, true, true, true, false, false},
-        {true, true, true, false, true, false},     {true, true, true, true, true, true},
-        {false, true, true, true, true, false},
+        {false, false, 0, false, false, false}, {true, false, 0, false, false, false},
+        {false, true, 0, false, false, false},  {true, true, 0, false, false, true},
+        {true, true, 1, false, false, false},   {true, true, 1, true, false, false},
+        {true, true, 1, false, true, false},    {true, true, 1, true, true, true},
+        {false, true, 1, true, true, false},    {true, true, grey, false, false, true},
+        {true, false, grey, true, true, false},
     };
     FrmIndexer& form = show();
     click(form.CmdProc);
     click(form.CmdNext);
     for (const Row& row : rows) {
-        form.ChkIDMap.setValue(row.map ? 1 : 0);
+        form.ChkIDMap.setValue(row.map);
         form.txtModule.setText(row.name ? "m" : "");
         form.Text1(0).setText(row.header ? "h" : "");
         form.Text1(1).setText(row.configuration ? "c" : "");
@@ -149,6 +153,9 @@ TEST_F(IndexerCreate, ChecksTheModulesNameAsItsBoxIsLeft) {
     EXPECT_EQ(leave(""), "");
     EXPECT_EQ(leave(" 1abc"), "1abc");
     EXPECT_TRUE(desktop.boxes().empty());
+    desktop.answerNextBox(ok);
+    EXPECT_EQ(leave("  a b "), "a b"); // refused, but trimmed
+    EXPECT_THAT(lastBox(), testing::HasSubstr("The module name 'a b' is invalid. "));
     for (const char* name : {"1abc ", "a b", "a&b", "a-b", "a+b", "a*b", "a/b", "a%b", "a\\b", "MODMAIN"}) {
         desktop.answerNextBox(ok);
         EXPECT_EQ(leave(name), name);
@@ -213,7 +220,10 @@ TEST_F(IndexerCreate, CreatesTheIndex) {
     expectComplete(form);
     EXPECT_TRUE(form.CmdNext.enabled());
     EXPECT_TRUE(runs);
+    EXPECT_EQ(progress.at(0), "creating files Please wait..|No module under process..");
     EXPECT_EQ(progress.at(1), "creating files Please wait..|Processing module: frmMain");
+    EXPECT_EQ(progress.at(3), "creating files Please wait..|Processing module: frmMain");
+    EXPECT_EQ(progress.at(4), "creating files Please wait..|Processing module: frmOrder");
     EXPECT_EQ(progress.at(6), "creating files Please wait..|Processing module: frmOrder");
     EXPECT_THAT(steps(form),
                 ElementsAre("***** Indexing Started *******", "Created header file: " + pathOf("a.h"),
@@ -299,6 +309,18 @@ TEST_F(IndexerCreate, TellsWhichFileCannotBeWritten) {
     form.Text1(1).setText(pathOf("a.hcnf"));
     click(form.CmdProc); // it can be repaired and repeated
     expectComplete(form);
+}
+
+TEST_F(IndexerCreate, LeavesTheWayOnOpenWhenALaterCreationFails) {
+    FrmIndexer& form = showStageTwo();
+    click(form.CmdProc);
+    form.Text1(1).setText((folder.path() / "none" / "a.hcnf").string());
+    desktop.answerNextBox(ok);
+    click(form.CmdProc);
+    EXPECT_TRUE(form.CmdNext.enabled());
+    click(form.CmdClose);
+    click(form.CmdNext);
+    EXPECT_TRUE(form.CmdNext.enabled());
 }
 
 TEST_F(IndexerCreate, SurvivesAFailureOfAnyCall) {

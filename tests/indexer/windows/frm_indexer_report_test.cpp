@@ -46,6 +46,22 @@ TEST_F(IndexerReport, TellsTheOptions) {
                             "Create Autoload Procedures = False", "***** Indexing Started *******"));
 }
 
+TEST_F(IndexerReport, IsBegunAnewByTheNextAnalysis) {
+    FrmIndexer& form = showStageTwo();
+    click(form.CmdProc);
+    click(form.CmdClose);
+    EXPECT_THAT(reportLines(form), testing::Contains("*** Indexing done ***"));
+    click(form.CmdProc);
+    const auto lines = reportLines(form);
+    ASSERT_EQ(lines.size(), 12U);
+    EXPECT_EQ(lines.front(), "Indexing initiated by ContextHElpID Indexer");
+    EXPECT_EQ(lines.back(), "Total Controls: 5");
+    click(form.CmdNext);
+    click(form.CmdProc); // goes on with that text
+    EXPECT_EQ(reportLines(form)[12], "** Indexing Options **");
+    EXPECT_EQ(reportLines(form).back(), "*** Indexing done ***");
+}
+
 TEST_F(IndexerReport, CannotBeEdited) {
     FrmIndexer& form = showReport();
     EXPECT_FALSE(desktop.type(form.TxtRV, "something else"));
@@ -67,11 +83,13 @@ TEST_F(IndexerReport, IsSaved) {
 TEST_F(IndexerReport, KeepsSilentWhenItIsNotSaved) {
     FrmIndexer& form = showReport();
     const auto boxes = desktop.boxes().size();
+    const auto report = form.TxtRV.text();
     desktop.cancelNextFile();
     click(form.cmdRpt);
     desktop.chooseNextFile(folder.path().string());
     click(form.cmdRpt);
     EXPECT_EQ(desktop.boxes().size(), boxes);
+    EXPECT_EQ(form.TxtRV.text(), report);
 }
 
 TEST_F(IndexerReport, SavesTheIndexerProject) {

@@ -50,7 +50,8 @@ class IndexerTexts : public testing::Test, protected IndexerWizard {
         EXPECT_TRUE(desktop.choose(form.CboCtl, control));
     }
     void save(FrmIndexer& form) {
-        desktop.answerNextBox(ok);
+        const auto line = "Created Text file: " + form.Text1(2).text();
+        desktop.answerNextBox(ok, [&form, line] { EXPECT_EQ(reportLines(form).back(), line); });
         EXPECT_TRUE(click(form.CmdProc));
         EXPECT_EQ(lastBox(), savedBox);
     }
@@ -133,6 +134,22 @@ TEST_F(IndexerTexts, AreTheDefaultAloneWithoutControls) {
     EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\nNothing.\r\n");
 }
 
+// The default entry has the text of the last saving, or of the text file, and not yet the one that is typed.
+TEST_F(IndexerTexts, ShowTheDefaultTextAsItWasSaved) {
+    FrmIndexer& form = showStageThree();
+    form.txtDefault.setText("Ask Ann.");
+    desktop.answerNextBox(yes);
+    click(form.CmdDef);
+    EXPECT_EQ(form.txtHelp.text(), "");
+    EXPECT_FALSE(form.txtHelp.enabled());
+    save(form);
+    choose(form, 0, 1);
+    click(form.CmdDef);
+    EXPECT_EQ(form.txtHelp.text(), "Ask Ann.");
+    choose(form, 0, 0);
+    EXPECT_EQ(form.txtHelp.text(), "Ask Ann.");
+}
+
 TEST_F(IndexerTexts, AreSavedAsTheyStandWithoutTheTextOnDisplay) {
     FrmIndexer& form = showStageThree();
     desktop.type(form.txtHelp, "typed");
@@ -180,8 +197,30 @@ TEST_F(IndexerTexts, AskOnceWhichFilesNeedUpdating) {
     EXPECT_EQ(desktop.boxes().size(), 3U);
 }
 
+TEST_F(IndexerTexts, AskAgainInAnotherWindow) {
+    FrmIndexer& form = showStageThree();
+    desktop.answerNextBox(yes);
+    click(form.CmdDel);
+    const auto same = manager->wizard;
+    desktop.close(form);
+    manager->wizard = same;
+    form.ShowIndexer(ide);
+    click(form.CmdProc);
+    click(form.CmdNext);
+    form.Text1(0).setText(pathOf("a.h"));
+    form.Text1(1).setText(pathOf("a.hcnf"));
+    click(form.CmdProc);
+    desktop.answerNextBox(ok); // no text file yet
+    click(form.CmdNext);
+    desktop.answerNextBox(no);
+    click(form.CmdDel);
+    EXPECT_THAT(lastBox(), testing::StartsWith("Update files..?|36|"));
+    EXPECT_EQ(form.LblID.caption(), "IDH_AAAB");
+}
+
 TEST_F(IndexerTexts, LeaveTheIndexFilesAlone) {
     FrmIndexer& form = showStageThree();
+    form.Text1(3).setText(folder.write("m.bas", "the module").string());
     desktop.answerNextBox(yes);
     click(form.CmdDel);
     click(form.CmdDef);
@@ -193,6 +232,7 @@ TEST_F(IndexerTexts, LeaveTheIndexFilesAlone) {
     EXPECT_EQ(saved("IDH_AAAD"), "");
     EXPECT_EQ(header(), exampleHeader);
     EXPECT_EQ(configuration(), exampleConfiguration);
+    EXPECT_EQ(folder.read("m.bas"), "the module");
 }
 
 TEST_F(IndexerTexts, AreReadAtOnceFromATextFileThatIsChosen) {
@@ -213,6 +253,31 @@ TEST_F(IndexerTexts, AreReadAtOnceFromATextFileThatIsChosen) {
     EXPECT_EQ(form.txtHelp.text(), " Known.");
     desktop.choose(form.cboDsr, 1);
     EXPECT_EQ(form.txtHelp.text(), " The day.");
+    EXPECT_TRUE(form.CmdProc.enabled());
+}
+
+TEST_F(IndexerTexts, ChooseTheirFileAsTheIndexFilesAreChosen) {
+    FrmIndexer& form = showStageThree(".topic  IDH_AAAB\r\nearlier\r\n");
+    EXPECT_EQ(form.Command2(2).caption(), "....");
+    folder.write("a.txt", ".topic  IDH_AAAB\r\nlater\r\n");
+    desktop.cancelNextFile();
+    EXPECT_TRUE(click(form.Command2(2)));
+    const auto& dialog = desktop.fileDialogs().back();
+    EXPECT_EQ(dialog.initDir, "C:\\Projects\\Stock\\");
+    EXPECT_EQ(dialog.flags, 8194);
+    EXPECT_TRUE(dialog.save);
+    EXPECT_EQ(form.Text1(2).text(), pathOf("a.txt"));
+    choose(form, 0, 1);
+    choose(form, 0, 0);
+    EXPECT_EQ(form.txtHelp.text(), " earlier"); // nothing was read
+}
+
+TEST_F(IndexerTexts, CanBeSavedWhileTheirFileHasAName) {
+    FrmIndexer& form = showStageThree();
+    EXPECT_TRUE(form.CmdProc.enabled());
+    EXPECT_TRUE(desktop.type(form.Text1(2), ""));
+    EXPECT_FALSE(form.CmdProc.enabled());
+    EXPECT_TRUE(desktop.type(form.Text1(2), "b.txt"));
     EXPECT_TRUE(form.CmdProc.enabled());
 }
 
