@@ -13,6 +13,8 @@
 #include <exception>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -21,6 +23,7 @@ namespace corvelle::cli {
 namespace {
 
 using workspace::Component;
+namespace fs = std::filesystem;
 
 struct Output {
     std::string_view option;
@@ -39,16 +42,21 @@ std::vector<Output> outputsOf(const IndexSettings& settings) {
     return result;
 }
 
+// Whether two files that are there are one.
+bool isSameFile(const fs::path& a, const base::FileStamp& stampOfA, const fs::path& b,
+                const base::FileStamp& stampOfB) {
+    std::error_code ignored;
+    return stampOfA.inode == 0 ? fs::equivalent(a, b, ignored)
+                               : stampOfA.inode == stampOfB.inode && stampOfA.device == stampOfB.device;
+}
+
 // The component whose file that is, if any.
-Component* componentOf(const workspace::Project& project, const std::filesystem::path& path) {
+Component* componentOf(const workspace::Project& project, const fs::path& path) {
     base::FileStamp stamp;
     if (!base::stampOf(path, stamp)) return nullptr;
     const auto& components = project.components();
     const auto found = std::find_if(components.begin(), components.end(), [&](const auto& component) {
-        std::error_code ignored;
-        const auto& other = component->stamp();
-        return stamp.inode == 0 ? std::filesystem::equivalent(component->path(), path, ignored)
-                                : stamp.inode == other.inode && stamp.device == other.device;
+        return isSameFile(path, stamp, component->path(), component->stamp());
     });
     return found == components.end() ? nullptr : found->get();
 }
@@ -59,16 +67,62 @@ bool mayReplace(Component& component, const Output& output, const IndexSettings&
            base::equalIgnoringCase(component.Name(), base::trimSpaces(*settings.module));
 }
 
-// Whether the path is the owner's with another ending, whatever its letter case.
-bool isBeside(const std::filesystem::path& path, std::filesystem::path owner, const char* ending) {
-    owner.replace_extension(ending);
-    if (base::isSamePath(path, owner)) return true;
-    return base::equalIgnoringCase(base::textOf(path.filename()), base::textOf(owner.filename())) &&
-           base::isSamePath(path / "..", owner / "..");
-}
+// The files that the IDE keeps with a project: the binary parts of its components, whether they are there or
+// not, and what it remembers of its windows.
+class CompanionFiles {
+  public:
+    explicit CompanionFiles(const workspace::Project& project) {
+        add(project.path(), ".vbw");
+        for (const auto& component : project.components()) {
+            for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"})
+                add(component->path(), ending);
+        }
+    }
+
+    // Whether the path is one of them, whatever the letter case of its name.
+    bool hold(const fs::path& path) const {
+        std::error_code ignored;
+        return holdUnderItsName(path) || holdUnderItsName(fs::weakly_canonical(path, ignored)) ||
+               holdUnderAnotherName(path);
+    }
+
+  private:
+    struct File {
+        fs::path path;
+        base::FileStamp stamp;
+    };
+
+    static std::string keyOf(const fs::path& path) { return base::upper(base::textOf(path.filename())); }
+
+    void add(fs::path owner, const char* ending) {
+        owner.replace_extension(ending);
+        base::FileStamp stamp;
+        if (base::stampOf(owner, stamp)) present_.push_back({owner, stamp});
+        auto key = keyOf(owner);
+        byName_.emplace(std::move(key), std::move(owner));
+    }
+
+    bool holdUnderItsName(const fs::path& path) const {
+        const auto [first, last] = byName_.equal_range(keyOf(path));
+        return std::any_of(first, last, [&](const auto& file) {
+            return base::isSamePath(path, file.second) || base::isSamePath(path / "..", file.second / "..");
+        });
+    }
+
+    // Links can give a file any name.
+    bool holdUnderAnotherName(const fs::path& path) const {
+        base::FileStamp stamp;
+        return base::stampOf(path, stamp) &&
+               std::any_of(present_.begin(), present_.end(),
+                           [&](const File& file) { return isSameFile(path, stamp, file.path, file.stamp); });
+    }
+
+    std::unordered_multimap<std::string, fs::path> byName_; // in upper case
+    std::vector<File> present_;
+};
 
 // Whether a line of the project names it as a file that is no component.
-bool isResourceOrDocument(const workspace::Project& project, const std::filesystem::path& path) {
+bool isResourceOrDocument(const workspace::Project& project, const fs::path& path) {
     workspace::PathResolver resolver;
     for (indexer::TextLines lines(project.bytes()); lines.next();) {
         for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
@@ -82,17 +136,6 @@ bool isResourceOrDocument(const workspace::Project& project, const std::filesyst
         }
     }
     return false;
-}
-
-// Whether the binary part of a component is there, or else what the IDE keeps with the project.
-bool holdsPartOf(const workspace::Project& project, const std::filesystem::path& path) {
-    if (isBeside(path, project.path(), ".vbw")) return true;
-    for (const auto& component : project.components()) {
-        for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
-            if (isBeside(path, component->path(), ending)) return true;
-        }
-    }
-    return isResourceOrDocument(project, path);
 }
 
 // Another project may have code in a file that is no part of this one.
@@ -122,6 +165,7 @@ std::optional<std::string> whatForbidsTexts(const std::string& path) {
 
 std::optional<std::string> whatForbidsOutputs(const IndexSettings& settings,
                                               const workspace::Project& project) {
+    const CompanionFiles companions(project);
     std::vector<Output> taken{{"the project", settings.project}};
     if (settings.excludeList) taken.push_back({"--exclude-list", *settings.excludeList});
     for (const auto& output : outputsOf(settings)) {
@@ -134,7 +178,7 @@ std::optional<std::string> whatForbidsOutputs(const IndexSettings& settings,
         if (auto* const component = componentOf(project, path);
             component && !mayReplace(*component, output, settings))
             return option + ": " + output.path + " is a module of the project";
-        if (holdsPartOf(project, path))
+        if (companions.hold(path) || isResourceOrDocument(project, path))
             return option + ": " + output.path + " belongs to a file of the project";
         taken.push_back(output);
     }

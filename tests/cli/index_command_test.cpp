@@ -207,7 +207,8 @@ TEST_F(IndexCommand, SavesTheReportLastOfAll) {
 TEST_F(IndexCommand, WarnsOfAnIndexerProjectWithoutTexts) {
     const auto result = run(files + "--project-file o/a.icp");
     EXPECT_EQ(result.status, 0);
-    EXPECT_THAT(result.err, HasSubstr("o/a.icp: warning: "));
+    EXPECT_EQ(result.err, "o/a.icp: warning: without --text this indexer project cannot be opened\n");
+    EXPECT_THAT(result.out, EndsWith("o/a.hcnf\no/a.icp\n"));
     EXPECT_THAT(folder.read("o/a.icp"), HasSubstr("Text File= \r\nModule Name= \r\nModule File= \r\n"));
 }
 
@@ -256,6 +257,7 @@ TEST_F(IndexCommand, ReadsTheExclusionList) {
 
 TEST_F(IndexCommand, KnowsWrongUsage) {
     expectRefused("index p.vbp --header o/a.h", 2, "--config is required");
+    expectRefused("index p.vbp --config o/a.hcnf", 2, "--header is required");
     expectRefused("index --header o/a.h --config o/b", 2, "PROJECT.vbp is required");
     expectRefused(files + "--components forms,labels", 2, "\"labels\" is none of forms, mdi");
     expectRefused(files + "--exclude forms", 2, "\"forms\" is none of labels, frames");
@@ -304,6 +306,15 @@ TEST_F(IndexCommand, WritesOverNothingThatBelongsToTheProject) {
     }
     EXPECT_THAT(outputs(), IsEmpty());
     EXPECT_EQ(run("index p.vbp --config o/a.hcnf --header frmMain.frx").status, 2);
+#ifndef _WIN32
+    fs::create_symlink(folder.path() / "frmMain.frx", folder.path() / "link.txt");
+    fs::create_symlink(folder.path() / "Module1.frx", folder.path() / "dangling.txt");
+    fs::create_hard_link(folder.path() / "sub/c.ctx", folder.path() / "hard.txt");
+    fs::create_symlink(folder.path() / "elsewhere.txt", folder.path() / "sub/c.frx");
+    folder.write("elsewhere.txt", "binary");
+    for (const std::string name : {"link.txt", "dangling.txt", "hard.txt", "elsewhere.txt"})
+        EXPECT_EQ(run(files + "--text " + name).status, 2) << name;
+#endif
     // Other files may have these endings and names.
     EXPECT_EQ(run(files + "--text o/frmMain.frx --report c.ctx --project-file frmMain.txt").status, 0);
 }
