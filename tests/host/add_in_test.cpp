@@ -50,11 +50,37 @@ TYPED_TEST(EveryAddIn, EveryConnectionButTheExternalShowsNothing) {
     }
 }
 
+TYPED_TEST(EveryAddIn, ShowsNothingOnAccountOfWhatItRemembers) {
+    this->connect();
+    this->addIn->setIsLoaded(true);
+    this->disconnect();
+    ASSERT_EQ(this->autoShow(), "1");
+    for (const std::int32_t mode : {connect_mode::AfterStartup, connect_mode::Startup}) {
+        this->connect(mode);
+        EXPECT_THAT(this->windows(), IsEmpty());
+        EXPECT_FALSE(this->addIn->IsLoaded());
+    }
+    this->disconnect();
+    EXPECT_EQ(this->desktop.map().values.size(), 2U); // this setting and the one that the test begins with
+}
+
 TYPED_TEST(EveryAddIn, WithoutTheBarThereIsNoCommandAndNoMessage) {
     this->ide->bars.clear();
     this->connect();
     EXPECT_TRUE(this->desktop.boxes().empty());
     EXPECT_EQ(this->addIn->AddMyMenu("Other"), nullptr);
+}
+
+TYPED_TEST(EveryAddIn, AsksForTheClicksOfNoCommandToo) {
+    this->ide->bars.clear();
+    this->connect();
+    ASSERT_EQ(this->ide->sources.size(), 1U);
+    EXPECT_EQ(this->ide->sources[0]->control, nullptr);
+    // An IDE that refuses has its error told.
+    this->ide->calls->fail("Events.CommandBarEvents", 1, disaster);
+    this->desktop.answerNextBox(1);
+    this->connect();
+    EXPECT_EQ(this->desktop.boxes().back().text, disasterBox);
 }
 
 TYPED_TEST(EveryAddIn, AFailureOfTheMenuLeavesNoCommandAndNoMessage) {

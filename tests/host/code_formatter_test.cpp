@@ -2,6 +2,7 @@
 #include "formatter/windows/frm_main.h"
 #include "host/code_formatter.h"
 #include "host/connected.h"
+#include "host/poor_desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -26,6 +27,7 @@ TEST_F(FormatterAddIn, AnExternalConnectionShowsThePageAtOnceAndAddsNoCommand) {
     EXPECT_EQ(page().Text1.text(), " Account");
     EXPECT_TRUE(addIn->IsLoaded());
     EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_THAT(ide->sources, IsEmpty());
     disconnect();
     EXPECT_THAT(windows(), IsEmpty());
     EXPECT_EQ(autoShow(), "1");
@@ -94,6 +96,36 @@ TEST_F(FormatterAddIn, ShowsWithoutAnIdeToo) {
     addIn->Show();
     EXPECT_THAT(windows(), ElementsAre("frmMain"));
     EXPECT_TRUE(addIn->IsLoaded());
+}
+
+TEST_F(FormatterAddIn, CountsAsShownWhereThePageCannotBe) {
+    PoorDesktop poor;
+    addIn = std::make_shared<CodeFormatter>(poor);
+    connect();
+    poor.impossible = "frmMain";
+    EXPECT_TRUE(clickCommand());
+    EXPECT_THAT(poor.windows(), IsEmpty());
+    EXPECT_TRUE(poor.boxes().empty());
+    EXPECT_TRUE(addIn->IsLoaded());
+    poor.impossible.clear();
+    EXPECT_TRUE(clickCommand());
+    EXPECT_EQ(poor.windows().size(), 1U);
+    addIn.reset();
+}
+
+TEST_F(FormatterAddIn, DisconnectionGoesOnWhereTheSettingCannotBeSaved) {
+    PoorDesktop poor;
+    addIn = std::make_shared<CodeFormatter>(poor);
+    connect();
+    clickCommand();
+    ASSERT_EQ(poor.windows().size(), 1U);
+    poor.settingsAreClosed = true;
+    disconnect();
+    EXPECT_FALSE(addIn->IsLoaded());
+    EXPECT_THAT(poor.windows(), IsEmpty());
+    EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_TRUE(poor.boxes().empty());
+    addIn.reset();
 }
 
 TEST_F(FormatterAddIn, DisconnectionSavesTheSettingBeforeItUnloadsTheWindow) {

@@ -1,6 +1,6 @@
-#include "base/run_time_error.h"
 #include "host/connected.h"
 #include "host/context_help_indexer.h"
+#include "host/poor_desktop.h"
 #include "indexer/windows/frm_index_main.h"
 #include "indexer/windows/frm_indexer.h"
 #include "indexer/windows/frm_txt.h"
@@ -40,17 +40,6 @@ class IndexerAddIn : public testing::Test, public Connected {
     }
 };
 
-/// A window system that cannot make one class of windows.
-class PoorDesktop : public forms::HeadlessDesktop {
-  public:
-    std::string impossible;
-
-    std::unique_ptr<forms::FormPeer> makePeer(forms::Form& form) override {
-        if (form.name() == impossible) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
-        return HeadlessDesktop::makePeer(form);
-    }
-};
-
 TEST_F(IndexerAddIn, WaitsForTheStartMenu) {
     connect();
     next([&] {
@@ -64,11 +53,24 @@ TEST_F(IndexerAddIn, WaitsForTheStartMenu) {
     EXPECT_EQ(desktop.yields(), 3);
 }
 
+TEST_F(IndexerAddIn, TheWaitEndsWithTheFlagWhoeverSetsIt) {
+    connect();
+    std::weak_ptr<forms::Form> first;
+    next([&] {
+        first = menu().weak_from_this();
+        indexer().setbOK(true);
+    });
+    EXPECT_TRUE(clickCommand());
+    EXPECT_TRUE(first.expired());
+    EXPECT_THAT(windows(), ElementsAre("FrmIndexer")); // the choice that stands there from the start
+}
+
 TEST_F(IndexerAddIn, TheFirstCommandOpensTheWizard) {
     connect();
     clickAndChoose(1);
     EXPECT_THAT(windows(), ElementsAre("FrmIndexer"));
     EXPECT_EQ(window<FrmIndexer>().ThisMgr.lock().get(), &indexer());
+    EXPECT_GT(ide->calls->count("VBE.ActiveVBProject"), 0); // of this IDE
     EXPECT_TRUE(addIn->IsLoaded());
     disconnect();
     EXPECT_THAT(windows(), IsEmpty());
@@ -129,6 +131,7 @@ TEST_F(IndexerAddIn, AnExternalConnectionAsksAtOnceAndAddsNoCommand) {
     connect(connect_mode::External);
     EXPECT_THAT(windows(), ElementsAre("FrmIndexer"));
     EXPECT_THAT(commands(), IsEmpty());
+    EXPECT_THAT(ide->sources, IsEmpty());
 }
 
 TEST_F(IndexerAddIn, AClickWhileTheStartMenuWaitsBringsItToTheFront) {
