@@ -104,6 +104,25 @@ TEST_F(SelectionPage, CannotProceedWithoutAProjectOrAnIde) {
     EXPECT_EQ(lastBox(), activateBox);
 }
 
+TEST_F(SelectionPage, CannotProceedWhereTheIdeFails) {
+    showPage();
+    for (const char* member :
+         {"VBE.ActiveVBProject", "VBProject.Name", "VBE.ActiveCodePane", "CodePane.CodeModule",
+          "CodeModule.Parent", "VBComponent.Name", "VBComponent.IsDirty"}) {
+        SCOPED_TRACE(member);
+        const auto before = desktop.boxes().size();
+        calls.fail(member, 1, disaster);
+        desktop.answerNextBox(ok);
+        desktop.click(page().cmdRef);
+        EXPECT_EQ(desktop.boxes().size(), before + 1);
+        EXPECT_EQ(lastBox(), activateBox);
+        EXPECT_FALSE(page().CmdNext.enabled());
+        desktop.click(page().cmdRef); // the IDE is well again
+        EXPECT_TRUE(page().CmdNext.enabled());
+        EXPECT_EQ(page().Text1.text(), " Account");
+    }
+}
+
 TEST_F(SelectionPage, WarnsOfUnsavedChanges) {
     module->dirty = true;
     desktop.answerNextBox(ok, [&] { EXPECT_EQ(page().Text1.text(), " Account"); });
@@ -215,6 +234,34 @@ TEST_F(SelectionPage, AsksNothingBeforeFormattingAnotherModule) {
     desktop.click(page());
     inDialog([](FrmFormatter&) {}); // only the last one counts
     EXPECT_TRUE(desktop.boxes().empty());
+}
+
+TEST_F(SelectionPage, TellsWhyItCannotAskAboutARepetition) {
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        leaveAnyway(dialog);
+    });
+    calls.fail("VBComponent.IsDirty", 1, disaster);
+    desktop.answerNextBox(ok);
+    desktop.click(page().CmdNext);
+    EXPECT_EQ(lastBox(), "Corvelle|0|" + disaster.description());
+    EXPECT_EQ(desktop.modals().size(), 1U);
+    desktop.answerNextBox(yes); // the question itself
+    inDialog([](FrmFormatter&) {});
+    EXPECT_EQ(desktop.modals().size(), 2U);
+}
+
+TEST_F(SelectionPage, ComesBackWhenTheDialogCannotBeOpened) {
+    showPage();
+    desktop.impossible = "FrmFormatter";
+    desktop.answerNextBox(ok);
+    desktop.click(page().CmdNext);
+    EXPECT_EQ(lastBox(), "Corvelle|0|Out of memory");
+    EXPECT_TRUE(page().visible());
+    EXPECT_EQ(page().formatter(), nullptr);
+    desktop.impossible.clear();
+    inDialog([](FrmFormatter&) {});
+    EXPECT_EQ(desktop.modals(), (Lines{"FrmFormatter"}));
 }
 
 TEST_F(SelectionPage, OnePressOfNextOpensOneDialog) {

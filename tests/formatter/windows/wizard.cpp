@@ -9,6 +9,11 @@ using forms::answer::yes;
 
 const base::RunTimeError Session::disaster(-2147467259, "Method '~' of object '~' failed");
 
+std::unique_ptr<forms::FormPeer> ScriptedDesktop::makePeer(forms::Form& form) {
+    if (form.name() == impossible) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    return HeadlessDesktop::makePeer(form);
+}
+
 void ScriptedDesktop::runModal(forms::Form& form) {
     if (inEveryModal) inNextModal(inEveryModal);
     HeadlessDesktop::runModal(form);

@@ -25,7 +25,9 @@ class ScriptedDesktop : public forms::HeadlessDesktop {
     std::function<void(forms::Form&)> inEveryModal;
     std::optional<std::string> everyFile; ///< the choice in every file dialog
     std::function<void()> inFileDialog;   ///< runs while one is open
+    std::string impossible;               ///< the class of windows that cannot be made
 
+    std::unique_ptr<forms::FormPeer> makePeer(forms::Form& form) override;
     void runModal(forms::Form& form) override;
     std::optional<std::string> chooseFile(const forms::CommonDialog& dialog, bool save) override;
 
