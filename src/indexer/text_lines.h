@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -17,7 +16,8 @@ class TextLines {
     bool next() {
         if (next_ >= text_.size()) return false;
         ++number_;
-        const auto end = std::min(text_.find_first_of("\r\n", next_), text_.size());
+        auto end = next_; // a loop of our own: find_first_of calls a function a character
+        while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n') ++end;
         line_ = text_.substr(next_, end - next_);
         next_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
         return true;
