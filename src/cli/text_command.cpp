@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -81,7 +82,7 @@ class TextRun {
             list();
         else
             edit();
-        if (!std::cout.flush()) throw Refusal{exitFailed, "standard output: could not be written"};
+        if (!std::cout.flush()) throw standardOutputFailed();
         return exitDone;
     }
 
@@ -95,15 +96,28 @@ class TextRun {
         indexer::readTextEntries(readText(info_[indexer::slot::text]), index_, indexer::LastDefault::Read);
     }
 
+    // Not through std::cout, which locks itself for each piece.
     void list() const {
-        for (std::size_t i = 1; i <= index_.count(); ++i) {
-            const auto& entry = index_.entries[i];
-            if (entry.DsrIndex == 0) continue; // of no designer: no control
-            std::cout << index_.designers[static_cast<std::size_t>(entry.DsrIndex) - 1] << '\t'
-                      << entry.CtlName << '\t' << entry.CtlClass << '\t' << entry.IDHName << '\t'
-                      << onOneLine(indexer::shownText(index_, i)) << '\n';
+        const std::filesystem::path name = "standard output";
+        base::FileWriter out(1, name);
+        std::string line;
+        try {
+            for (std::size_t i = 1; i <= index_.count(); ++i) {
+                const auto& entry = index_.entries[i];
+                if (entry.DsrIndex == 0) continue; // of no designer: no control
+                line = index_.designers[static_cast<std::size_t>(entry.DsrIndex) - 1];
+                line.append(1, '\t').append(entry.CtlName).append(1, '\t').append(entry.CtlClass);
+                line.append(1, '\t').append(entry.IDHName).append(1, '\t');
+                line.append(onOneLine(indexer::shownText(index_, i))) += '\n';
+                out.write(line);
+            }
+            out.flush();
+        } catch (const base::FileError&) {
+            throw standardOutputFailed();
         }
     }
+
+    static Refusal standardOutputFailed() { return {exitFailed, "standard output: could not be written"}; }
 
     void edit() {
         const auto entry = findControl();
