@@ -13,6 +13,7 @@
 #include <optional>
 #include <string_view>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 
 namespace corvelle::cli {
@@ -77,10 +78,22 @@ class Collector {
     }
 
     // Whether the file, however it is written, is met for the first time.
-    bool isNew(const fs::path& path) {
+    bool isNew(const fs::path& path) { return list_.realPaths.insert(realPathOf(path).native()).second; }
+
+    // Many files stand in one folder, and few of them are links: so each folder is looked for once.
+    fs::path realPathOf(const fs::path& path) {
         std::error_code error;
-        const fs::path real = fs::canonical(path, error);
-        return list_.realPaths.insert((error ? path : real).native()).second;
+        if (fs::is_symlink(fs::symlink_status(path, error)) || error) return canonicalOr(path, path);
+        const fs::path folder = path.parent_path();
+        const auto [place, isNew] = realFolders_.try_emplace(folder.native());
+        if (isNew) place->second = canonicalOr(folder.empty() ? fs::path(".") : folder, folder);
+        return place->second / path.filename();
+    }
+
+    static fs::path canonicalOr(const fs::path& path, const fs::path& otherwise) {
+        std::error_code error;
+        auto real = fs::canonical(path, error);
+        return error ? otherwise : real;
     }
 
     void addModule(ModuleSource source) {
@@ -172,6 +185,7 @@ class Collector {
 
     SourceList& list_;
     workspace::PathResolver resolver_;
+    std::unordered_map<fs::path::string_type, fs::path> realFolders_; // by the way they are written
     bool standardInputTaken_ = false;
     std::size_t met_ = 0; // modules and problems, those that were known already too
 };
