@@ -44,6 +44,13 @@ class Origins {
     std::int32_t index_ = 0; // of the buffer's next line
 };
 
+// Whether the text's last character, which is one of the line, would become a part of the line's end.
+bool joinsLineEnd(std::string_view text, std::string_view lineEnd) {
+    return lineEnd == "\n" && !text.empty() && text.back() == '\r';
+}
+
+constexpr std::string_view returnThatJoins = "the carriage return in front of the line's end";
+
 } // namespace
 
 struct FormatJob::Errors : formatter::PassObserver {
@@ -142,17 +149,23 @@ void FormatJob::findUnsafeLines() {
         formatter::TokenCheck check;
 
         void report(std::uint32_t line, const std::optional<std::string>& loss) const {
-            if (loss) job.diagnose(exitLookAt, job.file_->fileLine(line), "unsafe: " + *loss);
+            if (loss) job.diagnoseUnsafe(job.file_->fileLine(line), *loss);
         }
         void hidden(std::string_view) {}
         void kept(std::uint32_t line, std::int32_t bufferIndex) {
-            report(line, check.kept(job.file_->codeLine(line), job.buffer_.text(bufferIndex),
-                                    job.buffer_.spaces(bufferIndex)));
+            const auto text = job.buffer_.text(bufferIndex);
+            report(line, check.kept(job.file_->codeLine(line), text, job.buffer_.spaces(bufferIndex)));
+            if (joinsLineEnd(text, job.file_->newLine())) report(line, std::string(returnThatJoins));
         }
         void dropped(std::uint32_t line) { report(line, check.dropped(job.file_->codeLine(line))); }
     };
-    FormattedFile(*file_, buffer_, kept_)
-        .visit(Checker{*this, formatter::TokenCheck({.commentsMayGo = settings_.removesComments()})});
+    const FormattedFile formatted(*file_, buffer_, kept_);
+    formatted.visit(Checker{*this, formatter::TokenCheck({.commentsMayGo = settings_.removesComments()})});
+    const auto& bytes = file_->bytes();
+    if (joinsLineEnd(bytes, formatted.missingLineEnd())) {
+        const auto lineFeeds = std::count(bytes.begin(), bytes.end(), '\n');
+        diagnoseUnsafe(static_cast<std::uint32_t>(lineFeeds) + 1, returnThatJoins);
+    }
 }
 
 void FormatJob::chooseBackup(BackupNames& names) {
@@ -273,6 +286,10 @@ void FormatJob::printDiff(base::FileWriter& out) const {
                   {}};
     formatted.visit(differ);
     differ.diff.finish();
+}
+
+void FormatJob::diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss) {
+    diagnose(exitLookAt, fileLine, std::string("unsafe: ").append(loss));
 }
 
 void FormatJob::diagnose(ExitStatus status, std::string_view message) {

@@ -50,6 +50,7 @@ class FormatJob {
     void saveBackup(const RealPaths& inUse) const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
+    void diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss);
     void printDiff(base::FileWriter& out) const;
     bool printsModule() const;
 

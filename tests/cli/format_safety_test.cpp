@@ -43,6 +43,14 @@ TEST_F(Safety, IsInDangerByATabInALiteral) {
     expectUnsafe("x\r\ns = \"a\tb\"\r\n", 2, "a tab in the literal \"a?b\"");
 }
 
+TEST_F(Safety, IsInDangerByACarriageReturnThatWouldJoinALineEnd) {
+    constexpr auto loss = "the carriage return in front of the line's end";
+    expectUnsafe("Sub a()\n' b\r \nEnd Sub\n", 2, loss);
+    expectUnsafe("Sub a()\nEnd Sub\n' b\r", 3, loss);
+    expectUnsafe("Dim a\nAttribute a.VB_VarHelpID = -1\r", 2, loss);
+    expectSafe("Sub a()\r\n' b\r \r\nEnd Sub\r\n");
+}
+
 TEST_F(Safety, IsInDangerByATabBetweenTwoWords) {
     expectUnsafe("Dim\tx\r\n", 1, "the blank between Dim and x");
 }
