@@ -3,6 +3,7 @@
 #include "indexer/project_info.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace corvelle::indexer {
 namespace {
@@ -53,6 +54,22 @@ TEST(ReadProjectFile, ComparesKeysInTheirCase) {
     auto lines = wholeLines();
     lines[1] = "VB Project name= Proj";
     EXPECT_FALSE(valid(lines));
+    lines = wholeLines();
+    lines[0] = "Indexer Project file :now";
+    EXPECT_FALSE(valid(lines));
+}
+
+TEST(ReadProjectFile, WantsEachKeyAtTheBeginningOfItsOwnLine) {
+    for (std::size_t i = 0; i < 6; ++i) {
+        for (const char* before : {"x", "x ", "\t"}) { // only spaces are trimmed
+            auto lines = wholeLines();
+            lines[i].insert(0, before);
+            EXPECT_FALSE(valid(lines)) << lines[i];
+        }
+        auto lines = wholeLines();
+        std::swap(lines[i], lines[i + 1]);
+        EXPECT_FALSE(valid(lines)) << i;
+    }
 }
 
 TEST(ReadProjectFile, RefusesAnEmptyValueOnLinesTwoToSix) {
@@ -74,8 +91,10 @@ TEST(ReadProjectFile, AcceptsAnythingOnTheModulesLines) {
     EXPECT_EQ(info[slot::moduleName], "");
     EXPECT_EQ(info[slot::moduleFile], "");
     lines[6] = "0123456789abcdef";
+    lines[7] = "ABCDEFGHIJKLM"; // thirteen characters: one is the value
     ASSERT_TRUE(readProjectInfo(joined(lines), info));
     EXPECT_EQ(info[slot::moduleName], "cdef");
+    EXPECT_EQ(info[slot::moduleFile], "M");
 }
 
 TEST(ReadProjectFile, AcceptsEmptyModuleValues) {
@@ -127,7 +146,11 @@ TEST(ReadProjectFile, IsContentWithFewerAndWithMoreLines) {
     }
     auto lines = wholeLines();
     lines.emplace_back("Module File= other");
-    EXPECT_TRUE(valid(lines));
+    lines.emplace_back("Text File= other");
+    ProjectInfo info;
+    EXPECT_TRUE(readProjectInfo(joined(lines, lines.size()), info));
+    EXPECT_EQ(info,
+              (ProjectInfo{"Proj", "C:\\p\\Proj.vbp", "a.h", "a.hcnf", "a.txt", " modHelp", " modHelp.bas"}));
 }
 
 TEST(ReadProjectFile, KeepsTheValuesBeforeAnInvalidLine) {
