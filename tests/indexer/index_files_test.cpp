@@ -71,6 +71,12 @@ TEST(LoadMappings, KeepsAnEmptyEntryForAControlWithoutEndMark) {
 
 TEST(LoadMappings, EndsAValueAtTheLastMark) {
     EXPECT_THAT(readMappings("<P>a</P>b</p>\r\n").index.designers, ElementsAre("a</P>b"));
+    EXPECT_THAT(entriesOf(readMappings("<C>a B X</C>Y</c>Z\r\n")),
+                ElementsAre("0|||IDH_AAAA|", "0|a|B|X</C>Y|"));
+}
+
+TEST(LoadMappings, TakesADesignersNameAsItStandsBetweenTheMarks) {
+    EXPECT_THAT(readMappings("<P></P>\r\n<P> a  b </P>\r\n").rows, ElementsAre("", " a  b "));
 }
 
 TEST(LoadMappings, TakesTwoSpacesForAnEmptyClass) {
@@ -142,6 +148,22 @@ TEST(SaveIndexFiles, WalksDesignersThenEntries) {
     const auto saved = save(index);
     EXPECT_EQ(saved.configuration, "<P>f</P>\r\n<C>a A IDH_1</C>\r\n<P>g</P>\r\n<C>b B IDH_2</C>\r\n");
     EXPECT_EQ(saved.header, "#define IDH_AAAA  1000\r\n#define IDH_1  1001\r\n#define IDH_2  1002\r\n");
+    index.entries.front() = {2, "IDH_AAAA", "d", "D", ""}; // the walk begins at the default entry
+    EXPECT_EQ(save(index).configuration, "<P>f</P>\r\n<C>a A IDH_1</C>\r\n<P>g</P>\r\n"
+                                         "<C>d D IDH_AAAA</C>\r\n<C>b B IDH_2</C>\r\n");
+    EXPECT_EQ(save(index).header, saved.header);
+}
+
+TEST(SaveIndexFiles, WritesValuesAsTheyAre) {
+    HelpIndex index;
+    index.designers = {"frm\xC4\"<P>"};
+    index.entries.push_back({1, "IDH_\xFF", "a\"&", "\\<\x80>", ""});
+    const auto saved = save(index);
+    EXPECT_EQ(saved.configuration, "<P>frm\xC4\"<P></P>\r\n<C>a\"& \\<\x80> IDH_\xFF</C>\r\n");
+    EXPECT_EQ(saved.header, "#define IDH_AAAA  1000\r\n#define IDH_\xFF  1001\r\n");
+    const auto read = readMappings(saved.configuration);
+    EXPECT_EQ(read.index.designers, index.designers);
+    EXPECT_EQ(textOf(read.index.entries[1]), textOf(index.entries[1]));
 }
 
 TEST(SaveIndexFiles, WritesTheDefaultTopicOfAnEmptyIndex) {
