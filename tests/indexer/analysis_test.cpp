@@ -265,6 +265,22 @@ TEST_F(AnalysisTest, KeepsACounterAtItsLargestNumber) {
     EXPECT_EQ(selected().size(), 257U);
 }
 
+TEST_F(AnalysisTest, LeavesOutADesignerWhoseControlsWouldOverflowTheTotal) {
+    struct Crowded : test::FakeComponent {
+        using FakeComponent::FakeComponent;
+        std::int32_t count = 0;
+        std::int32_t Count() override { return count; }
+    };
+    for (const std::int32_t count : {2147483000, 648, 647, 1}) {
+        const auto component = std::make_shared<Crowded>(ide->calls, "frm", ComponentType::VBForm);
+        component->hasDesigner = true;
+        component->count = count;
+        ide->project->components.push_back(component);
+    }
+    analyse();
+    EXPECT_EQ(analysis.captions().lblControls, "Total Controls: 2147483647");
+}
+
 TEST_F(AnalysisTest, KeepsEveryWideCounterAtItsLargestNumber) {
     const auto component = ide->project->add("many", ComponentType::VBForm);
     ide->project->components.resize(32769, component);
