@@ -34,6 +34,8 @@ TEST(ReadExcludeList, ReadsTheFirstLineOnly) {
 TEST(ReadExcludeList, LeavesAnEmptyNameBetweenThreeSpaces) {
     EXPECT_THAT(listOf("label   timer"), ElementsAre("", "LABEL", "", "TIMER"));
     EXPECT_THAT(listOf("label  timer"), ElementsAre("", "LABEL", "TIMER"));
+    EXPECT_THAT(listOf("label    timer"), ElementsAre("", "LABEL", "", "TIMER"));
+    EXPECT_THAT(listOf(" \tlabel\ttimer "), ElementsAre("", "\tLABEL\tTIMER")); // spaces alone count
 }
 
 TEST(ReadExcludeList, LeavesTheListAsItIsWhenNothingCanBeRead) {
