@@ -6,12 +6,31 @@ namespace corvelle::cli {
 namespace {
 
 TEST(CheckBoxes, ChecksTheBoxOfEachWord) {
-    for (const auto& words : {componentWords, exclusionWords}) {
-        for (const auto& word : words) {
-            indexer::IndexOptions options;
-            EXPECT_EQ(checkBoxes(word.word, words, options), std::nullopt);
-            for (const auto& other : words) EXPECT_EQ(options.*other.box, word.word == other.word ? 1 : 0);
-        }
+    using Options = indexer::IndexOptions;
+    struct Row {
+        const std::array<OptionWord, 6>& words;
+        const char* word;
+        indexer::CheckValue Options::*box;
+    };
+    const Row rows[] = {
+        {componentWords, "forms", &Options::ChkFrm},
+        {componentWords, "mdi", &Options::ChkMDI},
+        {componentWords, "designers", &Options::ChkDsr},
+        {componentWords, "docs", &Options::ChkDOB},
+        {componentWords, "pages", &Options::ChkPG},
+        {componentWords, "controls", &Options::ChkActiveXCtl},
+        {exclusionWords, "labels", &Options::ChkExclLbl},
+        {exclusionWords, "frames", &Options::ChKExcFrame},
+        {exclusionWords, "shapes", &Options::ChkExcShape},
+        {exclusionWords, "menus", &Options::ChkExcMenu},
+        {exclusionWords, "lines", &Options::ChkExcLine},
+        {exclusionWords, "toolbars", &Options::ChkExcToolbar},
+    };
+    for (const auto& row : rows) {
+        Options options;
+        EXPECT_EQ(checkBoxes(row.word, row.words, options), std::nullopt) << row.word;
+        for (const auto& other : rows)
+            EXPECT_EQ(options.*other.box, row.box == other.box ? 1 : 0) << row.word << ' ' << other.word;
     }
     indexer::IndexOptions options;
     EXPECT_EQ(checkBoxes("forms,mdi,forms", componentWords, options), std::nullopt);
