@@ -1,5 +1,6 @@
 #include "formatter/windows/frm_error.h"
 #include "formatter/windows/wizard.h"
+#include "forms/tidy_layout.h"
 
 namespace corvelle::formatter::test {
 namespace {
@@ -82,6 +83,14 @@ TEST_F(ErrorList, ClosesOnEnterAndOnEscape) {
     list->show();
     EXPECT_TRUE(desktop.pressEscape(*list));
     EXPECT_FALSE(list->isLoaded());
+}
+
+TEST_F(ErrorList, ControlsKeepClearOfEachOther) {
+    const auto list = std::make_shared<FrmError>(desktop);
+    list->load();
+    corvelle::test::expectTidy(*list);
+    corvelle::test::expectRoomFor("Total 65534 errors detected..", list->lblCaption);
+    EXPECT_GE(list->List1.bounds().height, 10 * 195); // rows
 }
 
 } // namespace

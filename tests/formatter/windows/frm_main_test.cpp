@@ -1,4 +1,5 @@
 #include "formatter/windows/wizard.h"
+#include "forms/tidy_layout.h"
 #include "ui/frm_abt.h"
 
 #include <gmock/gmock.h>
@@ -344,24 +345,8 @@ TEST_F(SelectionPage, ComesBackFreshAfterItWasClosed) {
 
 TEST_F(SelectionPage, ControlsKeepClearOfEachOther) {
     showPage();
-    const auto& controls = page().controls();
-    for (std::size_t i = 0; i < controls.size(); ++i) {
-        const auto& a = controls[i]->bounds();
-        SCOPED_TRACE(controls[i]->name());
-        EXPECT_GT(a.width, 0);
-        EXPECT_GT(a.height, 0);
-        EXPECT_LE(a.left + a.width, page().size().width);
-        EXPECT_LE(a.top + a.height, page().size().height);
-        for (std::size_t j = 0; j < i; ++j) {
-            const auto& b = controls[j]->bounds();
-            EXPECT_FALSE(a.left < b.left + b.width && b.left < a.left + a.width && a.top < b.top + b.height &&
-                         b.top < a.top + a.height)
-                << "over " << controls[j]->name();
-        }
-    }
-    const auto& intro = page().lblIntro;
-    const int lines = static_cast<int>(intro.caption().size()) * 90 / intro.bounds().width + 1;
-    EXPECT_LE((lines + 1) * 195, intro.bounds().height);
+    corvelle::test::expectTidy(page());
+    corvelle::test::expectRoomFor(page().lblIntro.caption(), page().lblIntro);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "base/run_time_error.h"
 #include "forms/headless/headless_desktop.h"
+#include "forms/tidy_layout.h"
 #include "indexer/windows/frm_index_main.h"
 #include "ui/frm_abt.h"
 
@@ -163,6 +164,15 @@ TEST_F(StartMenu, TheAboutBoxIsModalAndComesBackToTheMenu) {
     EXPECT_TRUE(menu->enabled());
     EXPECT_TRUE(manager->told.empty());
     EXPECT_TRUE(desktop.click(menu->Command1));
+}
+
+TEST_F(StartMenu, ControlsKeepClearOfEachOtherAndTheHintsHaveRoom) {
+    corvelle::test::expectTidy(*menu);
+    for (forms::CommandButton* command : {&menu->Command1, &menu->Command2, &menu->Command3}) {
+        corvelle::test::expectRoomFor(command->caption(), *command);
+        desktop.moveMouse(*command);
+        corvelle::test::expectRoomFor(menu->lblInfo.caption(), menu->lblInfo);
+    }
 }
 
 } // namespace
