@@ -8,13 +8,16 @@ namespace {
 
 using testing::ElementsAre;
 
-// Notes what the status line shows, with the pointer that is shown meanwhile.
+// Notes what the status line shows, with the pointer and the indicator that are shown meanwhile.
 class StatusDesktop : public forms::HeadlessDesktop {
   public:
     std::vector<std::string> statuses;
+    std::function<bool()> indicatorRuns = [] { return false; };
 
     std::unique_ptr<forms::FormPeer> makePeer(forms::Form& form) override {
-        return std::make_unique<Peer>(*this, static_cast<FrmTxt&>(form));
+        auto peer = std::make_unique<Peer>(*this, static_cast<FrmTxt&>(form));
+        forms::HeadlessPeer::sizeSurface(static_cast<FrmTxt&>(form).IndicSurface);
+        return peer;
     }
 
   private:
@@ -26,8 +29,9 @@ class StatusDesktop : public forms::HeadlessDesktop {
         void controlChanged(forms::Control& control, forms::Aspect aspect) override {
             HeadlessPeer::controlChanged(control, aspect);
             if (&control != &form_.Lblstat) return;
-            const bool busy = form_.mousePointer() == forms::MousePointer::Hourglass;
-            desktop_.statuses.push_back(form_.Lblstat.caption() + (busy ? "|busy" : ""));
+            const bool waits = form_.mousePointer() == forms::MousePointer::Hourglass;
+            desktop_.statuses.push_back(form_.Lblstat.caption() + (waits ? "|hourglass" : "") +
+                                        (desktop_.indicatorRuns() ? "|runs" : ""));
         }
 
       private:
@@ -42,6 +46,7 @@ class TextEntryStatus : public testing::Test, protected TextEditorSession {
         watched.onUnexpected = [](const std::string& what) { ADD_FAILURE() << what; };
         form->ShowTextEdit(ide, nullptr);
         watched.statuses.clear();
+        watched.indicatorRuns = [this] { return isAnimated(*form); };
         watched.chooseNextFile(pathOf("p.icp"));
         watched.click(form->Command2);
     }
@@ -53,9 +58,9 @@ class TextEntryStatus : public testing::Test, protected TextEditorSession {
 
 TEST_F(TextEntryStatus, TellsEveryStepOfALoading) {
     EXPECT_THAT(watched.statuses,
-                ElementsAre(" Status: Ready to load data....", " Status: Loading Mappings..|busy",
-                            " Status: Finished loading Mappings..|busy",
-                            " Status: Finished loading Text entries...|busy",
+                ElementsAre(" Status: Ready to load data....", " Status: Loading Mappings..|hourglass|runs",
+                            " Status: Finished loading Mappings..|hourglass|runs",
+                            " Status: Finished loading Text entries...|hourglass|runs",
                             " Status: Ready to accept Text entries..."));
 }
 
@@ -63,7 +68,9 @@ TEST_F(TextEntryStatus, TellsEveryStepOfASaving) {
     watched.answerNextBox(forms::answer::yes);
     watched.click(form->CmdDel);
     watched.statuses.clear();
-    watched.answerNextBox(forms::answer::ok);
+    watched.answerNextBox(forms::answer::ok, [this] {
+        EXPECT_EQ(watched.statuses.back(), "Status: Saving Text file.."); // until the box is answered
+    });
     watched.click(form->CmdProc);
     EXPECT_THAT(watched.statuses, ElementsAre("Status: Saving Configuration and Index file..",
                                               "Status: Configuration and Index files saved..",

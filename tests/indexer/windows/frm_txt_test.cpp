@@ -79,6 +79,7 @@ TEST_F(TextEntryWindow, OpensAProject) {
     auto& window = showOpened();
     const auto& dialog = desktop.fileDialogs().front();
     EXPECT_FALSE(dialog.save);
+    EXPECT_EQ(dialog.title, "Open Indexer Project");
     EXPECT_EQ(dialog.filter, "Indexer Project(*.icp)|*.icp");
     EXPECT_EQ(dialog.flags, 2048);
     EXPECT_EQ(dialog.initDir, "");
@@ -135,6 +136,7 @@ TEST_F(TextEntryWindow, RefusesAnInvalidProject) {
     }
     openProject("none.icp");
     EXPECT_EQ(window.txtPrj.text(), "Invalid project file..");
+    EXPECT_EQ(window.Text1.text(), pathOf("none.icp"));
     EXPECT_THAT(desktop.boxes(), IsEmpty());
     openProject();
     EXPECT_TRUE(window.CmdProc.enabled());
@@ -258,6 +260,27 @@ TEST_F(TextEntryWindow, EmptiesItsListsForAProjectThatCannotBeOpened) {
     EXPECT_TRUE(click(window.CmdClose)); // nothing is unsaved
 }
 
+TEST_F(TextEntryWindow, ReadsItsFilesAgainWhenItsStatusIsChecked) {
+    auto& window = showOpened();
+    type("dropped");
+    folder.write("a.hcnf", "<P>frmOther</P>\r\n<C>a Label IDH_AAAB</C>\r\n");
+    folder.write("a.txt", ".topic  IDH_AAAB\r\nread again\r\n");
+    window.ChkStatus();
+    EXPECT_EQ(status(), readyStatus);
+    EXPECT_THAT(window.cboDsr.items(), ElementsAre("frmOther"));
+    EXPECT_EQ(display(), " read again|Delete|Default");
+    EXPECT_TRUE(window.saved());
+}
+
+TEST_F(TextEntryWindow, AsksForTheSameFilesBeforeEachChange) {
+    auto& window = showOpened();
+    for (auto* command : {&window.CmdDef, &window.CmdDel}) {
+        answer(no);
+        click(*command);
+        EXPECT_EQ(lastBox(), prompt());
+    }
+}
+
 // Saving
 
 TEST_F(TextEntryWindow, SavesTheTexts) {
@@ -334,7 +357,7 @@ TEST_F(TextEntryWindow, TellsThatTheTextsCannotBeSaved) {
     auto& window = showOpened();
     type("new");
     std::filesystem::permissions(folder.path() / "a.txt", std::filesystem::perms(0444));
-    answer(ok);
+    desktop.answerNextBox(ok, [&] { EXPECT_EQ(status(), "Status: Saving Text file.."); });
     click(window.CmdProc);
     EXPECT_EQ(lastBox(), "Corvelle|48|Errors occured while saving file ..");
     EXPECT_EQ(status(), "Status: Error while saving text file..");

@@ -79,8 +79,8 @@ std::string TextEditorSession::display() const {
     return text;
 }
 
-bool TextEditorSession::indicatorRuns() const {
-    const auto& pixels = form().IndicSurface.canvas().pixels();
+bool TextEditorSession::isAnimated(FrmTxt& form) {
+    const auto& pixels = form.IndicSurface.canvas().pixels();
     return std::any_of(pixels.begin(), pixels.end(), [&](forms::Colour pixel) { return pixel != pixels[0]; });
 }
 

@@ -52,7 +52,8 @@ class TextEditorSession {
     /// that cannot be edited "disabled: ".
     std::string display() const;
     std::string status() const { return form().Lblstat.caption(); }
-    bool indicatorRuns() const;
+    bool indicatorRuns() const { return isAnimated(form()); }
+    static bool isAnimated(FrmTxt& form);
     std::string pathOf(const std::string& name) const { return (folder.path() / name).string(); }
     /// The last message box as "title|flags|text" with "/" for a carriage return; empty if none was shown.
     std::string lastBox() const;
