@@ -27,8 +27,10 @@ class ExistingIndex : public testing::Test {
     }
     std::string path(const std::string& name) const { return (folder.path() / name).string(); }
     SavedIndex save(bool bFilesPrompted) {
-        return saveExistingIndex(info, index, bFilesPrompted,
-                                 [this](std::string_view status) { statuses.emplace_back(status); });
+        return saveExistingIndex(info, index, bFilesPrompted, [this](std::string_view status) {
+            statuses.emplace_back(status);
+            textFiles.push_back(folder.read("a.txt"));
+        });
     }
     static void lock(const std::string& path) { fs::permissions(path, fs::perms(0444)); }
 
@@ -36,6 +38,7 @@ class ExistingIndex : public testing::Test {
     ProjectInfo info;
     HelpIndex index;
     std::vector<std::string> statuses;
+    std::vector<std::string> textFiles; // what the text file held at each status
 };
 
 const std::string newTexts = ".topic  IDH_AAAA\r\ndefault\r\n.topic  IDH_AAAB\r\nnew\r\n";
@@ -59,6 +62,9 @@ TEST_F(ExistingIndex, SavesTheMappingsWithTheTextsButNoHeader) {
     EXPECT_THAT(statuses,
                 ElementsAre("Status: Saving Configuration and Index file..",
                             "Status: Configuration and Index files saved..", "Status: Saving Text file.."));
+    // The header's lines go to the text file, which its own lines replace at once.
+    const std::string defines = "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n";
+    EXPECT_THAT(textFiles, ElementsAre(oldTexts, defines, defines));
     EXPECT_EQ(folder.read("a.txt"), newTexts);
     EXPECT_EQ(folder.read("a.hcnf"),
               "<P>frmA</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n<C>lbl Label IDH_AAAA</C>\r\n");
