@@ -19,6 +19,14 @@ TEST(FileKind, TellsModulesByTheirEnding) {
     EXPECT_EQ(moduleTypeOfPath(base::pathOf("a\xE4.b.frm")), ComponentType::VBForm);
 }
 
+// The IDE's numbers, which its objects are asked with.
+TEST(FileKind, HasTheNumberOfItsComponentType) {
+    const std::pair<const char*, int> numbers[] = {{"a.bas", 1}, {"a.cls", 2}, {"a.frm", 5}, {"a.pag", 7},
+                                                   {"a.ctl", 8}, {"a.dob", 9}, {"a.dsr", 11}};
+    for (const auto& [path, number] : numbers)
+        EXPECT_EQ(static_cast<int>(*moduleTypeOfPath(path)), number) << path;
+}
+
 TEST(FileKind, KnowsWhatIsNoModule) {
     for (const char* path : {"a.frx", "a.bas ", "a.ba", "abas", "bas", "", "a.bas/b", "a.vbp", "a.basx"}) {
         EXPECT_EQ(moduleTypeOfPath(path), std::nullopt) << path;

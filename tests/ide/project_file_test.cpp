@@ -63,6 +63,12 @@ TEST(ProjectFile, KnowsTheProjectTypes) {
     EXPECT_EQ(ProjectFile("").type(), ProjectType::StandardExe);
 }
 
+TEST(ProjectFile, HasTheIdesNumberOfItsType) {
+    const std::pair<const char*, int> numbers[] = {{"Exe", 0}, {"OleExe", 1}, {"OleDll", 2}, {"Control", 3}};
+    for (const auto& [word, number] : numbers)
+        EXPECT_EQ(static_cast<int>(ProjectFile(std::string("Type=") + word).type()), number) << word;
+}
+
 TEST(ProjectFile, TakesBlanksAndLetterCaseFreely) {
     EXPECT_THAT(membersOf(" form \t=\t a b.frm \nMODULE = M ;  m.bas\nclass=C;c.cls\n"),
                 ElementsAre("5||a b.frm", "1|M|m.bas", "2|C|c.cls"));
