@@ -106,6 +106,15 @@ TEST(EditedModule, PutsHiddenLinesBehindTheirMembersAgain) {
                      "End Sub\r\n");
 }
 
+TEST(EditedModule, PutsHiddenLinesBehindEventsVariablesAndConstantsAgain) {
+    const std::string bytes = "Public Event Done( _\r\n  x)\r\nAttribute Done.VB_HelpID = 7\r\n"
+                              "Public Total As Long\r\nAttribute Total.VB_VarDescription = \"t\"\r\n"
+                              "Public Const Most = 9\r\nAttribute Most.VB_VarDescription = \"m\"\r\n";
+    EXPECT_EQ(
+        refilled(bytes, {"Public Event Done( _", "  x)", "Public Total As Long", "Public Const Most = 9"}),
+        bytes);
+}
+
 TEST(EditedModule, FollowsMembersThatChangePlaces) {
     EXPECT_EQ(refilled("Sub A()\nAttribute A.VB_X = 1\nEnd Sub\nSub B()\nAttribute B.VB_X = 2\nEnd Sub\n",
                        {"Sub b()", "End Sub", "Sub a()", "End Sub"}),

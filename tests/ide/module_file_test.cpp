@@ -89,6 +89,7 @@ TEST(ModuleFile, ShowsTheCodeOfAStandardModule) {
 TEST(ModuleFile, MakesAFormWithAnMdiFormInsideAnMdiForm) {
     const ModuleFile file("VERSION 5.00\r\nBegin vb.mdiform Main\r\nEnd\r\n", ComponentType::VBForm);
     EXPECT_EQ(file.type(), ComponentType::VBMDIForm);
+    EXPECT_EQ(static_cast<int>(file.type()), 6); // the IDE's
     const ModuleFile nested("VERSION 5.00\r\nBegin VB.Form Main\r\nBegin VB.MDIForm x\r\nEnd\r\nEnd\r\n",
                             ComponentType::VBForm);
     EXPECT_EQ(nested.type(), ComponentType::VBForm);
@@ -290,6 +291,30 @@ TEST(ModuleFile, TakesPropertiesCalledBeginOrEndForProperties) {
                        " Ending\n Beginning\n End Sub\n BeginProperty Font\n EndProperty\nEnd\nx\n",
                        ComponentType::VBForm),
                 ElementsAre("x"));
+}
+
+TEST(ModuleFile, PassesOverValuesOfEveryForm) {
+    const std::string bytes = "VERSION 5.00\r\n"
+                              "Begin VB.Form f \r\n"
+                              "   BackColor       =   &H80000005&\r\n"
+                              "   BeginProperty Font {0BE35203-8F91-11CE-9DE3-00AA004BB851} \r\n"
+                              "      BeginProperty Inner \r\n"
+                              "         Weight          =   400\r\n"
+                              "      EndProperty\r\n"
+                              "   EndProperty\r\n"
+                              "   ControlBox      =   0   'False\r\n"
+                              "   Icon            =   \"f.frx\":0000\r\n"
+                              "   Tag             =   $\"f.frx\":044A\r\n"
+                              "   ToolTipText     =   \"say \"\"End\"\"\"\r\n"
+                              "   Begin VB.Menu mnuNew \r\n"
+                              "      Shortcut        =   ^N\r\n"
+                              "   End\r\n"
+                              "End\r\n"
+                              "Attribute VB_Name = \"f\"\r\n"
+                              "Attribute VB_HelpID = 12\r\n"
+                              "x\r\n";
+    EXPECT_THAT(codeOf(bytes, ComponentType::VBForm), ElementsAre("x"));
+    EXPECT_EQ(ModuleFile(bytes, ComponentType::VBForm).controlCount(), 1U);
 }
 
 TEST(ModuleFile, TakesOneOutermostBlockOnly) {
