@@ -160,6 +160,20 @@ TEST(IndicatorDots, StopClearsAndTheNextStartBeginsAtTheFirstDot) {
     EXPECT_EQ(dots.picture(), dots.frame(4, 0, 12));
 }
 
+TEST(IndicatorDots, StartedInsideAStopItGoesOnFromItsFirstFrame) {
+    Dots dots(60, 20);
+    dots.indicator.StartNow();
+    dots.tick(2);
+    dots.desktop.atYield([&] {
+        dots.indicator.StartNow();
+        EXPECT_EQ(dots.picture(), dots.frame(4, 0, 12)) << "the index is 0 before the yield";
+    });
+    dots.indicator.stopNow();
+    EXPECT_EQ(dots.picture(), plain(60, 20));
+    dots.tick();
+    EXPECT_EQ(dots.picture(), dots.frame(4, 1, 12)) << "and is left alone behind it";
+}
+
 TEST(IndicatorDots, PauseKeepsThePictureAndResumeGoesOn) {
     Dots dots(60, 20);
     dots.indicator.StartNow();
