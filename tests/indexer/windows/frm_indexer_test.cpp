@@ -108,6 +108,39 @@ TEST_F(Indexer, HasTheCaptionsOfItsControls) {
     EXPECT_EQ(form.cancelButton(), nullptr);
 }
 
+TEST_F(Indexer, HasItsControlsInTheFramesTheyBelongTo) {
+    FrmIndexer& form = show();
+    const std::vector<std::pair<forms::Control*, std::vector<forms::Control*>>> rows{
+        {&form.FrameOption,
+         {&form.lblSelect, &form.ChkFrm, &form.ChkMDI, &form.ChkDsr, &form.ChkDOB, &form.ChkPG,
+          &form.ChkActiveXCtl, &form.lblExclude, &form.ChkExclLbl, &form.ChKExcFrame, &form.ChkExcShape,
+          &form.ChkExcMenu, &form.ChkExcLine, &form.ChkExcToolbar, &form.ChkIDMap, &form.ChkAutoLoad,
+          &form.lblAutoLoad, &form.FrameDefault}},
+        {&form.FrameDefault, {&form.txtDefault}},
+        {&form.FrameInfo,
+         {&form.lblProj, &form.LblForms, &form.lblMsFrm, &form.lblActive, &form.LblProp, &form.LblDOB,
+          &form.LblDsr, &form.lblMDI, &form.lblControls, &form.lblPrjStat}},
+        {&form.FrameOne, {&form.TBS, &form.FrameInfo, &form.FrameOption}},
+        {nullptr,
+         {&form.lblInfo, &form.FrameOne, &form.FrameTwo, &form.FrameThree, &form.FrameFour, &form.CmdProc,
+          &form.CmdNext, &form.CmdClose}},
+    };
+    for (const auto& [container, controls] : rows) {
+        for (const auto* control : controls) EXPECT_EQ(control->container(), container) << control->name();
+    }
+    // The boxes stand below their headings.
+    const auto top = [](const forms::Control& control) { return control.bounds().top; };
+    for (const auto* box :
+         {&form.ChkFrm, &form.ChkMDI, &form.ChkDsr, &form.ChkDOB, &form.ChkPG, &form.ChkActiveXCtl}) {
+        EXPECT_LT(top(form.lblSelect), top(*box)) << box->name();
+        EXPECT_LT(top(*box), top(form.lblExclude)) << box->name();
+    }
+    for (const auto* box : {&form.ChkExclLbl, &form.ChKExcFrame, &form.ChkExcShape, &form.ChkExcMenu,
+                            &form.ChkExcLine, &form.ChkExcToolbar})
+        EXPECT_LT(top(form.lblExclude), top(*box)) << box->name();
+    EXPECT_LT(top(form.ChkAutoLoad), top(form.lblAutoLoad));
+}
+
 TEST_F(Indexer, AsksForTheExclusionListOnceAndRemembersItsPath) {
     desktop.map().values.clear();
     const auto path = folder.write("list", "timer image\r\nlabel\r\n").string();
@@ -136,12 +169,16 @@ TEST_F(Indexer, AsksForTheExclusionListOnceAndRemembersItsPath) {
 }
 
 TEST_F(Indexer, GoesOnWithoutAnExclusionList) {
+    addExample();
     for (const bool wanted : {false, true}) {
         desktop.map().values.clear();
         desktop.answerNextBox(wanted ? yes : no);
         if (wanted) desktop.cancelNextFile();
-        EXPECT_TRUE(show().visible());
+        FrmIndexer& form = showStageTwo();
         EXPECT_TRUE(desktop.map().values.empty());
+        click(form.CmdProc);
+        EXPECT_EQ(configuration(), exampleConfiguration); // every class
+        folder.write("a.hcnf", "");
         manager->disconnect();
     }
 }
@@ -207,8 +244,13 @@ TEST_F(Indexer, StartsWhereSettingsCanBeNeitherReadNorSaved) {
 }
 
 TEST_F(Indexer, YieldsOnceWhenItIsShownAndOnTheWayBackToTheFirstStage) {
+    desktop.atYield([this] { // the window is there by then
+        EXPECT_TRUE(manager->wizard->visible());
+        EXPECT_EQ(look(*manager->wizard).caption, "Help Context ID Indexer :Stage 1 of 4");
+    });
     FrmIndexer& form = show();
     EXPECT_EQ(desktop.yields(), 1);
+    EXPECT_TRUE(desktop.modals().empty());
     click(form.CmdProc);
     click(form.CmdNext);
     const int before = desktop.yields();
@@ -329,6 +371,38 @@ TEST_F(Indexer, KeepsWhatWasDoneOnTheWayBack) {
     EXPECT_TRUE(form.CmdNext.enabled());
 }
 
+TEST_F(Indexer, EnablesTheStagesCommandAsTheStageIsEntered) {
+    addExample();
+    FrmIndexer& form = show();
+    click(form.CmdProc);
+    const std::vector<std::pair<const char*, const char*>> incomplete{{"", ""}, {"h", ""}, {"", "c"}};
+    for (const auto& [headerPath, configurationPath] : incomplete) {
+        form.Text1(0).setText(headerPath);
+        form.Text1(1).setText(configurationPath);
+        EXPECT_TRUE(form.CmdProc.enabled()); // there is no need of them yet
+        click(form.CmdNext);
+        EXPECT_FALSE(form.CmdProc.enabled()) << headerPath << '|' << configurationPath;
+        click(form.CmdClose);
+    }
+    EXPECT_TRUE(form.CmdProc.enabled());
+    form.Text1(0).setText(pathOf("a.h"));
+    form.Text1(1).setText(pathOf("a.hcnf"));
+    click(form.CmdNext);
+    EXPECT_TRUE(click(form.CmdProc));
+
+    nextToTexts(form);
+    EXPECT_FALSE(form.CmdProc.enabled());
+    click(form.CmdNext); // where it stays as it was
+    EXPECT_EQ(look(form),
+              (Look{"Help Context ID Indexer :Stage 1 of 4", "&Save", "&Next", "&Close", false, false}));
+    form.StageIndex();
+    form.Text1(2).setText(pathOf("a.txt"));
+    click(form.CmdNext);
+    EXPECT_EQ(look(form),
+              (Look{"Help Context ID Indexer :Stage 3 of 4", "&Save", "&Next", "&Back", true, true}));
+    EXPECT_EQ(form.Text1(2).text(), pathOf("a.txt"));
+}
+
 TEST_F(Indexer, ClosesInTheFirstAndTheLastStage) {
     addExample();
     FrmIndexer& first = show();
@@ -377,24 +451,42 @@ TEST_F(Indexer, SwitchesBetweenInformationAndOptions) {
     EXPECT_FALSE(form.FrameInfo.visible());
     EXPECT_TRUE(form.FrameOption.visible());
     click(form.CmdProc);
-    click(form.CmdNext);
-    click(form.CmdClose);
-    EXPECT_TRUE(form.FrameOption.visible()); // the tab is still the selected one
-    desktop.choose(form.TBS, 1);
-    EXPECT_TRUE(form.FrameInfo.visible());
+    // Coming back shows the frame of the tab that is still the selected one.
+    for (const int tab : {2, 1}) {
+        desktop.choose(form.TBS, tab);
+        click(form.CmdNext);
+        form.FrameInfo.setVisible(tab == 2);
+        form.FrameOption.setVisible(tab == 1);
+        click(form.CmdClose);
+        EXPECT_EQ(form.TBS.selected(), tab);
+        EXPECT_EQ(form.FrameInfo.visible(), tab == 1);
+        EXPECT_EQ(form.FrameOption.visible(), tab == 2);
+    }
 }
 
 TEST_F(Indexer, StartsAfreshWhenItsWindowIsClosedAndShownAgain) {
     addExample();
     FrmIndexer& form = showCreated();
     const auto alive = manager->wizard;
+    const auto settings = desktop.map().values;
+    const auto preset = checkedBoxes(form);
+    for (auto* control : form.controls()) {
+        if (auto* const box = dynamic_cast<forms::CheckBox*>(control)) box->setValue(1 - box->value());
+    }
+    form.txtDefault.setText("Ask Ann.");
+    form.txtModule.setText("modHelp");
     desktop.close(form);
     EXPECT_FALSE(form.isLoaded());
     manager->wizard = alive;
     form.ShowIndexer(ide);
     EXPECT_EQ(shownFrame(form), 0);
     EXPECT_FALSE(form.CmdNext.enabled());
-    EXPECT_EQ(form.TxtRV.text() + form.Text1(0).text(), "");
+    EXPECT_EQ(form.TxtRV.text() + form.Text1(0).text() + form.Text1(1).text() + form.txtModule.text(), "");
+    EXPECT_EQ(form.lblControls.caption(), "Total Controls: ");
+    // No option is remembered.
+    EXPECT_EQ(checkedBoxes(form), preset);
+    EXPECT_EQ(form.txtDefault.text(), "No help information is available for this control.\r\n");
+    EXPECT_EQ(desktop.map().values, settings);
     click(form.CmdProc);
     click(form.CmdNext);
     EXPECT_FALSE(form.CmdNext.enabled());
