@@ -263,6 +263,45 @@ TEST_F(IndexerCreate, IndexesByTheOptionsAndTheExclusionList) {
                                "<P>frmOrder</P>\r\n<C>txtDate TextBox IDH_AAAC</C>\r\n");
 }
 
+TEST_F(IndexerCreate, TakesEachOptionFromItsOwnBox) {
+    FrmIndexer& form = showStageTwo();
+    const std::vector<std::pair<forms::CheckBox*, std::string>> rows{
+        {&form.ChkFrm, "Form"},
+        {&form.ChkMDI, "MDI Form"},
+        {&form.ChkDsr, "Designer"},
+        {&form.ChkDOB, "ActiveX Document"},
+        {&form.ChkPG, "Property page"},
+        {&form.ChkActiveXCtl, "ActiveX Control"},
+        {&form.ChkExclLbl, "Label"},
+        {&form.ChKExcFrame, "Frame"},
+        {&form.ChkExcShape, "Shape"},
+        {&form.ChkExcMenu, "Menu"},
+        {&form.ChkExcLine, "Line"},
+        {&form.ChkExcToolbar, "Toolbar"},
+        {&form.ChkIDMap, "Add Mapping Module"},
+        {&form.ChkAutoLoad, "Create Autoload Procedures"},
+    };
+    form.Text1(3).setText(pathOf("m.bas"));
+    for (const auto& [box, words] : rows) {
+        for (const auto& [other, otherWords] : rows) other->setValue(other == box ? 1 : 0);
+        form.txtModule.setText("modHelp" + std::to_string(ide->project->components.size()));
+        click(form.CmdProc);
+        std::vector<std::string> options;
+        for (const auto& line : reportLines(form)) {
+            if (line == "** Indexing Options **") options.clear(); // of the creation before
+            if (testing::Value(line, testing::EndsWith(" = True"))) options.push_back(line);
+        }
+        EXPECT_THAT(options, ElementsAre(words + " = True")) << box->name();
+    }
+    // One module with each of the last two: the one that is to hold the constants holds them and is saved.
+    ASSERT_EQ(ide->project->components.size(), 5U);
+    const auto& mapping = *ide->project->components[3];
+    EXPECT_EQ(mapping.code->lines.front(), "Public Const IDH_AAAB = 1001");
+    EXPECT_EQ(mapping.savedAs, pathOf("m.bas"));
+    EXPECT_EQ(lastComponent().code->lines.front(), "Public Sub Load_HelpID_frmMain ()");
+    EXPECT_EQ(lastComponent().savedAs, "");
+}
+
 TEST_F(IndexerCreate, IndexesWhatWasSelectedByTheAnalysis) {
     FrmIndexer& form = showStageTwo();
     form.ChkFrm.setValue(0);
