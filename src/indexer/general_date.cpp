@@ -1,9 +1,28 @@
 #include "indexer/general_date.h"
 
+#ifdef _WIN32
+#include "base/win32/system_date.h"
+#endif
+
 #include <array>
 #include <cstdio>
 
 namespace corvelle::indexer {
+
+namespace {
+
+std::tm localTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+#ifdef _WIN32
+    localtime_s(&local, &now);
+#else
+    localtime_r(&now, &local);
+#endif
+    return local;
+}
+
+} // namespace
 
 std::string generalDate(const std::tm& time) {
     std::array<char, 80> text{};
@@ -19,14 +38,15 @@ std::string generalDate(const std::tm& time) {
 }
 
 std::string currentDateAndTime() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
+    return generalDate(localTime());
+}
+
+std::string systemDateAndTime() {
 #ifdef _WIN32
-    localtime_s(&local, &now);
+    return base::systemDate(localTime());
 #else
-    localtime_r(&now, &local);
+    return currentDateAndTime();
 #endif
-    return generalDate(local);
 }
 
 } // namespace corvelle::indexer

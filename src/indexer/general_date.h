@@ -11,4 +11,7 @@ std::string generalDate(const std::tm& time);
 /// The current local time so written.
 std::string currentDateAndTime();
 
+/// The current local time as the system writes it: on Windows by the user's own settings, elsewhere as above.
+std::string systemDateAndTime();
+
 } // namespace corvelle::indexer

@@ -7,7 +7,7 @@
 namespace corvelle::indexer {
 
 void FrmIndexer::AddInfo_Rpt() {
-    session_->report.AddInfo_Rpt(currentDateAndTime(), captions());
+    session_->report.AddInfo_Rpt(systemDateAndTime(), captions());
     showReport();
 }
 
@@ -38,7 +38,7 @@ void FrmIndexer::saveProject() {
     info[slot::text] = Text1(2).text();
     info[slot::moduleName] = txtModule.text();
     info[slot::moduleFile] = Text1(3).text();
-    if (const auto result = indexer::saveProject(path, currentDateAndTime(), info); result.message)
+    if (const auto result = indexer::saveProject(path, systemDateAndTime(), info); result.message)
         msgBox(*result.message);
 }
 
