@@ -23,8 +23,10 @@ bool startsWithIgnoringCase(std::string_view text, std::string_view prefix) {
 }
 
 std::size_t findIgnoringCase(std::string_view text, std::string_view wanted) {
+    if (wanted.empty()) return 0;
+    const char first = lower(wanted[0]); // most places are ruled out by it
     for (std::size_t at = 0; at + wanted.size() <= text.size(); ++at) {
-        if (startsWithIgnoringCase(text.substr(at), wanted)) return at;
+        if (lower(text[at]) == first && startsWithIgnoringCase(text.substr(at), wanted)) return at;
     }
     return std::string_view::npos;
 }
