@@ -24,6 +24,8 @@ struct SourceList {
 
     std::size_t moduleCount() const;
 };
+
+/// Looks the paths up; reads the projects and groups among them, but no module.
 SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName);
 
 } // namespace corvelle::cli

@@ -20,6 +20,7 @@ inline constexpr Colour infoBackground = 0x80000018;
 inline constexpr Colour infoText = 0x80000017;
 } // namespace colours
 
+/// Whether it is the number of a system colour, which the desktop resolves.
 constexpr bool isSystemColour(Colour colour) {
     return (colour & 0x80000000U) != 0;
 }

@@ -11,6 +11,7 @@ namespace corvelle::forms {
 
 class Form;
 
+/// What kind of control it is, which tells its class: a Label is a forms::Label.
 enum class ControlKind {
     Label,
     CommandButton,

@@ -12,8 +12,10 @@
 // Changes of single entries of an index.
 namespace corvelle::indexer {
 
+/// Whose text a control shows; told by the entry's name.
 enum class EntryState { OwnText, DefaultText, Deleted };
 
+/// What that is for this one.
 EntryState stateOf(const IndexEntry& entry);
 
 /// What is shown as the entry's text: its own, the default text, or that it is deleted.

@@ -12,6 +12,7 @@ namespace corvelle::ui {
 /// What is added to or taken from red, green and blue.
 using ColourSteps = std::array<std::uint8_t, 3>;
 
+/// The channel, 0 to 255.
 std::int16_t GetRed(forms::Colour RgbVal);
 std::int16_t GetGreen(forms::Colour RgbVal);
 std::int16_t GetBlue(forms::Colour RgbVal);

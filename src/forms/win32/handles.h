@@ -6,6 +6,8 @@
 
 namespace corvelle::forms {
 
+// Objects of the graphics system that are deleted at the end of their handle's life.
+
 struct DeleteGdiObject {
     void operator()(void* object) const { DeleteObject(object); }
 };

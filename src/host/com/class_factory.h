@@ -7,6 +7,8 @@
 
 namespace corvelle::host {
 
+/// Makes the objects of one class of the table; only a class that can be part of an aggregate takes an outer
+/// unknown.
 class ClassFactory : public com::Object<IClassFactory> {
   public:
     explicit ClassFactory(const ComClass& made) : made_(made) {}

@@ -24,8 +24,8 @@ class Component : public ide::VBComponent {
     /// A new, empty module, which enters the project's file when it is saved. `whole` is what a pointer to
     /// the component keeps alive.
     Component(std::weak_ptr<void> whole, Project& project, std::string name);
-    /// The line's name is the one in the project
-    /// file, empty where it has none; the stamp is the file's at its reading.
+    /// The component of a file. The line's name is the one in the project file, empty where it has none; the
+    /// stamp is the file's at its reading.
     Component(std::weak_ptr<void> whole, std::filesystem::path path, std::string_view lineName,
               ModuleFile file, const base::FileStamp& stamp);
 

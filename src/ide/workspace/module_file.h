@@ -39,8 +39,8 @@ class ModuleFile {
     };
 
     /// Takes the bytes of a module file apart. The type says what kind of header may be expected; a form
-    /// whose outermost block is an MDI form becomes VBMDIForm. At most 4 GiB - 1 bytes.
-    /// Throws HeaderNeverEnds.
+    /// whose outermost block is an MDI form becomes VBMDIForm. Throws HeaderNeverEnds, and std::length_error
+    /// for more than 4 GiB - 1 bytes.
     ModuleFile(std::string bytes, ide::ComponentType type);
 
     const std::string& bytes() const { return bytes_; }

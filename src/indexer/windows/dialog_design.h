@@ -18,6 +18,7 @@ inline constexpr int infoWidth = 2385;
 /// How far a control lies below the label above it.
 inline constexpr int below = 225;
 
+/// Gives the caption and the place; a button has its usual size.
 void design(forms::Label& label, const char* caption, const forms::Bounds& bounds);
 void design(forms::CommandButton& button, const char* caption, int left, int top);
 /// The text that speaks of the window, at its left side.
