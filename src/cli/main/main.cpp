@@ -1,4 +1,5 @@
 #include "cli/command_line.h"
+#include "cli/exit_status.h"
 #include "cli/standard_streams.h"
 
 #include <exception>
@@ -10,6 +11,6 @@ int main(int argc, char** argv) {
         return corvelle::cli::runCommandLine(argc, argv);
     } catch (const std::exception& error) {
         std::cerr << "corvelle: " << error.what() << std::endl;
-        return 2;
+        return corvelle::cli::exitFailed;
     }
 }
