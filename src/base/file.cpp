@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <exception>
 #include <utility>
 
 #ifdef _WIN32
@@ -64,6 +65,13 @@ std::string readFile(const std::filesystem::path& path, FileStamp* stamp) {
     return readToEnd(file.number(), taken.size, path);
 }
 
+std::optional<FileStamp> stampIfThere(const std::filesystem::path& path) {
+    FileStamp stamp;
+    if (stampOf(path, stamp)) return stamp;
+    if (errno == ENOENT || errno == ENOTDIR) return std::nullopt;
+    throw fileErrorOfErrno(path);
+}
+
 std::string readStandardInput() {
 #ifdef _WIN32
     _setmode(0, _O_BINARY);
@@ -94,7 +102,7 @@ OutputFile::~OutputFile() {
     if (!file_.isOpen()) return;
     try {
         writer_.flush();
-    } catch (const FileError&) {
+    } catch (const std::exception&) {
         // Whoever wants to know calls close.
     }
 }

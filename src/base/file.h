@@ -19,6 +19,9 @@ namespace corvelle::base {
 /// one is asked for, so that a change during the reading shows as well.
 std::string readFile(const std::filesystem::path& path, FileStamp* stamp = nullptr);
 
+/// The file's stamp; none if there is no such file.
+std::optional<FileStamp> stampIfThere(const std::filesystem::path& path);
+
 /// What is left on standard input, as bytes; at most 4 GiB - 1.
 std::string readStandardInput();
 

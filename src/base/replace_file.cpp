@@ -80,10 +80,17 @@ void flushFolder(const fs::path& folder) {
 
 #endif
 
+// What cannot be looked at need not be new: it may be a link, or have permissions to keep.
+void requireKnown(const fs::file_status& status, const std::error_code& error, const fs::path& path) {
+    if (status.type() == fs::file_type::none) throw fileErrorOf(error, path);
+}
+
 // The file that the path stands for: where a symbolic link points, else the path itself.
 fs::path resolved(const fs::path& path) {
     std::error_code error;
-    if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
+    const auto status = fs::symlink_status(path, error);
+    requireKnown(status, error, path);
+    if (!fs::is_symlink(status)) return path;
     auto target = fs::canonical(path, error);
     if (error) throw fileErrorOf(error, path);
     return target;
@@ -149,6 +156,7 @@ void replaceFile(const fs::path& path, const std::function<void(FileWriter&)>& w
     const fs::path target = resolved(path);
     std::error_code error;
     const auto status = fs::status(target, error);
+    requireKnown(status, error, path);
     requireReplaceable(status);
     const auto permissions = permissionsOf(target, status);
 
