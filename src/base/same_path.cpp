@@ -1,5 +1,7 @@
 #include "base/same_path.h"
 
+#include "base/file_error.h"
+
 #include <system_error>
 
 namespace corvelle::base {
@@ -21,6 +23,7 @@ fs::path resolved(const fs::path& path) {
 bool isSamePath(const fs::path& a, const fs::path& b) {
     std::error_code error;
     if (fs::equivalent(a, b, error)) return true;
+    if (error == std::errc::io_error) throw fileErrorOf(error, a);
     return resolved(a) == resolved(b);
 }
 

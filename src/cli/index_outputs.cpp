@@ -6,7 +6,6 @@
 #include "base/same_path.h"
 #include "base/text.h"
 #include "ide/workspace/path_resolver.h"
-#include "indexer/files.h"
 #include "indexer/text_lines.h"
 
 #include <algorithm>
@@ -52,11 +51,11 @@ bool isSameFile(const fs::path& a, const base::FileStamp& stampOfA, const fs::pa
 
 // The component whose file that is, if any.
 Component* componentOf(const workspace::Project& project, const fs::path& path) {
-    base::FileStamp stamp;
-    if (!base::stampOf(path, stamp)) return nullptr;
+    const auto stamp = base::stampIfThere(path);
+    if (!stamp) return nullptr;
     const auto& components = project.components();
     const auto found = std::find_if(components.begin(), components.end(), [&](const auto& component) {
-        return isSameFile(path, stamp, component->path(), component->stamp());
+        return isSameFile(path, *stamp, component->path(), component->stamp());
     });
     return found == components.end() ? nullptr : found->get();
 }
@@ -96,8 +95,7 @@ class CompanionFiles {
 
     void add(fs::path owner, const char* ending) {
         owner.replace_extension(ending);
-        base::FileStamp stamp;
-        if (base::stampOf(owner, stamp)) present_.push_back({owner, stamp});
+        if (const auto stamp = base::stampIfThere(owner)) present_.push_back({owner, *stamp});
         auto key = keyOf(owner);
         byName_.emplace(std::move(key), std::move(owner));
     }
@@ -111,10 +109,10 @@ class CompanionFiles {
 
     // Links can give a file any name.
     bool holdUnderAnotherName(const fs::path& path) const {
-        base::FileStamp stamp;
-        return base::stampOf(path, stamp) &&
-               std::any_of(present_.begin(), present_.end(),
-                           [&](const File& file) { return isSameFile(path, stamp, file.path, file.stamp); });
+        const auto stamp = base::stampIfThere(path);
+        return stamp && std::any_of(present_.begin(), present_.end(), [&](const File& file) {
+                   return isSameFile(path, *stamp, file.path, file.stamp);
+               });
     }
 
     std::unordered_multimap<std::string, fs::path> byName_; // in upper case
@@ -136,6 +134,10 @@ bool isResourceOrDocument(const workspace::Project& project, const fs::path& pat
         }
     }
     return false;
+}
+
+bool isThere(const std::string& path) {
+    return base::stampIfThere(base::pathOf(path)).has_value();
 }
 
 // Another project may have code in a file that is no part of this one.
@@ -175,18 +177,20 @@ std::optional<std::string> whatForbidsOutputs(const IndexSettings& settings,
             if (base::isSamePath(path, base::pathOf(other.path)))
                 return option + " and " + std::string(other.option) + ": the same file, " + output.path;
         }
-        if (auto* const component = componentOf(project, path);
-            component && !mayReplace(*component, output, settings))
+        auto* const component = componentOf(project, path);
+        if (component
+                ? !mayReplace(*component, output, settings)
+                : project.isUnread(path) && !(settings.replaceModule && output.option == "--module-file"))
             return option + ": " + output.path + " is a module of the project";
         if (companions.hold(path) || isResourceOrDocument(project, path))
             return option + ": " + output.path + " belongs to a file of the project";
         taken.push_back(output);
     }
-    if (settings.moduleFile && indexer::fileExists(*settings.moduleFile) &&
+    if (settings.moduleFile && isThere(*settings.moduleFile) &&
         !holdsModule(*settings.moduleFile, base::trimSpaces(*settings.module)))
         return "--module-file: " + *settings.moduleFile + " is no module named " + *settings.module +
                "; it is not written over";
-    if (settings.text && indexer::fileExists(*settings.text)) return whatForbidsTexts(*settings.text);
+    if (settings.text && isThere(*settings.text)) return whatForbidsTexts(*settings.text);
     return {};
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/file.h"
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "base/text.h"
 #include "ide/required.h"
 #include "indexer/help_index.h"
@@ -108,8 +109,7 @@ class Creation {
 
     // The header file is open already.
     void requireClosed(const std::string& path) const {
-        std::error_code ignored;
-        if (std::filesystem::equivalent(base::pathOf(path), base::pathOf(job_.headerPath), ignored))
+        if (base::isSamePath(base::pathOf(path), base::pathOf(job_.headerPath)))
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
     }
 

@@ -45,6 +45,11 @@ void Project::addUnread(std::string name, std::filesystem::path path) {
     unread_.push_back({std::move(name), std::move(path)});
 }
 
+bool Project::isUnread(const std::filesystem::path& path) const {
+    return std::any_of(unread_.begin(), unread_.end(),
+                       [&](const Unread& member) { return base::isSamePath(member.path, path); });
+}
+
 bool Project::removeModule(std::string_view name, const std::filesystem::path& path) {
     const auto isUnread = [&](const Unread& member) {
         return base::equalIgnoringCase(member.name, name) && base::isSamePath(member.path, path);

@@ -37,6 +37,8 @@ class Project : public ide::VBProject {
     bool hasName(std::string_view name, const Component& except) const;
     /// Notes a member that could not be read, by its name in the project's file, which may be empty.
     void addUnread(std::string name, std::filesystem::path path);
+    /// Whether the file is that of a member that could not be read.
+    bool isUnread(const std::filesystem::path& path) const;
     /// Takes the standard module of that name in that file out, one that could not be read too; whether there
     /// is one. The file and its line in the project's file stay; a new module that is saved into the same
     /// file takes over the line. Nobody may hold one of its objects.
