@@ -9,6 +9,20 @@
 
 namespace corvelle::indexer {
 
+namespace {
+
+// Gives a file that may have been replaced its old bytes back.
+void restore(std::string_view path, std::string_view bytes) {
+    std::string now;
+    const bool isRead = base::ignoringErrors([&] { now = base::readFile(base::pathOf(path)); });
+    if (isRead && now == bytes) return;
+    const auto isDone = base::ignoringErrors(
+        [&] { base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { file.write(bytes); }); });
+    if (isRead && !isDone) base::ignoringErrors([&] { base::writeFile(base::pathOf(path), bytes); });
+}
+
+} // namespace
+
 ProjectInfo withPathsFound(ProjectInfo info, std::string_view projectPath) {
     for (const auto which : {slot::header, slot::configuration, slot::text}) {
         base::ignoringErrors([&] {
@@ -38,22 +52,31 @@ SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bo
     std::string oldTexts;
     bool mustRestore = false;
     const bool isUnread = indexer::isUnread(textPath, index); // no line may replace its texts
-    if (bFilesPrompted && isUnread) result.indexFiles = false;
+    if (bFilesPrompted) result.indexFiles = false;
     if (bFilesPrompted && !isUnread) {
         mustRestore = base::ignoringErrors([&] { oldTexts = base::readFile(base::pathOf(textPath)); });
         setStatus("Status: Saving Configuration and Index file..");
-        result.indexFiles = SaveIndexFiles(info[slot::configuration], textPath, index);
-        setStatus(result.indexFiles ? "Status: Configuration and Index files saved.."
-                                    : "Status: Error while saving header or configuration file..");
     }
-    setStatus("Status: Saving Text file..");
-    result.texts = SaveTextFile(textPath, index);
+    const auto goOn = [&] {
+        if (bFilesPrompted && !isUnread)
+            setStatus(result.indexFiles ? "Status: Configuration and Index files saved.."
+                                        : "Status: Error while saving header or configuration file..");
+        setStatus("Status: Saving Text file..");
+    };
+    // The new texts have their place on the disk before the header lines take that of the old ones.
+    bool complete = false;
+    result.texts = SaveTextFile(textPath, index, [&] {
+        complete = true;
+        if (bFilesPrompted) result.indexFiles = SaveIndexFiles(info[slot::configuration], textPath, index);
+        goOn();
+    });
+    if (!complete) goOn();
     if (result.texts) {
         result.message = {"File was saved successfully.", forms::box::information};
         result.status = "Status: Text file saved..";
     } else {
         // Header lines in place of the texts would be the loss of all texts.
-        if (mustRestore) base::ignoringErrors([&] { base::writeFile(base::pathOf(textPath), oldTexts); });
+        if (mustRestore) restore(textPath, oldTexts);
         result.message = {"Errors occured while saving file ..", forms::box::exclamation};
         result.status = "Status: Error while saving text file..";
     }

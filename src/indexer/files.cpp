@@ -21,12 +21,12 @@ std::string_view getFilePath(std::string_view path) {
 
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines) {
     return base::ignoringErrors([&] {
-        base::OutputFile file(base::pathOf(path));
-        for (const auto& line : lines) {
-            file.write(line);
-            file.write("\r\n");
-        }
-        file.close();
+        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) {
+            for (const auto& line : lines) {
+                file.write(line);
+                file.write("\r\n");
+            }
+        });
     });
 }
 

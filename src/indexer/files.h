@@ -15,7 +15,8 @@ bool fileExists(std::string_view path);
 /// The path up to and including its last backslash; empty when it has none.
 std::string_view getFilePath(std::string_view path);
 
-/// Writes the lines, each ended by CR LF, into the file, which is created or truncated. False on any failure.
+/// Writes the lines, each ended by CR LF, into the file, which is created or replaced. False on any failure;
+/// the old file is as it was then.
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines);
 
 /// The system's call for a path's short form: fills the buffer of that size with text that ends in NUL. On

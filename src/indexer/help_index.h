@@ -35,6 +35,10 @@ struct HelpIndex {
     /// texts.
     std::vector<std::string> unreadTextFiles;
 
+    /// The configuration file could not be read, so the entries are not all there: no file may be replaced by
+    /// them.
+    bool isUnread = false;
+
     /// Number of the last entry.
     std::size_t count() const { return entries.size() - 1; }
 };

@@ -60,8 +60,7 @@ std::vector<std::vector<std::size_t>> entriesOfDesigners(const HelpIndex& index)
     return result;
 }
 
-void writeIndexFiles(base::FileWriter& configuration, std::string_view headerPath, const HelpIndex& index) {
-    base::OutputFile header(base::pathOf(headerPath));
+void writeIndexFiles(base::FileWriter& configuration, base::FileWriter& header, const HelpIndex& index) {
     std::int32_t number = defaultHelpContextID;
     writeDefine(header, defaultIDH, number);
     const auto entries = entriesOfDesigners(index);
@@ -74,14 +73,14 @@ void writeIndexFiles(base::FileWriter& configuration, std::string_view headerPat
             if (entry.IDHName != index.entries.front().IDHName) writeDefine(header, entry.IDHName, ++number);
         }
     }
-    header.close();
 }
 
 } // namespace
 
 Mappings LoadMappings(std::string_view path) {
     Mappings mappings;
-    base::ignoringErrors([&] { mappings = readMappings(base::readFile(base::pathOf(path))); });
+    mappings.index.isUnread =
+        !base::ignoringErrors([&] { mappings = readMappings(base::readFile(base::pathOf(path))); });
     return mappings;
 }
 
@@ -99,12 +98,16 @@ Mappings readMappings(std::string_view bytes) {
 }
 
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index) {
+    if (index.isUnread) return false;
     return base::ignoringErrors([&] {
         const auto path = base::pathOf(configurationPath);
         if (base::isSamePath(path, base::pathOf(headerPath)))
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
         base::replaceFile(path, [&](base::FileWriter& configuration) {
-            writeIndexFiles(configuration, headerPath, index);
+            base::replaceFile(base::pathOf(headerPath), [&](base::FileWriter& header) {
+                writeIndexFiles(configuration, header, index);
+                configuration.flush(); // while the old header is there
+            });
         });
     });
 }

@@ -17,7 +17,7 @@ struct Mappings {
 };
 
 /// Reads a configuration file; any text is accepted. A file that cannot be read to its end counts as an empty
-/// one, without a word.
+/// one, without a word; the index notes it.
 Mappings LoadMappings(std::string_view path);
 
 /// The same, of the file's bytes.
@@ -25,7 +25,8 @@ Mappings readMappings(std::string_view bytes);
 
 /// Writes both files anew, with numbers from 1001 on in the order of designers, then entries; entries that
 /// are deleted are left out, those on the default topic get no number. False on any failure, after which the
-/// old configuration file is as it was; two paths of one file are one.
+/// old configuration file is as it was and the header file as it was or new; two paths of one file are one,
+/// and so is an index that was not read.
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index);
 
 } // namespace corvelle::indexer

@@ -1,17 +1,23 @@
 #pragma once
 
-#include "base/file.h"
-
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 // The lines of the header file (.h) and of the configuration file (.hcnf), with their line ends.
 namespace corvelle::indexer {
 
-/// "#define IDH_AAAB  1001"
-void writeDefine(base::OutputFile& header, std::string_view idhName, std::int32_t number);
+/// "#define IDH_AAAB  1001"; the file is an OutputFile or a FileWriter.
+template <class File>
+void writeDefine(File& header, std::string_view idhName, std::int32_t number) {
+    header.write("#define ");
+    header.write(idhName);
+    header.write("  ");
+    header.write(std::to_string(number));
+    header.write("\r\n");
+}
 
-/// "<P>frmMain</P>"; the file is an OutputFile or a FileWriter.
+/// "<P>frmMain</P>"; the file as above.
 template <class File>
 void writeDesigner(File& configuration, std::string_view name) {
     configuration.write("<P>");

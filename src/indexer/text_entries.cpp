@@ -30,11 +30,15 @@ PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view
 SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index) {
     index.entries.front().HelpText = defaultText;
     index.entries.front().IDHName = defaultIDH;
-    if (!SaveTextFile(textPath, index))
-        return {false, {"Errors occured while saving file. ", forms::box::exclamation}, {}};
-    return {true,
-            {"File was saved successfully.", forms::box::information},
-            std::string("Created Text file: ").append(textPath)};
+    SavedEntries result;
+    result.saved = SaveTextFile(textPath, index);
+    if (result.saved) {
+        result.message = {"File was saved successfully.", forms::box::information};
+        result.reportLine = std::string("Created Text file: ").append(textPath);
+    } else {
+        result.message = {"Errors occured while saving file. ", forms::box::exclamation};
+    }
+    return result;
 }
 
 } // namespace corvelle::indexer

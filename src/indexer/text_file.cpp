@@ -6,7 +6,6 @@
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
-#include "indexer/files.h"
 #include "indexer/space_pairs.h"
 #include "indexer/text_lines.h"
 
@@ -96,6 +95,13 @@ class TopicReader {
     std::string text_;
 };
 
+// Where nobody can tell it is not.
+bool isMissing(std::string_view path) {
+    bool missing = false;
+    base::ignoringErrors([&] { missing = !base::stampIfThere(base::pathOf(path)); });
+    return missing;
+}
+
 void writeTopics(base::FileWriter& file, const HelpIndex& index) {
     const auto& defaultName = index.entries.front().IDHName;
     for (std::size_t i = 0; i <= index.count(); ++i) {
@@ -112,22 +118,23 @@ void writeTopics(base::FileWriter& file, const HelpIndex& index) {
 } // namespace
 
 void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDefault) {
+    auto& unread = index.unreadTextFiles;
+    unread.emplace_back(path); // before anything of it is taken
     bool isText = false;
-    base::ignoringErrors([&] {
+    const bool read = base::ignoringErrors([&] {
         const auto bytes = base::readFile(base::pathOf(path));
         isText = base::whatInsteadOfText(bytes).empty();
         readTextEntries(bytes, index, lastDefault);
     });
-    auto& unread = index.unreadTextFiles;
-    unread.erase(std::remove(unread.begin(), unread.end(), path), unread.end());
-    if (!isText && fileExists(path)) unread.emplace_back(path);
+    if ((read && isText) || isMissing(path))
+        unread.erase(std::remove(unread.begin(), unread.end(), path), unread.end());
 }
 
 bool isUnread(std::string_view path, const HelpIndex& index) {
     const auto& unread = index.unreadTextFiles;
-    return std::any_of(unread.begin(), unread.end(), [&](const std::string& other) {
-        return base::isSamePath(base::pathOf(path), base::pathOf(other));
-    });
+    return index.isUnread || std::any_of(unread.begin(), unread.end(), [&](const std::string& other) {
+               return base::isSamePath(base::pathOf(path), base::pathOf(other));
+           });
 }
 
 bool holdsTopicLine(std::string_view text) {
@@ -143,11 +150,16 @@ void readTextEntries(std::string_view bytes, HelpIndex& index, LastDefault lastD
     topics.end();
 }
 
-bool SaveTextFile(std::string_view path, const HelpIndex& index) {
+bool SaveTextFile(std::string_view path, const HelpIndex& index,
+                  const std::function<void()>& beforeReplacing) {
     bool saved = false;
     base::ignoringErrors([&] {
         if (isUnread(path, index)) return;
-        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { writeTopics(file, index); });
+        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) {
+            writeTopics(file, index);
+            file.flush();
+            if (beforeReplacing) beforeReplacing();
+        });
         saved = true;
     });
     return saved;

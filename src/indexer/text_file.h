@@ -2,6 +2,7 @@
 
 #include "indexer/help_index.h"
 
+#include <functional>
 #include <string_view>
 
 // The text pop-up file (.txt) of the help compiler: ".topic  IDH_AAAB" and the topic's text below it, in
@@ -24,11 +25,14 @@ void readTextEntries(std::string_view bytes, HelpIndex& index,
 /// Whether a line of the text would begin another topic in the file.
 bool holdsTopicLine(std::string_view text);
 
-/// Whether the index could not take the texts of that file, which must not be replaced then.
+/// Whether the index could not take the texts of that file, or its own entries, so that the file must not be
+/// replaced.
 bool isUnread(std::string_view path, const HelpIndex& index);
 
 /// Writes the default entry and all entries that have a topic of their own. False on any failure, which an
-/// unread file is too; the old file, and so its texts, is as it was then.
-bool SaveTextFile(std::string_view path, const HelpIndex& index);
+/// unread file is too; the old file, and so its texts, is as it was then. `beforeReplacing` runs when the new
+/// file is complete but for its name.
+bool SaveTextFile(std::string_view path, const HelpIndex& index,
+                  const std::function<void()>& beforeReplacing = nullptr);
 
 } // namespace corvelle::indexer
