@@ -8,6 +8,7 @@
 #include "base/run_time_error.h"
 #include "formatter/engine.h"
 #include "formatter/reference_comparison.h"
+#include "vocabulary.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -93,4 +94,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto& options = settings.options;
     if (options.bNoEmpty + options.bNoCmntLn + options.bNoAllCmnt == 0) checkUnharmed(raw, options);
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::code);
 }

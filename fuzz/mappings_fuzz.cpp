@@ -3,11 +3,11 @@
 #include "base/text.h"
 #include "indexer/index_files.h"
 #include "line_feeds.h"
+#include "require.h"
+#include "vocabulary.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -15,12 +15,6 @@ namespace base = corvelle::base;
 namespace indexer = corvelle::indexer;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 std::vector<std::string> split(const std::string& text, char separator) {
     std::vector<std::string> parts(1);
@@ -65,4 +59,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 read.rows.size() == rows,
             "nothing is added");
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::index);
 }

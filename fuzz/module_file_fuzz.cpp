@@ -8,12 +8,12 @@
 #include "ide/workspace/edited_module.h"
 #include "ide/workspace/group_file.h"
 #include "ide/workspace/project_file.h"
+#include "require.h"
+#include "vocabulary.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -22,12 +22,6 @@ namespace {
 using corvelle::ide::ComponentType;
 using corvelle::workspace::EditedModule;
 using corvelle::workspace::ModuleFile;
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 ComponentType typeOf(std::uint8_t byte) {
     constexpr std::array types{ComponentType::StdModule, ComponentType::ClassModule,
@@ -103,4 +97,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(error.line() >= 1 && error.line() <= lines, "the header's line is one of the file");
     }
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    static const auto phrases =
+        vocabulary::together({vocabulary::code, vocabulary::designer, vocabulary::project});
+    return mutateLines(data, size, maxSize, seed, phrases);
 }

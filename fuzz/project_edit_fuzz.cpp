@@ -3,11 +3,11 @@
 
 #include "ide/workspace/project_file.h"
 #include "ide/workspace/project_file_edit.h"
+#include "require.h"
+#include "vocabulary.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -15,12 +15,6 @@
 namespace workspace = corvelle::workspace;
 
 namespace {
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
 
 const std::filesystem::path& folder() {
     static const auto made = [] {
@@ -53,4 +47,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(edited.back() == '\n', "the last line is ended");
     require(workspace::withModule(edited, folder(), "M", file) == edited, "the second time changes nothing");
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::project);
 }

@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "indexer/project_info.h"
+#include "vocabulary.h"
 
 #include <cstdint>
 #include <cstdlib>
@@ -27,4 +28,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (again[i] != info[i]) std::abort();
     }
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::index);
 }

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "indexer/text_file.h"
 #include "line_feeds.h"
+#include "vocabulary.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -74,4 +75,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         std::abort();
     }
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::index);
 }

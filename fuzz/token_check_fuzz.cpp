@@ -2,6 +2,7 @@
 // nothing but to be plain: the whole module at once, joined and cut into tokens that are stored as text.
 
 #include "formatter/token_check.h"
+#include "vocabulary.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -230,4 +231,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         whatIsSafeHasEqualTokens(lines, choices, {commentsMayGo});
     }
     return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    return mutateLines(data, size, maxSize, seed, vocabulary::code);
 }
