@@ -1,0 +1,351 @@
+// `corvelle index` over a folder, with outputs that may be any of its files: none but the outputs changes,
+// and of those no part of the project, only its line for the mapping module; the files that are made agree
+// with one another and with the project; making them again changes nothing more.
+//
+// Input: files (see filesOf); the file without a name holds the options, "OPTION VALUE" a line.
+
+#include "base/text.h"
+#include "captured_streams.h"
+#include "cli/index_command.h"
+#include "cli/index_settings.h"
+#include "ide/workspace/workspace.h"
+#include "indexer/exclude_list.h"
+#include "indexer/index_files.h"
+#include "indexer/project_info.h"
+#include "indexer/text_file.h"
+#include "require.h"
+#include "vocabulary.h"
+#include "work_folder.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <optional>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace base = corvelle::base;
+namespace cli = corvelle::cli;
+namespace ide = corvelle::ide;
+namespace indexer = corvelle::indexer;
+namespace fs = std::filesystem;
+using corvelle::workspace::Component;
+using corvelle::workspace::Workspace;
+
+namespace {
+
+fs::path real(const fs::path& path) {
+    std::error_code ignored;
+    return fs::weakly_canonical(path, ignored);
+}
+
+cli::IndexSettings settingsOf(const std::string& options) {
+    cli::IndexSettings settings;
+    settings.project = "p.vbp";
+    settings.header = "a.h";
+    settings.config = "a.hcnf";
+    std::istringstream stream(options);
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        const auto space = std::min(line.find(' '), line.size());
+        const auto key = line.substr(0, space);
+        const auto value = line.substr(std::min(space + 1, line.size()));
+        if (key == "components") settings.components = value;
+        if (key == "exclude") settings.exclude = value;
+        if (key == "module") settings.module = value;
+        if (key == "replace") settings.replaceModule = true;
+        if (key == "autoload") settings.autoload = true;
+        if (key == "default") settings.defaultText = value;
+        if (!isPath(value)) continue;
+        if (key == "header") settings.header = value;
+        if (key == "config") settings.config = value;
+        if (key == "list") settings.excludeList = value;
+        if (key == "file") settings.moduleFile = value;
+        if (key == "text") settings.text = value;
+        if (key == "report") settings.report = value;
+        if (key == "icp") settings.projectFile = value;
+    }
+    return settings;
+}
+
+bool isUsage(const cli::IndexSettings& settings) {
+    indexer::IndexOptions ignored;
+    return cli::wrongUsage(settings).empty() &&
+           !cli::checkBoxes(settings.components.value_or(""), cli::componentWords, ignored) &&
+           !cli::checkBoxes(settings.exclude, cli::exclusionWords, ignored);
+}
+
+// What no run may change. The module that it may replace is given.
+std::set<fs::path> protectedFiles(const Workspace& workspace, const cli::IndexSettings& settings) {
+    std::set<fs::path> files;
+    const auto& project = *workspace.projects().front();
+    const auto addCompanions = [&](const fs::path& path) {
+        for (const auto* ending : {".frx", ".ctx", ".pgx", ".dox", ".dsx"}) {
+            auto companion = path;
+            files.insert(real(companion.replace_extension(ending)));
+        }
+    };
+    for (const auto& component : project.components()) {
+        const bool isTheModule =
+            settings.module && settings.replaceModule && component->Type() == ide::ComponentType::StdModule &&
+            base::equalIgnoringCase(component->Name(), base::trimSpaces(*settings.module)) &&
+            real(component->path()) == real(*settings.moduleFile);
+        if (!isTheModule) files.insert(real(component->path()));
+        addCompanions(component->path());
+    }
+    for (const auto& problem : workspace.problems()) {
+        const bool isTheModule = settings.replaceModule && problem.type == ide::ComponentType::StdModule;
+        if (!isTheModule) files.insert(real(problem.path));
+    }
+    if (settings.excludeList) files.insert(real(*settings.excludeList));
+    files.insert(real("p.vbw"));
+    return files;
+}
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+void checkProjectFile(const Files& before, const Files& after) {
+    auto was = linesOf(before.at("p.vbp")), is = linesOf(after.at("p.vbp"));
+    std::sort(was.begin(), was.end());
+    std::sort(is.begin(), is.end());
+    std::vector<std::string> gone, added;
+    std::set_difference(was.begin(), was.end(), is.begin(), is.end(), std::back_inserter(gone));
+    std::set_difference(is.begin(), is.end(), was.begin(), was.end(), std::back_inserter(added));
+    require(gone.size() <= 1 && added.size() <= 1, "one line of the project is another");
+    require(gone.empty() || added.size() == 1, "no line of the project is lost");
+    for (const auto& line : added)
+        require(line.find("Module=") != std::string::npos, "the new line is the module's");
+}
+
+struct Expected {
+    std::vector<std::string> designers;
+    std::vector<std::vector<std::string>> controls; // "NAME CLASS", by designer
+    bool plain = true;                              // no name breaks a line
+};
+
+indexer::CheckValue boxOf(ide::ComponentType type, const indexer::IndexOptions& options) {
+    switch (type) {
+    case ide::ComponentType::VBForm:
+        return options.ChkFrm;
+    case ide::ComponentType::VBMDIForm:
+        return options.ChkMDI;
+    case ide::ComponentType::PropPage:
+        return options.ChkPG;
+    case ide::ComponentType::UserControl:
+        return options.ChkActiveXCtl;
+    case ide::ComponentType::DocObject:
+        return options.ChkDOB;
+    case ide::ComponentType::ActiveXDesigner:
+        return options.ChkDsr;
+    default:
+        return 0;
+    }
+}
+
+bool isLeftOut(const std::string& className, const indexer::ExcludeList& list, const std::string& exclude) {
+    const auto upper = base::upper(className);
+    if (std::find(list.begin(), list.end(), upper) != list.end()) return true;
+    for (const auto* name : {"LABEL", "FRAME", "SHAPE", "MENU", "LINE", "TOOLBAR"}) {
+        if (upper == name && ("," + base::upper(exclude) + ",").find("," + upper + "S,") != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
+Expected expectedOf(const Workspace& workspace, const cli::IndexSettings& settings, const Files& before) {
+    indexer::IndexOptions options;
+    if (settings.components)
+        cli::checkBoxes(*settings.components, cli::componentWords, options);
+    else
+        indexer::SetDefOption(*workspace.projects().front(), options);
+    indexer::ExcludeList list;
+    if (settings.excludeList) indexer::readExcludeList(before.at(*settings.excludeList), list);
+    Expected expected;
+    for (const auto& component : workspace.projects().front()->components()) {
+        if (boxOf(component->Type(), options) != 1) continue;
+        expected.designers.push_back(component->Name());
+        auto& controls = expected.controls.emplace_back();
+        const auto& file = component->file();
+        for (std::uint32_t i = 0; i < file.controlCount(); ++i) {
+            const std::string className(file.controlClass(i));
+            if (isLeftOut(className, list, settings.exclude)) continue;
+            controls.push_back(std::string(file.controlName(i)) + " " + className);
+            expected.plain = expected.plain && controls.back().find('\r') == std::string::npos;
+        }
+        expected.plain = expected.plain && component->Name().find('\r') == std::string::npos;
+    }
+    return expected;
+}
+
+void checkFiles(const cli::IndexSettings& settings, const Expected& expected, const Files& after) {
+    const auto index = indexer::readMappings(after.at(settings.config)).index;
+    require(index.designers == expected.designers, "the designers are in the configuration");
+    std::vector<std::vector<std::string>> controls(index.designers.size());
+    std::vector<std::string> header{"#define IDH_AAAA  1000"}, constants, assignments;
+    int number = 1000;
+    for (std::size_t i = 1; i <= index.count(); ++i) {
+        const auto& entry = index.entries[i];
+        controls.at(static_cast<std::size_t>(entry.DsrIndex) - 1)
+            .push_back(entry.CtlName + " " + entry.CtlClass);
+        header.push_back("#define " + entry.IDHName + "  " + std::to_string(++number));
+        constants.push_back("Public Const " + entry.IDHName + " = " + std::to_string(number));
+        assignments.push_back("\t\t." + entry.CtlName + ".HelpContextID = " + entry.IDHName);
+        require(entry.IDHName > index.entries[i - 1].IDHName, "the names ascend");
+    }
+    require(controls == expected.controls, "the controls are in the configuration");
+    require(linesOf(after.at(settings.header)) == header, "the header has the configuration's names");
+    if (settings.module) {
+        std::vector<std::string> foundConstants, foundAssignments;
+        for (const auto& line : linesOf(after.at(*settings.moduleFile))) {
+            if (line.rfind("Public Const ", 0) == 0) foundConstants.push_back(line);
+            if (line.rfind("\t\t.", 0) == 0) foundAssignments.push_back(line);
+        }
+        require(foundConstants == constants, "the module has the configuration's names");
+        if (!settings.autoload) assignments.clear();
+        require(foundAssignments == assignments, "the module assigns the configuration's names");
+    }
+    if (settings.text) {
+        auto texts = index;
+        for (auto& entry : texts.entries) entry.HelpText = "?";
+        indexer::readTextEntries(after.at(*settings.text), texts, indexer::LastDefault::Read);
+        for (const auto& entry : texts.entries) require(entry.HelpText != "?", "each entry has its topic");
+    }
+    if (settings.projectFile) {
+        indexer::ProjectInfo info;
+        const bool read = indexer::readProjectInfo(after.at(*settings.projectFile), info);
+        require(!settings.text || expected.designers.empty() || read || info[0].empty(),
+                "the indexer project is one");
+        if (read) {
+            require(info[indexer::slot::header] == settings.header &&
+                        info[indexer::slot::configuration] == settings.config &&
+                        info[indexer::slot::text] == settings.text.value_or(""),
+                    "the indexer project names the files");
+        }
+    }
+    if (settings.report) {
+        const auto lines = linesOf(after.at(*settings.report));
+        require(std::count(lines.begin(), lines.end(), "*** Indexing done ***") >= 1,
+                "the report says that it is done");
+    }
+}
+
+// A text gains a space before it, and loses one between words, each time.
+std::string withoutSpaces(std::string text) {
+    text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
+    return text;
+}
+
+// The files but for what tells the time.
+Files withoutTimes(Files files, const cli::IndexSettings& settings) {
+    if (settings.report) files.erase(*settings.report);
+    if (settings.projectFile) files.erase(*settings.projectFile);
+    if (settings.text) {
+        auto& text = files[*settings.text];
+        text = withoutSpaces(text);
+    }
+    return files;
+}
+
+struct Outcome {
+    int status;
+    bool done; // the results were printed
+    std::string err;
+};
+
+Outcome run(const cli::IndexSettings& settings) {
+    const CapturedStreams streams;
+    const int status = cli::runIndex(settings);
+    return {status, !streams.out().empty(), streams.err()};
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const WorkFolder folder;
+    const auto files = filesOf({reinterpret_cast<const char*>(data), size});
+    const auto settings = settingsOf(files.at(""));
+    if (!isUsage(settings)) return 0;
+    WorkFolder::write(files);
+    const auto before = WorkFolder::files();
+    if (before.count("p.vbp") == 0) return 0;
+    const auto workspace = Workspace::open("p.vbp");
+    const auto keep = protectedFiles(*workspace, settings);
+
+    const auto outcome = run(settings);
+    const auto after = WorkFolder::files();
+    require(outcome.status >= 0 && outcome.status <= 2, "the status is one");
+    require(outcome.status == 0 || !outcome.err.empty(), "a failure is told");
+    require(outcome.status != 0 || outcome.done, "what is done is told");
+    const std::set<std::string> outputs{settings.header,
+                                        settings.config,
+                                        settings.moduleFile.value_or(""),
+                                        settings.text.value_or(""),
+                                        settings.report.value_or(""),
+                                        settings.projectFile.value_or("")};
+    for (const auto& name : differing(before, after)) {
+        if (name == "p.vbp" && settings.module) continue;
+        require(outputs.count(name) == 1, "only outputs change: " + name);
+        require(keep.count(real(name)) == 0, "no part of the project changes: " + name);
+    }
+    checkProjectFile(before, after);
+    if (!outcome.done || outcome.status == 2) return 0;
+
+    const auto expected = expectedOf(*workspace, settings, before);
+    if (expected.plain) checkFiles(settings, expected, after);
+    const auto again = run(settings);
+    if (settings.module && !settings.replaceModule) {
+        require(again.status >= 1 && WorkFolder::files() == after, "the second time the module is there");
+        return 0;
+    }
+    require(again.done, "it can be made again");
+    require(withoutTimes(WorkFolder::files(), settings) == withoutTimes(after, settings),
+            "the second time changes nothing");
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
+                                               unsigned seed) {
+    static const Phrases options{
+        "header a.h",
+        "header f.frx",
+        "header m.bas",
+        "config a.hcnf",
+        "config a.h",
+        "config p.vbw",
+        "components",
+        "components forms",
+        "components forms,mdi,designers,docs,pages,controls",
+        "exclude labels",
+        "exclude frames,menus,lines",
+        "list x.lst",
+        "module modMap",
+        "module $",
+        "file map.bas",
+        "file m.bas",
+        "replace",
+        "autoload",
+        "text a.txt",
+        "text k.cls",
+        "default $",
+        "report r.log",
+        "report sub/g.frm",
+        "icp i.icp",
+        "icp F.FRX",
+        "header k.cls",
+        "file k.cls",
+        "text a.res",
+    };
+    static const auto phrases =
+        vocabulary::together({options, options, vocabulary::project, vocabulary::files, vocabulary::designer,
+                              vocabulary::designer, vocabulary::index});
+    return mutateLines(data, size, maxSize, seed, phrases);
+}
