@@ -6,6 +6,8 @@
 #include "forms/headless/headless_desktop.h"
 #include "forms/win32/win32_desktop.h"
 #include "ide/workspace/workspace.h"
+#include "module_file.h"
+#include "peak_memory.h"
 
 #include <algorithm>
 #include <chrono>
@@ -13,7 +15,6 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,24 +24,6 @@ using namespace corvelle;
 namespace {
 
 constexpr double atMost = 4;
-
-std::filesystem::path writeModule(int lines) {
-    const auto path = std::filesystem::temp_directory_path() / "corvelle_dialog_bench.bas";
-    std::ofstream file(path, std::ios::binary);
-    file << "Attribute VB_Name = \"Large\"\r\n";
-    const char* const body[] = {"Private Sub Step(ByVal n As Long) ' one of many",
-                                "Dim total As Long",
-                                "If n > 0 Then",
-                                "For i = 1 To n",
-                                "total = total + Len(\"a \"\"quoted\"\" text\") * i ' so far",
-                                "Next i",
-                                "Else",
-                                "total = 0",
-                                "End If",
-                                "End Sub"};
-    for (int i = 0; i < lines; ++i) file << body[i % 10] << "\r\n";
-    return path;
-}
 
 struct Times {
     std::vector<double> format, add;
@@ -91,21 +74,21 @@ int main(int argc, char* argv[]) {
     try {
         const int lines = argc > 1 ? std::atoi(argv[1]) : 60000;
         const int rounds = argc > 2 ? std::atoi(argv[2]) : 7;
-        const auto path = writeModule(lines);
+        const bench::ModuleOfLines module("corvelle_dialog_bench.bas", lines);
         Times headless, real;
         {
             forms::HeadlessDesktop headlessDesktop;
             forms::Win32Desktop realDesktop(GetModuleHandleA(nullptr));
             Times first; // a round that does not count
-            run(headlessDesktop, path, first);
-            run(realDesktop, path, first);
+            run(headlessDesktop, module.path(), first);
+            run(realDesktop, module.path(), first);
             for (int i = 0; i < rounds; ++i) {
-                run(headlessDesktop, path, headless);
-                run(realDesktop, path, real);
+                run(headlessDesktop, module.path(), headless);
+                run(realDesktop, module.path(), real);
             }
         }
-        std::filesystem::remove(path);
-        std::printf("%d lines, median of %d rounds\n", lines, rounds);
+        std::printf("%d lines, median of %d rounds, peak memory %.1f MB\n", lines, rounds,
+                    static_cast<double>(bench::peakMemory()) / 1e6);
         const double format = report("Format Code", headless.format, real.format);
         const double add = report("Add to Module", headless.add, real.add);
         return std::max(format, add) > atMost ? 1 : 0;

@@ -1,5 +1,4 @@
-// How quickly the editor of text entries works on a large index, without a screen: 20,000 controls in 200
-// designers, of which one has 1,000.
+// How quickly the editor of text entries works on a large index, without a screen.
 
 #include "forms/headless/headless_desktop.h"
 #include "indexer/id_gen.h"
@@ -7,10 +6,13 @@
 #include "indexer/windows/frm_txt.h"
 
 #include <benchmark/benchmark.h>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -18,22 +20,17 @@ namespace fs = std::filesystem;
 using corvelle::forms::HeadlessDesktop;
 using corvelle::indexer::FrmTxt;
 
-constexpr int designers = 200;
-constexpr int controls = 20000;
-constexpr int largest = 1000; // controls of the first designer
-
 // The files of the index, and a window that has loaded it.
 class LargeIndex {
   public:
-    LargeIndex() {
+    LargeIndex(std::int64_t designers, std::int64_t controls) {
         fs::create_directories(folder_);
         std::string mappings, texts;
         corvelle::indexer::ResetIDGen();
         texts += ".topic  " + corvelle::indexer::getNewIDH() + "\r\nNo help.\r\n";
-        const int others = (controls - largest) / (designers - 1);
-        for (int designer = 0; designer < designers; ++designer) {
+        for (std::int64_t designer = 0; designer < designers; ++designer) {
             mappings += "<P>frm" + std::to_string(designer) + "</P>\r\n";
-            for (int i = 0; i < (designer == 0 ? largest : others); ++i) {
+            for (std::int64_t i = 0; i < controls; ++i) {
                 const auto name = corvelle::indexer::getNewIDH();
                 mappings += "<C>ctlNumber" + std::to_string(i) + " TextBox " + name + "</C>\r\n";
                 texts += ".topic  " + name + "\r\nWhat this control is for, in some words.\r\nAnd more.\r\n";
@@ -73,35 +70,49 @@ class LargeIndex {
     fs::path folder_ = fs::temp_directory_path() / "corvelle-text-entries-bench";
 };
 
+LargeIndex indexFor(const benchmark::State& state) {
+    return {state.range(0), state.range(1)};
+}
+
 void loading(benchmark::State& state) {
-    LargeIndex index;
+    LargeIndex index = indexFor(state);
     while (state.KeepRunning()) index.load();
 }
-BENCHMARK(loading)->Unit(benchmark::kMillisecond);
 
-// To the largest designer and to another one.
+// Between the last designer and the first one.
 void choosingADesigner(benchmark::State& state) {
-    LargeIndex index;
+    LargeIndex index = indexFor(state);
+    const int last = static_cast<int>(state.range(0)) - 1;
     int row = 0;
-    while (state.KeepRunning())
-        index.desktop.choose(index.window->cboDsr, row = row == 0 ? designers / 2 : 0);
+    while (state.KeepRunning()) index.desktop.choose(index.window->cboDsr, row = last - row);
 }
-BENCHMARK(choosingADesigner)->Unit(benchmark::kMicrosecond);
 
 void choosingAControl(benchmark::State& state) {
-    LargeIndex index;
+    LargeIndex index = indexFor(state);
     int row = 0;
-    while (state.KeepRunning()) index.desktop.choose(index.window->CboCtl, row = (row + 1) % largest);
+    while (state.KeepRunning())
+        index.desktop.choose(index.window->CboCtl, row = (row + 1) % static_cast<int>(state.range(1)));
 }
-BENCHMARK(choosingAControl)->Unit(benchmark::kMicrosecond);
 
 void saving(benchmark::State& state) {
-    LargeIndex index;
+    LargeIndex index = indexFor(state);
     while (state.KeepRunning()) {
         index.desktop.answerNextBox(corvelle::forms::answer::ok);
         index.desktop.click(index.window->CmdProc);
     }
 }
-BENCHMARK(saving)->Unit(benchmark::kMillisecond);
+
+// As many controls in many designers, in few, and in one; each at twice the size too.
+void allSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const auto& [designers, controls] : std::vector<std::pair<std::int64_t, std::int64_t>>{
+             {1000, 100}, {2000, 100}, {100, 1000}, {200, 1000}, {1, 100000}, {1, 200000}})
+        benchmark->Args({designers, controls});
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(loading)->Apply(allSizes);
+BENCHMARK(choosingADesigner)->Apply(allSizes);
+BENCHMARK(choosingAControl)->Apply(allSizes);
+BENCHMARK(saving)->Apply(allSizes);
 
 } // namespace

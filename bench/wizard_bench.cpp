@@ -1,57 +1,25 @@
 // The indexer's wizard on the headless window system: analysis and creation through its buttons, labels,
 // report and yields included, over a project on disk with so many designers and controls in each.
 
+#include "form_project.h"
 #include "forms/headless/headless_desktop.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/windows/frm_indexer.h"
 
 #include <benchmark/benchmark.h>
-#include <chrono>
+#include <cstdint>
+#include <ctime>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 using namespace corvelle;
 
 namespace {
 
-/// A project in a folder of its own, removed at the end.
-class Project {
-  public:
-    Project(int designers, int controls)
-        : folder_(std::filesystem::temp_directory_path() / "corvelle-wizard-bench"), designers_(designers) {
-        std::filesystem::remove_all(folder_);
-        std::filesystem::create_directories(folder_);
-        writeProject();
-        for (int i = 0; i < designers; ++i) {
-            const auto name = "frm" + std::to_string(i);
-            std::ofstream form(folder_ / (name + ".frm"), std::ios::binary);
-            form << "VERSION 5.00\r\nBegin VB.Form " << name << "\r\n";
-            for (int j = 0; j < controls; ++j)
-                form << "   Begin VB.TextBox txt" << j << " \r\n      Height = 285\r\n   End\r\n";
-            form << "End\r\nAttribute VB_Name = \"" << name << "\"\r\nOption Explicit\r\n";
-        }
-    }
-    ~Project() { std::filesystem::remove_all(folder_); }
-    Project(const Project&) = delete;
-    Project& operator=(const Project&) = delete;
-
-    /// Writes the project's own file: a module that was added is no part of it any more.
-    void writeProject() const {
-        std::ofstream project(path(), std::ios::binary);
-        project << "Type=Exe\r\n";
-        for (int i = 0; i < designers_; ++i) project << "Form=frm" << i << ".frm\r\n";
-        project << "Name=\"Bench\"\r\n";
-    }
-    std::filesystem::path path() const { return folder_ / "Bench.vbp"; }
-    std::string file(const char* name) const { return (folder_ / name).string(); }
-
-  private:
-    std::filesystem::path folder_;
-    int designers_;
-};
+using Project = bench::FormProject;
 
 /// The wizard over the project.
 class Wizard {
@@ -67,6 +35,17 @@ class Wizard {
     void press(forms::Control& control) {
         if (!desktop_.click(control)) throw std::runtime_error(control.name() + " cannot be pressed");
     }
+    void pressAndTakeBox(forms::Control& control) {
+        desktop_.answerNextBox(forms::answer::ok);
+        press(control);
+    }
+    /// To the stage that creates the index, with the files' names.
+    void goToCreation(const Project& project) {
+        press(form->CmdProc);
+        press(form->CmdNext);
+        form->Text1(0).setText(project.file("a.h"));
+        form->Text1(1).setText(project.file("a.hcnf"));
+    }
 
   private:
     forms::HeadlessDesktop desktop_;
@@ -76,12 +55,25 @@ class Wizard {
     std::shared_ptr<indexer::FrmIndexer> form = std::make_shared<indexer::FrmIndexer>(desktop_);
 };
 
+Project projectFor(const benchmark::State& state) {
+    return Project("corvelle-wizard-bench", static_cast<int>(state.range(0)),
+                   static_cast<int>(state.range(1)));
+}
+
+// Processor time, as for the benchmarks that time themselves.
+template <class Work>
+void timed(benchmark::State& state, Work work) {
+    const auto start = std::clock();
+    work();
+    state.SetIterationTime(static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+}
+
 std::int64_t controlsOf(const benchmark::State& state) {
     return state.range(0) * state.range(1);
 }
 
 void Analyse(benchmark::State& state) {
-    const Project project(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    const Project project = projectFor(state);
     Wizard wizard(project);
     for (auto _ : state) wizard.press(wizard.form->CmdProc);
     if (wizard.form->lblControls.caption() != "Total Controls: " + std::to_string(controlsOf(state)))
@@ -91,35 +83,59 @@ void Analyse(benchmark::State& state) {
 
 // The third argument: whether the mapping module is added too.
 void Create(benchmark::State& state) {
-    const Project project(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    const Project project = projectFor(state);
     for (auto _ : state) {
         project.writeProject();
         Wizard wizard(project);
+        wizard.goToCreation(project);
         auto& form = *wizard.form;
-        wizard.press(form.CmdProc);
-        wizard.press(form.CmdNext);
-        form.Text1(0).setText(project.file("a.h"));
-        form.Text1(1).setText(project.file("a.hcnf"));
         if (state.range(2) != 0) {
             form.ChkIDMap.setValue(1);
             form.ChkAutoLoad.setValue(1);
             form.txtModule.setText("modHelp");
             form.Text1(3).setText(project.file("modHelp.bas"));
         }
-        const auto start = std::chrono::steady_clock::now();
-        wizard.press(form.CmdProc);
-        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
-        state.SetIterationTime(took.count());
+        timed(state, [&] { wizard.press(form.CmdProc); });
         if (form.LblProc.caption() != "Processing completed..") state.SkipWithError("not created");
     }
     state.SetItemsProcessed(state.iterations() * controlsOf(state));
 }
 
-BENCHMARK(Analyse)->Args({50, 100})->Args({200, 100})->Args({20, 1000})->Unit(benchmark::kMillisecond);
-BENCHMARK(Create)
-    ->ArgsProduct({{50, 200}, {100}, {0, 1}})
-    ->Args({20, 1000, 1})
-    ->UseManualTime()
-    ->Unit(benchmark::kMillisecond);
+// The third stage, from the mappings' reading to the text file's saving.
+void Texts(benchmark::State& state) {
+    const Project project = projectFor(state);
+    for (auto _ : state) {
+        Wizard wizard(project);
+        wizard.goToCreation(project);
+        wizard.press(wizard.form->CmdProc);
+        timed(state, [&] {
+            wizard.pressAndTakeBox(wizard.form->CmdNext);
+            wizard.form->Text1(2).setText(project.file("a.txt"));
+            wizard.pressAndTakeBox(wizard.form->CmdProc);
+        });
+        if (!std::filesystem::exists(project.file("a.txt"))) state.SkipWithError("not saved");
+    }
+    state.SetItemsProcessed(state.iterations() * controlsOf(state));
+}
+
+// As many controls in many designers, in few, and in one; each at twice the size too.
+const std::vector<std::vector<std::int64_t>> sizes{{1000, 100}, {2000, 100}, {100, 1000},
+                                                   {200, 1000}, {1, 100000}, {1, 200000}};
+
+void allSizes(benchmark::internal::Benchmark* benchmark) {
+    for (const auto& size : sizes) benchmark->Args(size);
+    benchmark->Unit(benchmark::kMillisecond);
+}
+
+void creations(benchmark::internal::Benchmark* benchmark) {
+    for (const auto& size : sizes) benchmark->Args({size[0], size[1], 0});
+    // As many as a module of the IDE holds.
+    for (const std::int64_t designers : {160, 320}) benchmark->Args({designers, 100, 1});
+    benchmark->UseManualTime()->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(Analyse)->Apply(allSizes);
+BENCHMARK(Create)->Apply(creations);
+BENCHMARK(Texts)->Apply(allSizes)->UseManualTime();
 
 } // namespace
