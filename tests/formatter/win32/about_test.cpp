@@ -42,5 +42,21 @@ TEST(AboutBoxOnScreen, AClickOnAnyOfItsSurfacesClosesIt) {
     });
 }
 
+TEST(AboutBoxOnScreen, NoKeyClosesIt) {
+    forms::Win32Desktop desktop(GetModuleHandleA(nullptr));
+    const auto box = std::make_shared<frmAbt>(desktop);
+    box->setTitle("Keys");
+    box->show();
+    const HWND window = static_cast<forms::Win32Peer*>(box->peer())->formWindow()->window();
+    for (const WPARAM key : {VK_RETURN, VK_ESCAPE, VK_SPACE, VK_TAB, VK_F1}) {
+        PostMessageA(window, WM_KEYDOWN, key, 1);
+        PostMessageA(window, WM_KEYUP, key, 0xC0000001);
+    }
+    desktop.doEvents();
+    EXPECT_TRUE(box->visible());
+    EXPECT_EQ(box->Label1[0].caption(), "Keys");
+    box->unload();
+}
+
 } // namespace
 } // namespace corvelle::ui

@@ -544,6 +544,54 @@ TEST_F(Connection, TellsOfEveryFailureAndReturnsNone) {
     }
 }
 
+// What goes over to the menu: nothing but what has to be said, the rest is left out.
+TEST_F(Connection, SpeaksToTheMenuInFewWords) {
+    using corvelle::test::ScriptedObject;
+    const auto ide = com::make<ScriptedObject>(), bars = com::make<ScriptedObject>(),
+               bar = com::make<ScriptedObject>(), controls = com::make<ScriptedObject>(),
+               command = com::make<ScriptedObject>(), events = com::make<ScriptedObject>();
+    std::vector<std::string> said;
+    const auto expect = [&said](const std::string& words, const Variant& answer, VARTYPE type = VT_EMPTY) {
+        return [=, &said](ScriptedObject::Call& call) {
+            EXPECT_EQ(call.parameters.cArgs, type == VT_EMPTY ? 0U : 1U) << words;
+            if (call.parameters.cArgs == 1) {
+                EXPECT_EQ(V_VT(&call.parameters.rgvarg[0]), type) << words;
+            }
+            std::string argument;
+            if (type == VT_BSTR) argument = " " + call.arguments.text(0);
+            if (type == VT_I4) argument = " " + std::to_string(call.arguments.number(0));
+            said.push_back(words + argument);
+            call.result = answer;
+            return S_OK;
+        };
+    };
+    ide->answers(L"CommandBars", Variant(bars));
+    bars->members[L"Item"] = expect("Item", Variant(bar), VT_BSTR);
+    bar->answers(L"Controls", Variant(controls));
+    controls->members[L"Add"] = expect("Add", Variant(command), VT_I4);
+    command->members[L"Caption"] = expect("Caption", Variant(), VT_BSTR);
+    command->members[L"Delete"] = expect("Delete", Variant());
+    ide->answers(L"Events", Variant(events));
+    events->members[L"CommandBarEvents"] = [&](ScriptedObject::Call& call) {
+        EXPECT_EQ(call.parameters.cArgs, 1U);
+        EXPECT_TRUE(com::isSameObject(com::Ptr<IUnknown>(call.arguments.object(0).get()),
+                                      com::Ptr<IUnknown>(static_cast<IDispatch*>(command.get()))));
+        said.emplace_back("CommandBarEvents");
+        return DISP_E_EXCEPTION;
+    };
+    make(indexerClass);
+    Steps steps;
+    steps.then("the message box", [&] {
+        const HWND box = Steps::window("Corvelle");
+        if (box != nullptr) PostMessageA(box, WM_COMMAND, IDOK, 0);
+        return box != nullptr;
+    });
+    EXPECT_EQ(extensibility->OnConnection(ide.get(), startup, nullptr, nullptr), S_OK);
+    EXPECT_EQ(disconnect(), S_OK); // takes the command away all the same
+    EXPECT_THAT(
+        said, ElementsAre("Item Add-Ins", "Add 1", "Caption Help ID Indexer", "CommandBarEvents", "Delete"));
+}
+
 TEST_F(Connection, SurvivesObjectsOfTheWrongKind) {
     const auto odd = com::make<corvelle::test::ScriptedObject>();
     odd->answers(L"CommandBars", std::int32_t(7));
