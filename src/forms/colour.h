@@ -14,10 +14,6 @@ inline constexpr Colour windowBackground = 0x80000005;
 inline constexpr Colour windowText = 0x80000008;
 inline constexpr Colour buttonFace = 0x8000000F;
 inline constexpr Colour buttonText = 0x80000012;
-inline constexpr Colour highlight = 0x8000000D;
-inline constexpr Colour highlightText = 0x8000000E;
-inline constexpr Colour infoBackground = 0x80000018;
-inline constexpr Colour infoText = 0x80000017;
 } // namespace colours
 
 /// Whether it is the number of a system colour, which the desktop resolves.

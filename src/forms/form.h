@@ -45,7 +45,6 @@ class Form : public std::enable_shared_from_this<Form> {
     /// Loads the form if it is not loaded: design(), the window, Form_Load.
     void load();
     bool isLoaded() const { return state_ != State::NotLoaded; }
-    bool isBeingDesigned() const { return state_ == State::Designing; }
     /// Whether what happens to it and its controls raises events: from the design's end to the unload's.
     bool raisesEvents() const { return state_ == State::Loaded || state_ == State::Unloading; }
     /// Loads, shows and activates the window; one that is visible comes to the front. Nothing happens if the

@@ -143,7 +143,6 @@ INSTANTIATE_TEST_SUITE_P(
         Touch{"Select", [](RecordingForm& form) { form.tabs.select(1); }},
         Touch{"Picture", [](RecordingForm& form) { form.image.picture(); }},
         Touch{"SetPicture", [](RecordingForm& form) { form.image.setPicture(Picture("x")); }},
-        Touch{"Alignment", [](RecordingForm& form) { form.label.alignment(); }},
         Touch{"Transparent", [](RecordingForm& form) { form.label.setTransparent(true); }},
         Touch{"Canvas", [](RecordingForm& form) { form.surface.canvas(); }},
         Touch{"Refresh", [](RecordingForm& form) { form.surface.refresh(); }}),

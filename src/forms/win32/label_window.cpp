@@ -92,20 +92,8 @@ class LabelWindow : public ControlWindow {
         const HGDIOBJ before = SelectObject(device, form_.desktop().gdi().font(label_.font()));
         const std::string lines = windowText();
         DrawTextA(device, lines.c_str(), static_cast<int>(lines.size()), &inside,
-                  DT_WORDBREAK | DT_EXPANDTABS | alignment() | (label_.useMnemonic() ? 0U : DT_NOPREFIX));
+                  DT_WORDBREAK | DT_EXPANDTABS | (label_.useMnemonic() ? 0U : DT_NOPREFIX));
         SelectObject(device, before);
-    }
-
-    UINT alignment() const {
-        switch (label_.alignment()) {
-        case Alignment::Right:
-            return DT_RIGHT;
-        case Alignment::Centre:
-            return DT_CENTER;
-        case Alignment::Left:
-            break;
-        }
-        return DT_LEFT;
     }
 
     DWORD extendedStyle() const {
