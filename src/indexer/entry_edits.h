@@ -12,10 +12,10 @@
 // Changes of single entries of an index.
 namespace corvelle::indexer {
 
-/// Whose text a control shows; told by the entry's name.
+/// Whether a control shows a text of its own, the default one, or none any more.
 enum class EntryState { OwnText, DefaultText, Deleted };
 
-/// What that is for this one.
+/// The state that the entry's name gives it.
 EntryState stateOf(const IndexEntry& entry);
 
 /// What is shown as the entry's text: its own, the default text, or that it is deleted.
