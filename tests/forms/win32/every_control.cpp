@@ -22,7 +22,7 @@ void EveryControl::design() {
     setCaption("Every control");
     setBorderStyle(wantedStyle);
     setSize({6000, 4500});
-    setKeyPreview(true);
+    setKeyPreview(wantsPreview);
     setDefaultButton(cmdOk);
     setCancelButton(cmdCancel);
 

@@ -28,6 +28,7 @@ class EveryControl : public Form {
     /// What the events do besides being written down, by the words of the log.
     std::function<void(const std::string& event)> onEvent;
     bool cancelsUnload = false;
+    bool wantsPreview = true;
     BorderStyle wantedStyle = BorderStyle::FixedDialog;
 
     int count(const std::string& event) const;

@@ -196,6 +196,18 @@ TEST_F(Keyboard, ALabelsAcceleratorMovesToTheNextControl) {
     EXPECT_EQ(&form->txtName, form->activeControl());
 }
 
+TEST_F(Keyboard, ADoubledAmpersandMarksNoAccelerator) {
+    const auto form = shownForm();
+    form->lblName.setCaption("R&&D &name");
+    form->cmdCancel.setFocus();
+    postAccelerator(windowOf(form->cmdCancel), 'd');
+    pump();
+    EXPECT_EQ(&form->cmdCancel, form->activeControl());
+    postAccelerator(windowOf(form->cmdCancel), 'n');
+    pump();
+    EXPECT_EQ(&form->txtName, form->activeControl());
+}
+
 TEST_F(Keyboard, ALabelMayUseNoAccelerator) {
     const auto form = shownForm();
     form->cmdCancel.setFocus();
@@ -223,6 +235,17 @@ TEST_F(Keyboard, F1InAControlReachesTheFormOnce) {
     form->chkInside.setFocus();
     press(VK_F1);
     EXPECT_EQ(3, form->count("key 112"));
+}
+
+TEST_F(Keyboard, WithoutKeyPreviewTheFormSeesNoKeysOfItsControls) {
+    const auto form = std::make_shared<EveryControl>(desktop());
+    form->wantsPreview = false;
+    form->show();
+    pump();
+    press(VK_F1);
+    form->cboKind.setFocus();
+    press(VK_F1);
+    EXPECT_EQ(0, form->count("key 112"));
 }
 
 TEST_F(Keyboard, TheDefaultButtonIsDrawnAsSuch) {

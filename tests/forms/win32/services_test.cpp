@@ -49,6 +49,13 @@ TEST_F(SettingsStore, IsWhereProgramsOfItsKindHaveIt) {
     EXPECT_EQ(6U, size);
 }
 
+TEST_F(SettingsStore, TakesASectionInsideAnother) {
+    desktop().settings().save(application, "Section\\Inner", "Key", "value");
+    EXPECT_EQ("value", desktop().settings().get(application, "Section\\Inner", "Key", "else"));
+    EXPECT_EQ("else", desktop().settings().get(application, "Section", "Key", "else"));
+    RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\VB and VBA Program Settings\\Corvelle Tests\\Section\\Inner");
+}
+
 TEST_F(SettingsStore, TakesNoNumberForAText) {
     desktop().settings().save(application, "Section", "Text", "x");
     HKEY key = nullptr;
