@@ -1,17 +1,10 @@
 #include "forms/win32/gdi_cache.h"
 
-#include <algorithm>
-#include <cstdlib>
+#include "base/text.h"
 
 namespace corvelle::forms {
 
 namespace {
-
-std::string upperCase(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return text;
-}
 
 // Resources go by the picture's name, "icon101" and its like by their number.
 std::string resourceName(const std::string& picture) {
@@ -22,7 +15,7 @@ std::string resourceName(const std::string& picture) {
         number.front() = '#';
         return number;
     }
-    return upperCase(picture);
+    return base::upper(picture);
 }
 
 } // namespace

@@ -19,12 +19,6 @@ std::string withSlashes(std::string_view written) {
     return path;
 }
 
-[[maybe_unused]] std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::transform(result.begin(), result.end(), result.begin(), [](char c) { return base::lower(c); });
-    return result;
-}
-
 // A drive's path, or one from the root of a drive or a share.
 [[maybe_unused]] bool isAbsolute(std::string_view written) {
     return written.empty() || written[0] == '\\' || written[0] == '/' ||
@@ -82,7 +76,7 @@ std::optional<fs::path> PathResolver::findIn(const fs::path& folder, const std::
     fs::path exact = folder / name;
     if (fs::exists(fs::symlink_status(exact, ignored))) return exact;
     const auto& listing = listingOf(folder);
-    const auto matches = listing.find(lowered(name));
+    const auto matches = listing.find(base::upper(name));
     if (matches == listing.end() || matches->second.size() != 1) return std::nullopt;
     return folder / matches->second.front();
 }
@@ -94,7 +88,7 @@ const PathResolver::Listing& PathResolver::listingOf(const fs::path& folder) {
         fs::directory_iterator entries(folder.empty() ? fs::path(".") : folder, error);
         for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
             const auto name = entries->path().filename().native();
-            place->second[lowered(name)].push_back(name);
+            place->second[base::upper(name)].push_back(name);
         }
     }
     return place->second;

@@ -24,7 +24,7 @@ class PathResolver {
                                                  std::string_view written);
 
   private:
-    /// Names by their lower-case form.
+    /// Names by their upper-case form.
     using Listing = std::unordered_map<std::string, std::vector<std::string>>;
 
     std::optional<std::filesystem::path> findIn(const std::filesystem::path& folder, const std::string& name);
