@@ -3,6 +3,7 @@
 #include "forms/win32/painted_window.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace corvelle::forms {
 
