@@ -144,7 +144,7 @@ TEST_F(Indexer, HasItsControlsInTheFramesTheyBelongTo) {
 TEST_F(Indexer, AsksForTheExclusionListOnceAndRemembersItsPath) {
     desktop.map().values.clear();
     const auto path = folder.write("list", "timer image\r\nlabel\r\n").string();
-    desktop.answerNextBox(yes);
+    desktop.answerNextBox(yes, [this] { EXPECT_EQ(calls.count("VBProject.Type"), 0); }); // first of all
     desktop.chooseNextFile(path);
     addExample();
     add("frmTimer", ComponentType::VBForm, {{"tmr", "Timer"}, {"lbl", "Label"}});
@@ -350,6 +350,55 @@ TEST_F(Indexer, ShowsEachStage) {
               "Optionally you can save the processings as a Project file (a plain file to list the relevant "
               "informations for this Add-In and don't think a VB Project). If saved you can use it for "
               "latter reference for this Add-In.");
+}
+
+TEST_F(Indexer, SetsWhatBelongsToAStageWhateverWasThere) {
+    addExample();
+    FrmIndexer& form = showCreated();
+    form.Text1(2).setText(pathOf("a.txt"));
+    const std::pair<void (FrmIndexer::*)(), Look> stages[] = {
+        {&FrmIndexer::StageNew,
+         {"Help Context ID Indexer :Stage 1 of 4", "&Analyse", "&Next", "&Close", true, true}},
+        {&FrmIndexer::StageIndex,
+         {"Help Context ID Indexer :Stage 2 of 4", "&Create", "&Next", "&Back", true, true}},
+        {&FrmIndexer::StageTxtPopup,
+         {"Help Context ID Indexer :Stage 3 of 4", "&Save", "?", "&Back", true, true}},
+        {&FrmIndexer::StageReport,
+         {"Help Context ID Indexer :Stage 1 of 4", "?", "?", "&Close", false, false}},
+    };
+    int frame = 0;
+    for (const auto& [enter, wanted] : stages) {
+        form.setCaption("?");
+        form.lblInfo.setCaption("?");
+        for (auto* button : {&form.CmdProc, &form.CmdNext, &form.CmdClose}) button->setCaption("?");
+        form.CmdProc.setEnabled(false);
+        form.CmdNext.setEnabled(!wanted.nextEnabled);
+        (form.*enter)();
+        EXPECT_EQ(look(form), wanted) << frame;
+        EXPECT_NE(form.lblInfo.caption(), "?");
+        EXPECT_EQ(shownFrame(form), frame++);
+    }
+}
+
+TEST_F(Indexer, PlacesAStagesFrameBesideItsText) {
+    FrmIndexer& form = show();
+    const auto move = [](forms::Control& control, int left, int top, int wider) {
+        const auto& now = control.bounds();
+        control.setBounds({left, top, now.width + wider, now.height});
+    };
+    move(form.lblInfo, 30, 40, 300);
+    const std::pair<void (FrmIndexer::*)(), forms::Frame*> stages[] = {
+        {&FrmIndexer::StageNew, &form.FrameOne},
+        {&FrmIndexer::StageIndex, &form.FrameTwo},
+        {&FrmIndexer::StageReport, &form.FrameFour}};
+    for (const auto& [enter, frame] : stages) {
+        move(*frame, 1, 2, 0);
+        const auto before = frame->bounds();
+        (form.*enter)();
+        EXPECT_EQ(frame->bounds(),
+                  (forms::Bounds{form.lblInfo.bounds().width + 90, 45, before.width, before.height}))
+            << frame->name();
+    }
 }
 
 TEST_F(Indexer, KeepsWhatWasDoneOnTheWayBack) {
