@@ -201,7 +201,7 @@ class IndexRun {
         info[indexer::slot::header] = settings_.header;
         info[indexer::slot::configuration] = settings_.config;
         info[indexer::slot::text] = settings_.text.value_or("");
-        info[indexer::slot::moduleName] = settings_.module.value_or("");
+        info[indexer::slot::moduleName] = base::trimSpaces(settings_.module.value_or(""));
         info[indexer::slot::moduleFile] = settings_.moduleFile.value_or("");
         const auto saved = indexer::saveProject(*settings_.projectFile, dateAndTime_, info);
         if (!saved.saved) return fail(exitFailed, *settings_.projectFile + ": " + saved.message->text);

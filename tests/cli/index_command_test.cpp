@@ -148,16 +148,21 @@ TEST_F(IndexCommand, ReplacesNoModuleOfAnotherFileOrKind) {
 }
 
 TEST_F(IndexCommand, RefusesNames) {
-    expectRefused(files + "--module 'mod Help' --module-file o/m.bas", 1,
-                  "The module name 'mod Help' is invalid.");
+    expectRefused(files + "--module 'mod Help' --module-file o/m.bas --autoload --text o/a.txt "
+                          "--report o/a.log --project-file o/a.icp",
+                  1, "The module name 'mod Help' is invalid.");
     expectRefused(files + "--module MODULE1 --module-file o/m.bas", 1,
                   "The module name 'MODULE1' is invalid.");
     expectRefused(files + "--module 1a --module-file o/m.bas", 1, "The module name '1a' is invalid.");
     expectRefused(files + "--module mod.Help --module-file o/m.bas", 1, "Invalid property value");
     expectRefused(files + "--module '' --module-file o/m.bas", 1, "Invalid property value");
     expectRefused(files + "--module proj --module-file o/m.bas", 1, "Name conflicts");
-    EXPECT_EQ(run(files + "--module ' modHelp ' --module-file o/m.bas").status, 0);
+}
+
+TEST_F(IndexCommand, TrimsTheModulesNameAsTheWizardsBoxDoes) {
+    EXPECT_EQ(run(files + "--module ' modHelp ' --module-file o/m.bas --project-file o/a.icp").status, 0);
     EXPECT_THAT(folder.read("o/m.bas"), StartsWith("Attribute VB_Name = \"modHelp\"\r\n"));
+    EXPECT_THAT(folder.read("o/a.icp"), HasSubstr("\r\nModule Name= modHelp\r\n"));
 }
 
 TEST_F(IndexCommand, WritesTheTextsAndKeepsThoseOfAnOlderFile) {
