@@ -13,7 +13,7 @@
 #include <atomic>
 #include <exception>
 #include <iostream>
-#include <system_error>
+#include <optional>
 #include <thread>
 
 namespace corvelle::cli {
@@ -45,19 +45,29 @@ class Run {
         const std::size_t workers = std::min(busy, sources_.size());
         try {
             while (threads.size() + 1 < workers) threads.emplace_back([this] { work(); });
-        } catch (const std::system_error&) {
-            // The system has no more threads to give: the ones that run do all the work.
+        } catch (const std::exception&) {
+            // The system has no more threads or memory to give: the ones that run do all the work.
         }
         return threads;
     }
 
     void work() {
         for (std::size_t i = next_++; i < sources_.size(); i = next_++) {
-            FormatJob job(sources_[i], settings_);
-            slots_.use([&] { job.format(); });
-            if (settings_.backupDir) names_.pass(i, [&] { job.chooseBackup(backupNames_); });
-            job.save(list_.realPaths);
-            output_.pass(i, [&] { print(job); });
+            std::optional<FormatJob> job;
+            // What a step throws ends this module's work; the turns of the others come all the same.
+            bool failed = false;
+            const auto step = [&failed](const auto& function) {
+                try {
+                    if (!failed) function();
+                } catch (const std::exception&) {
+                    failed = true;
+                }
+            };
+            step([&] { job.emplace(sources_[i], settings_); });
+            step([&] { slots_.use([&] { job->format(); }); });
+            if (settings_.backupDir) names_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
+            step([&] { job->save(list_.realPaths); });
+            output_.pass(i, [&] { failed ? printLackOfMemory(sources_[i]) : print(*job); });
         }
     }
 
@@ -66,7 +76,7 @@ class Run {
         progress_.clear();
         try {
             job.printMessages(err_);
-        } catch (const base::FileError&) {
+        } catch (const std::exception&) {
             // Nobody reads the messages; what was asked for is done all the same.
         }
         try {
@@ -79,6 +89,14 @@ class Run {
         progress_.step();
         ++fates_[static_cast<std::size_t>(job.fate())];
         status_ = std::max(status_, static_cast<int>(job.status()));
+    }
+
+    void printLackOfMemory(const ModuleSource& source) {
+        progress_.clear();
+        std::cerr << source.shownPath << ": Out of memory" << std::endl;
+        progress_.step();
+        ++fates_[static_cast<std::size_t>(FormatJob::Fate::Failed)];
+        status_ = exitFailed;
     }
 
     void printTotals() {

@@ -57,6 +57,8 @@ class IndexRun {
     int run() {
         if (open() && readDesigners() && checkOutputs() && readOptions()) {
             analysis_.analyseProject(project_, job_.options, messages_);
+            // A project on disk, every designer of which could be read, fails for lack of memory alone.
+            if (!analysis_.isComplete()) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
             report_.AddInfo_Rpt(dateAndTime_, analysis_.captions());
             if (prepareJob() && create()) {
                 saveTexts();

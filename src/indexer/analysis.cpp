@@ -30,6 +30,11 @@ void countOne(Counter& counter) {
 
 } // namespace
 
+template <class Statement>
+void Analysis::attempt(const Statement& statement) {
+    if (!ignoringErrors(statement)) complete_ = false;
+}
+
 void Analysis::ResetCounts() {
     forms_ = userControls_ = propertyPages_ = documents_ = designers_ = 0;
     mdiForms_ = 0;
@@ -39,15 +44,15 @@ bool Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, co
                               IndexerObserver& observer) {
     ResetCounts();
     selected_.clear();
-    ignoringErrors([&] { captions_.lblProj = "Project Name: " + required(project).Name(); });
+    complete_ = true;
+    attempt([&] { captions_.lblProj = "Project Name: " + required(project).Name(); });
     std::shared_ptr<ide::VBComponents> components;
     std::int32_t count = 0;
-    ignoringErrors([&] { components = required(project).VBComponents(); });
-    ignoringErrors([&] { count = required(components).Count(); });
+    attempt([&] { components = required(project).VBComponents(); });
+    attempt([&] { count = required(components).Count(); });
     captions_.LblForms = "Total Forms: " + std::to_string(count);
     observer.captionsChanged(captions_);
-    for (std::int32_t i = 1; i <= count; ++i)
-        ignoringErrors([&] { takeComponent(components->Item(i), options); });
+    for (std::int32_t i = 1; i <= count; ++i) attempt([&] { takeComponent(components->Item(i), options); });
     setCountCaptions();
     observer.captionsChanged(captions_);
 
@@ -57,7 +62,7 @@ bool Analysis::analyseProject(const std::shared_ptr<ide::VBProject>& project, co
         if (observer.isStopped()) return false;
     }
     captions_.lblControls = "Total Controls: " + std::to_string(totalControls_);
-    ignoringErrors([&] {
+    attempt([&] {
         captions_.lblPrjStat =
             std::string("Project has been saved: ") + (required(project).IsDirty() ? "False" : "True");
     });
@@ -108,16 +113,16 @@ void Analysis::countControls(ide::VBComponent& component, IndexerObserver& obser
         return !observer.isStopped();
     };
     if (!goesOn()) return;
-    ignoringErrors([&] { component.Activate(); });
+    attempt([&] { component.Activate(); });
     if (goesOn()) {
-        ignoringErrors([&] { required(component.DesignerWindow()).SetFocus(); });
+        attempt([&] { required(component.DesignerWindow()).SetFocus(); });
         if (goesOn()) {
-            ignoringErrors(
+            attempt(
                 [&] { add(totalControls_, required(required(component.Designer()).VBControls()).Count()); });
         }
     }
     // Nor does an analysis that was stopped leave the window it has opened.
-    ignoringErrors([&] { required(component.DesignerWindow()).Close(); });
+    attempt([&] { required(component.DesignerWindow()).Close(); });
 }
 
 } // namespace corvelle::indexer

@@ -25,8 +25,13 @@ class Analysis {
     const std::vector<std::shared_ptr<ide::VBComponent>>& SelectedDesigners() const { return selected_; }
     /// Controls of all selected designers.
     std::int32_t TotalControls() const { return totalControls_; }
+    /// Whether no error was ignored on the way.
+    bool isComplete() const { return complete_; }
 
   private:
+    /// Ignores errors, and notes that there was one.
+    template <class Statement>
+    void attempt(const Statement& statement);
     void ResetCounts();
     void takeComponent(const std::shared_ptr<ide::VBComponent>& component, const IndexOptions& options);
     void countControls(ide::VBComponent& component, IndexerObserver& observer);
@@ -36,6 +41,7 @@ class Analysis {
     std::int16_t forms_ = 0, userControls_ = 0, propertyPages_ = 0, documents_ = 0, designers_ = 0;
     std::uint8_t mdiForms_ = 0;
     std::int32_t totalControls_ = 0;
+    bool complete_ = false;
     std::vector<std::shared_ptr<ide::VBComponent>> selected_;
     AnalysisCaptions captions_;
 };
