@@ -3,6 +3,8 @@
 #include "base/run_time_error.h"
 #include "forms/desktop.h"
 
+#include <utility>
+
 namespace corvelle::forms {
 
 Timer::~Timer() {
@@ -25,9 +27,10 @@ void Timer::setEnabled(bool enabled) {
 }
 
 void Timer::restart() {
-    if (running_) desktop_.stopTimer(*this);
-    running_ = enabled_ && interval_ > 0;
-    if (running_) desktop_.startTimer(*this, interval_);
+    if (std::exchange(running_, false)) desktop_.stopTimer(*this);
+    if (!enabled_ || interval_ == 0) return;
+    desktop_.startTimer(*this, interval_);
+    running_ = true;
 }
 
 void Timer::ticked() {

@@ -155,6 +155,7 @@ class FrmFormatter : public forms::Form, private PassObserver {
     void doEvents() override;
 
     // Write-back
+    void addToModule();
     bool writeToModule();
     void replaceLines(ide::CodeModule& module, std::string& oldText);
 

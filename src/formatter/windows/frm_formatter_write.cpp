@@ -22,20 +22,31 @@ void putBack(ide::CodeModule& module, const std::string& oldText) {
 
 void FrmFormatter::CmdAdd_Click() {
     runAlone([this] {
-        CmdFmt.setEnabled(false);
-        setInfo("Please Wait writing to code module..");
-        setImage(3);
-        if (writeToModule()) {
-            CmdAdd.setEnabled(false);
-            bSave_ = true;
-            setInfo("Formatted code written to the code module..");
-            setImage(2);
-        } else {
-            setInfo("Error while writing to the code module..");
-            setImage(1);
-            desktop().msgBox("errors occured while adding code to module..", 0);
-        }
+        bool ended = false;
+        run([&] {
+            addToModule();
+            ended = true;
+        });
+        if (ended) return;
+        setImage(1);
+        Indic.stopNow();
     });
+}
+
+void FrmFormatter::addToModule() {
+    CmdFmt.setEnabled(false);
+    setInfo("Please Wait writing to code module..");
+    setImage(3);
+    if (writeToModule()) {
+        CmdAdd.setEnabled(false);
+        bSave_ = true;
+        setInfo("Formatted code written to the code module..");
+        setImage(2);
+    } else {
+        setInfo("Error while writing to the code module..");
+        setImage(1);
+        desktop().msgBox("errors occured while adding code to module..", 0);
+    }
 }
 
 bool FrmFormatter::writeToModule() {

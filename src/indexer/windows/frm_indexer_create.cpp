@@ -19,8 +19,9 @@ void FrmIndexer::Command2_Click(std::size_t index) {
     const auto path = chooseFile(filters.at(index));
     if (path.empty()) return;
     Text1(index).setText(path);
-    if (session_->stage == Stage::TxtPopup && !Text1(2).text().empty())
-        ignoringErrors([this] { loadChosenTextFile(); });
+    if (session_->stage != Stage::TxtPopup || Text1(2).text().empty()) return;
+    const bool loaded = ignoringErrors([this] { loadChosenTextFile(); });
+    if (!loaded) Text1(2).setText(""); // nothing may be saved over texts that were not taken
 }
 
 void FrmIndexer::Text1_Change() {

@@ -7,17 +7,20 @@ namespace corvelle::indexer {
 void FrmIndexer::prepareTextEntries() {
     const auto session = session_;
     setMousePointer(forms::MousePointer::Hourglass);
-    auto prepared = indexer::prepareTextEntries(Text1(0).text(), Text1(1).text(), Text1(2).text());
-    if (prepared.mappings) {
-        texts_.clear();
-        texts_.takeMappings(std::move(*prepared.mappings));
-        texts_.chooseFirst();
-    }
-    if (!prepared.mappings) setMousePointer(forms::MousePointer::Default);
-    if (prepared.message) msgBox(*prepared.message);
+    PreparedEntries prepared;
+    const bool ended = run([&] {
+        prepared = indexer::prepareTextEntries(Text1(0).text(), Text1(1).text(), Text1(2).text());
+        if (prepared.mappings) {
+            texts_.clear();
+            texts_.takeMappings(std::move(*prepared.mappings));
+            texts_.chooseFirst();
+        }
+        if (!prepared.mappings) setMousePointer(forms::MousePointer::Default);
+        if (prepared.message) msgBox(*prepared.message);
+    });
     if (session != session_) return; // the window has gone behind the box
     setMousePointer(forms::MousePointer::Default);
-    if (!prepared.mappings) StageIndex();
+    if (!ended || !prepared.mappings) StageIndex(); // half an index must not be saved
 }
 
 void FrmIndexer::loadChosenTextFile() {

@@ -1,6 +1,8 @@
 #include "indexer/windows/frm_txt.h"
 
+#include "base/file_descriptor.h"
 #include "base/ignoring_errors.h"
+#include "base/path_text.h"
 #include "forms/common_dialog.h"
 #include "forms/desktop.h"
 #include "forms/message_box.h"
@@ -14,6 +16,12 @@
 #include <utility>
 
 namespace corvelle::indexer {
+
+namespace {
+
+constexpr unsigned newFileMode = 0666;
+
+} // namespace
 
 FrmTxt::FrmTxt(forms::Desktop& desktop)
     : Form(desktop, "FrmTxt"),
@@ -140,21 +148,27 @@ FrmTxt::Status FrmTxt::loadData() {
         msgBox(indexFilesMissing());
         return fileExists(info[slot::configuration]) ? Status::NoTextFile : Status::NotReady;
     }
-    info_ = std::move(info);
+    const bool loaded = run([&] { loadIndex(info); });
+    run([this] { Indic.stopNow(); });
+    setMousePointer(forms::MousePointer::Default);
+    if (!loaded) return Status::NotReady;
+    setStatus(" Status: Ready to accept Text entries...");
+    return Status::Loaded;
+}
+
+void FrmTxt::loadIndex(const ProjectInfo& info) {
+    info_.fill({}); // half an index must not be saved
     setMousePointer(forms::MousePointer::Hourglass);
     Indic.StartNow();
     setStatus(" Status: Loading Mappings..");
     editor_.reset();
-    editor_.takeMappings(LoadMappings(info_[slot::configuration]));
-    setStatus(" Status: Finished loading Mappings..");
-    LoadTextEntries(info_[slot::text], editor_.index(), LastDefault::Read);
-    setStatus(" Status: Finished loading Text entries...");
     saved_ = true;
+    editor_.takeMappings(LoadMappings(info[slot::configuration]));
+    setStatus(" Status: Finished loading Mappings..");
+    LoadTextEntries(info[slot::text], editor_.index(), LastDefault::Read);
+    setStatus(" Status: Finished loading Text entries...");
+    info_ = info;
     editor_.chooseFirst();
-    Indic.stopNow();
-    setMousePointer(forms::MousePointer::Default);
-    setStatus(" Status: Ready to accept Text entries...");
-    return Status::Loaded;
 }
 
 void FrmTxt::NewText() {
@@ -169,7 +183,8 @@ void FrmTxt::chooseTextFile() {
     const auto path =
         ShowFileDialog("Text Files(*.txt)|*.txt", std::string(getFilePath(opened_[slot::text])), "", dialog);
     if (path.empty() || mustClose()) return;
-    if (!fileExists(path)) WriteLines(path, {}); // the dialog has asked whether to make it
+    // The dialog has asked whether to make it. One that is there stays.
+    base::ignoringErrors([&] { base::openNew(base::pathOf(path), newFileMode); });
     opened_[slot::text] = path;
     if (valid_) {
         CmdProc.setEnabled(true); // the project may have lacked nothing else

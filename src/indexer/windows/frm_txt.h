@@ -104,6 +104,7 @@ class FrmTxt : public forms::Form {
     void checkStatusOrNewText();
     Status checkStatus();
     Status loadData();
+    void loadIndex(const ProjectInfo& info);
     void chooseTextFile();
     void save();
     void setStatus(std::string_view text) { Lblstat.setCaption(std::string(text)); }
