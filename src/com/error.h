@@ -33,6 +33,11 @@ inline void check(HRESULT result) {
     if (FAILED(result)) throw runTimeError(result);
 }
 
+/// Throws the HresultError of a call that failed: for a caller who wants the HRESULT itself.
+inline void require(HRESULT result) {
+    if (FAILED(result)) throw HresultError(result);
+}
+
 /// The HRESULT that carries the error: 0x800A0000 + number; a number that is a failed HRESULT already stays.
 HRESULT hresultOf(const base::RunTimeError& error);
 

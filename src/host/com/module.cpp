@@ -8,10 +8,6 @@ namespace {
 
 HINSTANCE module = nullptr;
 
-void require(HRESULT result) {
-    if (FAILED(result)) throw com::HresultError(result);
-}
-
 } // namespace
 
 HINSTANCE moduleInstance() {
@@ -34,13 +30,13 @@ std::wstring modulePath() {
 
 com::Ptr<ITypeLib> typeLibrary() {
     com::Ptr<ITypeLib> library;
-    require(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.receive()));
+    com::require(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.receive()));
     return library;
 }
 
 com::Ptr<ITypeInfo> typeInfo(REFGUID id) {
     com::Ptr<ITypeInfo> information;
-    require(typeLibrary()->GetTypeInfoOfGuid(id, information.receive()));
+    com::require(typeLibrary()->GetTypeInfoOfGuid(id, information.receive()));
     return information;
 }
 

@@ -26,8 +26,7 @@ class LibraryKey {
   public:
     LibraryKey() : library_(typeLibrary()) {
         TLIBATTR* attributes = nullptr;
-        const HRESULT result = library_->GetLibAttr(&attributes);
-        if (FAILED(result)) throw com::HresultError(result);
+        com::require(library_->GetLibAttr(&attributes));
         attributes_ = *attributes;
         library_->ReleaseTLibAttr(attributes);
     }
@@ -115,8 +114,7 @@ void unregisterTypeLibrary(const std::wstring& file) {
     const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, key.filePath());
     if (!registered || !isSameFile(*registered, file)) return; // another copy's
     const TLIBATTR& of = key.attributes();
-    const HRESULT result = UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind);
-    if (FAILED(result)) throw com::HresultError(result);
+    com::require(UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind));
     RegistryKey::remove(HKEY_CLASSES_ROOT, key.versionPath()); // flags and folder
     RegistryKey::removeIfEmpty(HKEY_CLASSES_ROOT, key.path());
 }
@@ -128,8 +126,7 @@ void registerServer() {
     const std::wstring path = modulePath();
     std::wstring file = path;
     std::wstring helpFolder = path.substr(0, path.find_last_of(L'\\'));
-    const HRESULT result = RegisterTypeLib(library.library(), file.data(), helpFolder.data());
-    if (FAILED(result)) throw com::HresultError(result);
+    com::require(RegisterTypeLib(library.library(), file.data(), helpFolder.data()));
     for (const ComClass& entry : classTable()) registerClass(entry, library, path);
 }
 
