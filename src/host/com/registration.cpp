@@ -2,6 +2,7 @@
 
 #include "com/error.h"
 #include "host/com/class_table.h"
+#include "host/com/indicator/indicator_control.h"
 #include "host/com/module.h"
 #include "host/com/registry_key.h"
 
@@ -78,7 +79,7 @@ bool isSameFile(const std::wstring& a, const std::wstring& b) {
 void registerControl(const std::wstring& path, const std::wstring& file) {
     set(path + L"\\Control", L"");
     set(path + L"\\MiscStatus", L"0");
-    set(path + L"\\MiscStatus\\1", L"131473");
+    set(path + L"\\MiscStatus\\1", std::to_wstring(IndicatorControl::miscStatus));
     set(path + L"\\ToolboxBitmap32", file + L", 103");
     set(path + L"\\Implemented Categories\\" + control, L"");
 }
