@@ -1,6 +1,7 @@
 // gallery PROJECT FOLDER [DPI] - shows every window as a user of the project would see it, and saves a
 // picture of each in the folder, as NAME.bmp.
 
+#include "base/path_text.h"
 #include "forms/win32/win32_desktop.h"
 #include "forms/win32/window_picture.h"
 #include "gallery/gallery.h"
@@ -38,7 +39,7 @@ int main(int argc, char* argv[]) {
     try {
         const std::string folder = argv[2];
         forms::Win32Desktop desktop(GetModuleHandleA(nullptr), argc > 3 ? std::atoi(argv[3]) : 0);
-        const auto ide = workspace::Workspace::open(argv[1]);
+        const auto ide = workspace::Workspace::open(base::pathOf(argv[1]));
         ide->setActiveCodePane(ide->projects().front()->components().front().get());
         gallery::showAll(desktop, ide, [&](const std::string& name, forms::Form& form) {
             settle(desktop);
