@@ -134,12 +134,13 @@ void checkParts(const ModuleFile& before, const ModuleFile& after, bool removes)
         return a == b ||
                (b.size() > a.size() && b.substr(0, a.size()) == a && b.find_last_not_of("\r\n") < a.size());
     };
-    require(endsAlike(before.header(), after.header()), "the header is kept");
-    std::string hiddenBefore, hiddenAfter;
+    // Where all code before them goes, hidden lines become a part of the header.
+    std::string hiddenBefore(before.header()), hiddenAfter(after.header());
     for (const auto& run : before.hiddenRuns()) hiddenBefore += before.hidden(run);
     for (const auto& run : after.hiddenRuns()) hiddenAfter += after.hidden(run);
-    require(endsAlike(hiddenBefore, hiddenAfter), "hidden lines are kept");
-    require(before.type() == after.type() && before.name() == after.name(), "it is the same module");
+    require(endsAlike(hiddenBefore, hiddenAfter), "the header and hidden lines are kept");
+    if (before.headerLines() == after.headerLines())
+        require(before.type() == after.type() && before.name() == after.name(), "it is the same module");
     std::uint32_t from = 0;
     for (std::uint32_t i = 0; i < after.codeLineCount(); ++i, ++from) {
         const auto wanted = essence(after.codeLine(i));
