@@ -1,3 +1,4 @@
+#include "base/full_disk.h"
 #include "base/temporary_folder.h"
 #include "indexer/existing_index.h"
 
@@ -97,6 +98,20 @@ TEST_F(ExistingIndex, LosesNothingWhenTheTextsCannotBeSaved) {
         EXPECT_EQ(folder.read("a.hcnf"), "mappings");
     }
 }
+
+#ifndef _WIN32
+TEST_F(ExistingIndex, PutsTheOldTextsBackWhenTheNewOnesFindNoRoom) {
+    index.entries[1].HelpText = std::string(1000, 'x');
+    {
+        const test::FullDisk full(500);
+        const auto saved = save(true);
+        EXPECT_TRUE(saved.indexFiles);
+        EXPECT_FALSE(saved.texts);
+    }
+    EXPECT_THAT(textFiles.back(), testing::HasSubstr("#define")); // they were gone
+    EXPECT_EQ(folder.read("a.txt"), oldTexts);
+}
+#endif
 
 TEST_F(ExistingIndex, WritesNoLineOverTextsThatCouldNotBeRead) {
     index.unreadTextFiles = {info[slot::text]};
