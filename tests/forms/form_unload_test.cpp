@@ -138,6 +138,26 @@ TEST_F(FormUnload, ValuesAreGoneAfterwards) {
     EXPECT_FALSE(form->visible());
 }
 
+TEST_F(FormUnload, EveryControlIsAsDesignedAfterwards) {
+    for (Control* control : form->controls()) {
+        control->setEnabled(false);
+        control->setVisible(false);
+        control->setTag("tag");
+        control->setWhatsThisHelpID(7);
+        control->setForeColor(1);
+    }
+    form->unload();
+    const auto other = std::make_shared<RecordingForm>(desktop);
+    for (std::size_t i = 0; i < form->controls().size(); ++i) {
+        const Control& control = *form->controls()[i];
+        EXPECT_TRUE(control.enabled()) << control.name();
+        EXPECT_TRUE(control.visible()) << control.name();
+        EXPECT_EQ(control.tag(), "") << control.name();
+        EXPECT_EQ(control.whatsThisHelpID(), 0) << control.name();
+        EXPECT_EQ(control.foreColor(), other->controls()[i]->foreColor()) << control.name();
+    }
+}
+
 TEST_F(FormUnload, ItLoadsAfreshWhenUsedAgain) {
     form->unload();
     form->forget();
