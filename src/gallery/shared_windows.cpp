@@ -56,15 +56,12 @@ class Indicators : public forms::Form {
 } // namespace
 
 void showShared(forms::Desktop& desktop, const Look& look) {
-    constexpr forms::Colour purple = 0x800080;
     const auto box = ui::frmAbt::defaultInstance(desktop);
     box->setAboutPicture(forms::Picture("page"));
     box->show();
     look("frmAbt", *box);
     box->setTitle("Help ID Indexer");
-    box->setWarning(" Warning: Author can not be held responsible for any code loss."
-                    " Keep backups ready. Program under beta testing.",
-                    purple, forms::colours::white);
+    box->setWarning(ui::codeLossWarning, ui::warningColour, forms::colours::white);
     box->setAboutPicture(forms::Picture("icon102"));
     look("frmAbt-warning", *box);
     box->unload();

@@ -11,6 +11,12 @@
 
 namespace corvelle::ui {
 
+/// The warning that the add-ins show in their about boxes, and the ground that it stands on.
+inline constexpr const char* codeLossWarning =
+    " Warning: Author can not be held responsible for any code loss. Keep backups ready. Program under beta "
+    "testing.";
+inline constexpr forms::Colour warningColour = 0x800080;
+
 /// The about box. The caller takes the default instance, fills it in and shows it with showModal(); a click
 /// anywhere closes it.
 class frmAbt : public forms::Form {

@@ -140,11 +140,8 @@ void frmMain::FormatterClosed(const std::string& backupDir) {
 // About, closing
 
 void frmMain::CmdAbt_Click() {
-    constexpr forms::Colour purple = 0x800080;
     const auto box = ui::frmAbt::defaultInstance(desktop());
-    box->setWarning(" Warning: Author can not be held responsible for any code loss."
-                    " Keep backups ready. Program under beta testing.",
-                    purple, forms::colours::white);
+    box->setWarning(ui::codeLossWarning, ui::warningColour, forms::colours::white);
     box->setAboutPicture(Image1.picture());
     box->showModal();
 }

@@ -59,12 +59,9 @@ void FrmIndex_Main::choose(Choice choice) {
 }
 
 void FrmIndex_Main::CmdAbt_Click() {
-    constexpr forms::Colour purple = 0x800080;
     const auto box = ui::frmAbt::defaultInstance(desktop());
     box->setTitle("Help ID Indexer");
-    box->setWarning(" Warning: Author can not be held responsible for any code loss."
-                    " Keep backups ready. Program under beta testing.",
-                    purple, forms::colours::white);
+    box->setWarning(ui::codeLossWarning, ui::warningColour, forms::colours::white);
     box->setAboutPicture(icon());
     box->showModal();
 }
