@@ -194,6 +194,21 @@ TEST_F(TextEntryWindowClosing, SurvivesADisconnectionBehindItsBoxes) {
     EXPECT_EQ(folder.read("a.txt"), savedTexts); // by Save
 }
 
+TEST_F(TextEntryWindowClosing, AsksAboutWhatWasTypedOnceTheCommandHasEnded) {
+    showOpened();
+    type("typed");
+    const auto window = manager->editor;
+    desktop.answerNextBox(no, [&] {
+        manager->Hide();
+        EXPECT_TRUE(window->isLoaded());
+        EXPECT_EQ(desktop.boxes().size(), 1U); // the command's own question
+    });
+    answer(no);
+    click(window->CmdDel);
+    EXPECT_EQ(lastBox(), saveBox);
+    expectGone(window);
+}
+
 TEST_F(TextEntryWindowClosing, SurvivesADisconnectionWhileItAsks) {
     showOpened();
     type("typed");

@@ -253,7 +253,7 @@ TEST_F(TextEntryWindow, EmptiesItsListsForAProjectThatCannotBeOpened) {
         openProject(name);
         EXPECT_EQ(window.cboDsr.listCount() + window.CboCtl.listCount(), 0);
         EXPECT_EQ(display(), "disabled: ");
-        EXPECT_EQ(window.LblID.caption(), "");
+        EXPECT_EQ(window.LblID.caption() + window.LblType.caption(), "");
         EXPECT_FALSE(window.CmdProc.enabled());
     }
     EXPECT_EQ(window.txtPrj.text(), "Invalid project file..");
