@@ -4,6 +4,7 @@
 //
 // Input: files (see filesOf); the file without a name holds the edits.
 
+#include "base/binary_check.h"
 #include "cli/source_list.h"
 #include "ide/code_module.h"
 #include "ide/properties.h"
@@ -179,10 +180,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto workspace = opened(path);
     require((workspace != nullptr) == (before.count(path) == 1), "what is there is opened");
     if (!workspace) return 0;
-    bool text = true;
-    for (const auto& [name, bytes] : before)
-        text =
-            text && bytes.find_first_of(std::string("\0\1\2\3\4\5\6\7\x0E\x0F\x1B", 11)) == std::string::npos;
+    // The command line refuses a project that is no text.
+    const bool text = std::all_of(before.begin(), before.end(), [](const auto& file) {
+        return base::whatInsteadOfText(file.second).empty();
+    });
     if (text) checkLists(*workspace, path);
     for (const auto& project : workspace->projects()) {
         for (const auto& component : project->components()) checkComponent(*component);
