@@ -84,6 +84,7 @@ TEST_F(SelectionPage, CannotProceedWithoutACodeWindow) {
     ide->activate(module);
     desktop.click(page());
     EXPECT_TRUE(page().CmdNext.enabled());
+    const std::weak_ptr<ide::CodePane> closed = ide->pane;
     ide->activate(nullptr);
     ide->project->name = "Renamed";
     desktop.answerNextBox(ok);
@@ -91,6 +92,14 @@ TEST_F(SelectionPage, CannotProceedWithoutACodeWindow) {
     EXPECT_EQ(page().caption(), "Trellis [Renamed]");
     EXPECT_FALSE(page().CmdNext.enabled());
     EXPECT_EQ(page().Text1.text(), "");
+    EXPECT_TRUE(closed.expired()); // the page has let go of it, and of its module
+    EXPECT_EQ(module->code.use_count(), 1);
+
+    ide->activate(module);
+    module->dirty = true;
+    desktop.answerNextBox(ok, [&] { EXPECT_FALSE(page().CmdNext.enabled()); });
+    desktop.click(page().cmdRef);
+    EXPECT_TRUE(page().CmdNext.enabled()); // the warning is only that
 }
 
 TEST_F(SelectionPage, CannotProceedWithoutAProjectOrAnIde) {
