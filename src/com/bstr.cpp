@@ -4,14 +4,15 @@
 #include "base/win32/code_page.h"
 
 #include <new>
+#include <utility>
 
 namespace corvelle::com {
 
 namespace {
 
 template <class Text>
-const Text& inCodePage(const std::optional<Text>& text) {
-    if (text) return *text;
+Text inCodePage(std::optional<Text> text) {
+    if (text) return std::move(*text);
     throw base::RunTimeError(static_cast<std::int32_t>(base::ErrorNumber::TypeMismatch),
                              "The text has a character that is not in the system's code page");
 }

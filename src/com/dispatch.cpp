@@ -22,7 +22,7 @@ void Dispatch::invoke(const wchar_t* name, WORD kind, const Variant* arguments, 
     if (!object_) throw base::RunTimeError(base::ErrorNumber::ObjectVariableNotSet);
     const auto object = object_; // the call may end us
     const DISPID id = idOf(name);
-    std::vector<VARIANT> values(count); // the last argument first; they stay the caller's
+    std::array<VARIANT, mostArguments> values; // the last argument first; they stay the caller's
     for (std::size_t i = 0; i < count; ++i) values[count - 1 - i] = arguments[i].get();
     DISPID put = DISPID_PROPERTYPUT;
     const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;

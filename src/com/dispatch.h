@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -26,6 +25,7 @@ class Dispatch {
     /// is.
     template <class... Arguments>
     Variant get(const wchar_t* name, Arguments&&... arguments) {
+        static_assert(sizeof...(arguments) <= mostArguments);
         std::array<Variant, sizeof...(arguments)> values{Variant(std::forward<Arguments>(arguments))...};
         Variant result;
         invoke(name, DISPATCH_METHOD | DISPATCH_PROPERTYGET, values.data(), values.size(), &result);
@@ -34,6 +34,7 @@ class Dispatch {
     /// A method whose result, if any, is of no interest.
     template <class... Arguments>
     void call(const wchar_t* name, Arguments&&... arguments) {
+        static_assert(sizeof...(arguments) <= mostArguments);
         std::array<Variant, sizeof...(arguments)> values{Variant(std::forward<Arguments>(arguments))...};
         invoke(name, DISPATCH_METHOD, values.data(), values.size(), nullptr);
     }
@@ -44,6 +45,8 @@ class Dispatch {
     }
 
   private:
+    static constexpr std::size_t mostArguments = 4;
+
     DISPID idOf(const wchar_t* name);
     void invoke(const wchar_t* name, WORD kind, const Variant* arguments, std::size_t count, Variant* result);
 
