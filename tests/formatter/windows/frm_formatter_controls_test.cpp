@@ -158,10 +158,10 @@ TEST_F(FormatterHints, EveryControlTellsWhatItMeans) {
     inDialog([&](FrmFormatter& dialog) {
         dialog.CmdAdd.setEnabled(true);
         const std::vector<std::tuple<forms::Control*, const char*, const char*>> hints{
-            {&dialog.lblInfo, "0", homeHint},
             {&dialog.CmdFile, "1",
              "Let you select a file to which you must save a backup copy first.. It is good idea to create a "
              "backup directory under project directory to store backups."},
+            {&dialog.lblInfo, "0", homeHint},
             {&dialog.CmdFmt, "2",
              "This command formats the code module and stores in a internal butffer. Code module is not "
              "updated any way at this stage.."},

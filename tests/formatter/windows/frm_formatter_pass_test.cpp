@@ -244,6 +244,19 @@ TEST_F(FormatCode, ASecondRunReadsTheModuleAgain) {
     });
 }
 
+TEST_F(FormatCode, ARunThatCannotBeginIsNoFormattedCodeToAskAbout) {
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        calls.fail("CodeModule.CountOfLines", 1, disaster);
+        desktop.answerNextBox(forms::answer::ok);
+        desktop.click(dialog.CmdFmt);
+        EXPECT_EQ(lastBox(), "Corvelle|0|" + disaster.description());
+        EXPECT_EQ(picture(dialog), 1);
+        expectPassAtRest(dialog);
+    }); // and closing asks nothing
+    EXPECT_EQ(desktop.boxes().size(), 1U);
+}
+
 TEST_F(FormatCode, AModuleThatShrinksWhileItIsReadIsAnError) {
     inDialog([&](FrmFormatter& dialog) {
         desktop.atYield([&] { code().resize(4); });

@@ -57,6 +57,16 @@ TEST_F(AddToModule, ReplacesAModuleThatIsFormattedAlready) {
     EXPECT_EQ(calls.count("CodeModule.InsertLines"), static_cast<int>(formattedSample().size()));
 }
 
+TEST_F(AddToModule, ReplacesAModuleOfASingleLine) {
+    code() = {"\tx = 1"};
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        EXPECT_TRUE(desktop.click(dialog.CmdAdd));
+        EXPECT_EQ(picture(dialog), 2);
+    });
+    EXPECT_EQ(code(), Lines{"x = 1"});
+}
+
 TEST_F(AddToModule, SaysSoAndAsksNothingAfterwards) {
     inDialog([&](FrmFormatter& dialog) {
         format(dialog);
