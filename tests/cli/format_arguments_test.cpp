@@ -49,6 +49,15 @@ TEST(Program, ListsItsCommandsInItsHelp) {
     EXPECT_EQ(outcome.err, "");
 }
 
+TEST(Program, HasHelpForEveryCommand) {
+    for (const std::string command : {"format", "index", "text"}) {
+        const Outcome outcome = runCorvelle({command, "--help"});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_THAT(outcome.out, HasSubstr("Usage: corvelle " + command + " [OPTIONS] P"));
+        EXPECT_EQ(outcome.err, "");
+    }
+}
+
 #ifndef _WIN32
 TEST(Program, NoticesThatNobodyCouldBeToldTheVersion) {
     Surroundings full;

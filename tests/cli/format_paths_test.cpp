@@ -69,6 +69,13 @@ TEST_F(Paths, MayBeAGroupWithAllItsProjects) {
     EXPECT_EQ(outcome.status, 2);
 }
 
+TEST_F(Paths, MayBeAGroupWithAnEndingInAnyCase) {
+    folder.write("all.VBG", "Project=a.vbp\r\n");
+    folder.write("a.vbp", "Module=M; m.bas\r\n");
+    folder.write("m.bas", untidy);
+    EXPECT_EQ(listed({"all.VBG"}), "m.bas\n");
+}
+
 TEST_F(Paths, MayBeADirectoryWithEveryModuleBelowIt) {
     for (const char* name : {"d/b.bas", "d/a/z.cls", "d/a/b/y.FRM", "d/c.bas", "d/B1.bas"}) {
         folder.write(name, untidyForm);
