@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <random>
 
 namespace corvelle::host {
 namespace {
@@ -207,6 +208,124 @@ TEST_F(ControlPersistence, ATornStreamChangesNothing) {
     foreign->Seek({}, STREAM_SEEK_SET, nullptr);
     EXPECT_EQ(control.query<IPersistStreamInit>()->Load(foreign.get()), STG_E_INVALIDHEADER);
     EXPECT_EQ(valuesOf(*control)[2], 60);
+}
+
+com::Ptr<IStream> streamOf(const std::string& bytes) {
+    com::Ptr<IStream> stream;
+    EXPECT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, stream.receive()), S_OK);
+    stream->Write(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    return stream;
+}
+
+std::string bytesOf(const com::Ptr<IStream>& stream) {
+    STATSTG status{};
+    stream->Stat(&status, STATFLAG_NONAME);
+    std::string bytes(static_cast<std::size_t>(status.cbSize.QuadPart), '\0');
+    stream->Seek({}, STREAM_SEEK_SET, nullptr);
+    stream->Read(bytes.data(), static_cast<ULONG>(bytes.size()), nullptr);
+    return bytes;
+}
+
+// Bytes changed, gone and added, from a fixed seed.
+std::string damaged(std::string bytes, std::mt19937& random) {
+    for (auto changes = random() % 4 + 1; changes > 0; --changes) {
+        const auto place = random() % (bytes.size() + 1);
+        const auto byte = static_cast<char>(random());
+        switch (random() % 4) {
+        case 0:
+            bytes.erase(place, random() % 6);
+            break;
+        case 1:
+            bytes.insert(place, random() % 6, byte);
+            break;
+        default:
+            if (place < bytes.size()) bytes[place] = byte;
+        }
+    }
+    return bytes;
+}
+
+TEST_F(ControlPersistence, ADamagedStreamIsTakenOrRefused) {
+    const auto saved = streamOf({});
+    ASSERT_EQ(control.query<IPersistStreamInit>()->Save(saved.get(), FALSE), S_OK);
+    const auto whole = bytesOf(saved);
+    std::mt19937 random(1);
+    int taken = 0, refused = 0;
+    for (int i = 0; i < 3000; ++i) {
+        SCOPED_TRACE(i);
+        const HRESULT result =
+            control.query<IPersistStreamInit>()->Load(streamOf(damaged(whole, random)).get());
+        ++(result == S_OK ? taken : refused);
+        const auto interval = valuesOf(*control)[2];
+        EXPECT_TRUE(interval >= 0 && interval <= 65535) << interval;
+        if (result != S_OK) {
+            EXPECT_TRUE(result == STG_E_READFAULT || result == STG_E_INVALIDHEADER ||
+                        result == static_cast<HRESULT>(0x800A017C))
+                << std::hex << result;
+            continue;
+        }
+        const auto again = streamOf({});
+        ASSERT_EQ(control.query<IPersistStreamInit>()->Save(again.get(), FALSE), S_OK);
+        const auto other = makeIndicator();
+        ASSERT_EQ(other.query<IPersistStreamInit>()->Load(streamOf(bytesOf(again)).get()), S_OK);
+        EXPECT_EQ(valuesOf(*other), valuesOf(*control));
+    }
+    EXPECT_GT(taken, 300);
+    EXPECT_GT(refused, 300);
+}
+
+TEST_F(ControlPersistence, ABagOfAnyValuesIsTakenOrRefused) {
+    std::mt19937 random(2);
+    int taken = 0, refused = 0;
+    for (int i = 0; i < 2000; ++i) {
+        SCOPED_TRACE(i);
+        const auto any = com::make<TestBag>();
+        for (const auto& key : read) {
+            const auto number = static_cast<std::int32_t>(random() >> random() % 32);
+            VARIANT value{};
+            switch (random() % 12) {
+            case 0:
+                V_VT(&value) = VT_UI4;
+                V_UI4(&value) = static_cast<ULONG>(number);
+                break;
+            case 1:
+                V_VT(&value) = VT_R8;
+                V_R8(&value) = number * 1.5;
+                break;
+            case 2:
+                V_VT(&value) = VT_BOOL;
+                V_BOOL(&value) = number % 2 == 0 ? VARIANT_TRUE : VARIANT_FALSE;
+                break;
+            case 3:
+                any->set(key, com::Variant(std::to_string(number)));
+                continue;
+            case 4:
+                continue;
+            default:
+                any->set(key, number & 0xFFFF);
+                continue;
+            }
+            any->set(key, com::Variant(value));
+        }
+        const HRESULT result = load(any);
+        ++(result == S_OK ? taken : refused);
+        const auto interval = valuesOf(*control)[2];
+        EXPECT_TRUE(interval >= 0 && interval <= 65535) << interval;
+        if (result != S_OK) {
+            EXPECT_TRUE(result == static_cast<HRESULT>(0x800A017C) || // no such interval
+                        result == static_cast<HRESULT>(0x800A0006))   // overflow
+                << std::hex << result;
+            continue;
+        }
+        bag->values.clear();
+        ASSERT_EQ(save(FALSE, TRUE), S_OK);
+        const auto other = makeIndicator();
+        ASSERT_EQ(other.query<IPersistPropertyBag>()->Load(bag.get(), nullptr), S_OK);
+        EXPECT_EQ(valuesOf(*other), valuesOf(*control));
+    }
+    EXPECT_GT(taken, 200);
+    EXPECT_GT(refused, 200);
 }
 
 TEST_F(ControlPersistence, KnowsWhetherItHasToBeSaved) {
