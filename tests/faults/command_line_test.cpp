@@ -228,10 +228,12 @@ TEST_F(CommandFaults, WrongOutputsOfAnIndexAreRefused) {
     before["frmMain.frx"] = "binary";
     before["o/binary.txt"] = std::string(100, '\1');
     std::string IndexSettings::*const header = &IndexSettings::header;
-    for (const char* const path : {"frmMain.frm", "Module1.bas", "p.vbp", "frmMain.frx", "o/hard.frm"}) {
+    for (const char* const path :
+         {"frmMain.frm", "Module1.bas", "p.vbp", "frmMain.frx", "o/hard.frm", "o/hard.vbp"}) {
         const auto prepare = [&] {
             test::put(folder.path(), before);
             fs::create_hard_link("frmMain.frm", "o/hard.frm");
+            fs::create_hard_link("p.vbp", "o/hard.vbp");
         };
         prepare();
         const Files untouched = test::filesIn(folder.path());

@@ -74,7 +74,7 @@ class CreateRoad : public IndexerRoad {
             << project;
         if (failed) return;
         EXPECT_EQ(texts, ".topic  IDH_AAAA\r\nNo help information is available for this control.\r\n\r\n"
-                         ".topic  IDH_AAAB\r\n Closes the window.\r\n.topic  IDH_AAAC\r\nThe name.\r\n");
+                         ".topic  IDH_AAAB\r\n Closes the window.\r\n.topic  IDH_AAAC\r\n The name.\r\n");
         EXPECT_TRUE(holds(read("a.log"), "Created Text file: "));
         EXPECT_NE(project, oldProject);
         EXPECT_EQ(ide->project->components.size(), 3U);
@@ -103,6 +103,9 @@ class CreateRoad : public IndexerRoad {
             if (desktop.choose(form.CboCtl, 1)) desktop.type(form.txtHelp, "The name.");
             desktop.choose(form.CboCtl, 0); // which takes the text over
         });
+        step([this](FrmIndexer& form) { press(form.CmdProc); });
+        step([this](FrmIndexer& form) { press(form.CmdClose); }); // back, and again with the texts' file
+        step([this](FrmIndexer& form) { press(form.CmdNext); });
         step([this](FrmIndexer& form) { press(form.CmdProc); });
         step([this](FrmIndexer& form) { press(form.CmdNext); });
         step([this](FrmIndexer& form) {
@@ -148,6 +151,7 @@ class EditRoad : public IndexerRoad {
   protected:
     void useWindows() override {
         const auto step = [this](const std::function<void(FrmTxt&)>& action) { on<FrmTxt>(action); };
+        step([](FrmTxt& form) { form.NewText(); }); // which is there already
         step([this](FrmTxt& form) { press(form.Command2); });
         step([this](FrmTxt& form) {
             if (desktop.choose(form.CboCtl, 1)) press(form.CmdDel);
