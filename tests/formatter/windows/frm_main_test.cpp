@@ -127,7 +127,8 @@ TEST_F(SelectionPage, CannotProceedWhereTheIdeFails) {
         EXPECT_EQ(desktop.boxes().size(), before + 1);
         EXPECT_EQ(lastBox(), activateBox);
         EXPECT_FALSE(page().CmdNext.enabled());
-        desktop.click(page().cmdRef); // the IDE is well again
+        EXPECT_EQ(ide->pane.use_count(), 1); // the page has let go of it
+        desktop.click(page().cmdRef);        // the IDE is well again
         EXPECT_TRUE(page().CmdNext.enabled());
         EXPECT_EQ(page().Text1.text(), " Account");
     }
