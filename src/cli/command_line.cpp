@@ -5,10 +5,8 @@
 #include "cli/text_command.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
 #include <charconv>
-#include <exception>
 #include <iostream>
 #include <string>
 #include <vector>

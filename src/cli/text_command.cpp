@@ -16,10 +16,8 @@
 #include <charconv>
 #include <filesystem>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace corvelle::cli {
 

@@ -5,7 +5,6 @@
 #include "com/object.h"
 #include "com/variant.h"
 
-#include <cstddef>
 #include <ole2.h>
 
 namespace corvelle::com {

@@ -4,7 +4,6 @@
 
 #include <exception>
 #include <ole2.h>
-#include <string>
 #include <type_traits>
 
 namespace corvelle::com {

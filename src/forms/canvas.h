@@ -2,7 +2,7 @@
 
 #include "forms/colour.h"
 
-#include <cstdint>
+#include <cstddef>
 #include <vector>
 
 namespace corvelle::forms {

@@ -12,10 +12,8 @@
 #include "indexer/mapping_module.h"
 #include "indexer/module_name.h"
 
-#include <filesystem>
 #include <new>
 #include <optional>
-#include <system_error>
 
 namespace corvelle::indexer {
 

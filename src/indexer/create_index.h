@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ide/vbe.h"
+#include "ide/vb_project.h"
 #include "indexer/exclude_list.h"
 #include "indexer/index_options.h"
 #include "indexer/indexer_observer.h"

@@ -5,7 +5,6 @@
 #include "indexer/project_info.h"
 
 #include <functional>
-#include <string>
 #include <string_view>
 
 // An index that was made earlier, reached through its indexer project file.

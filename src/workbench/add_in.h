@@ -5,7 +5,6 @@
 #include "workbench/id_t_extensibility.h"
 
 #include <array>
-#include <string>
 
 namespace corvelle::workbench {
 

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <commctrl.h>
 #include <iterator>
-#include <memory>
 
 namespace corvelle::workbench {
 

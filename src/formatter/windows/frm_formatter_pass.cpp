@@ -1,4 +1,3 @@
-#include "base/ignoring_errors.h"
 #include "formatter/windows/frm_formatter.h"
 #include "formatter/windows/frm_main.h"
 #include "forms/desktop.h"

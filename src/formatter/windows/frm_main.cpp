@@ -8,8 +8,6 @@
 #include "ide/required.h"
 #include "ui/frm_abt.h"
 
-#include <utility>
-
 namespace corvelle::formatter {
 
 frmMain::frmMain(forms::Desktop& desktop) : Form(desktop, "frmMain") {

@@ -13,7 +13,6 @@
 #include <map>
 #include <string>
 #include <tuple>
-#include <utility>
 #include <vector>
 
 namespace corvelle::forms {

@@ -9,7 +9,6 @@
 #include "ide/automation/automation.h"
 
 #include <corvelle.h>
-#include <utility>
 
 namespace corvelle::host {
 

@@ -1,8 +1,9 @@
 #include "ide/automation/event_adapters.h"
 
-#include "base/ignoring_errors.h"
 #include "base/run_time_error.h"
 #include "ide/automation/menu_adapters.h"
+
+#include <exception>
 
 namespace corvelle::automation {
 

@@ -1,7 +1,6 @@
 #include "indexer/windows/frm_indexer.h"
 
 #include "base/ignoring_errors.h"
-#include "base/run_time_error.h"
 #include "forms/desktop.h"
 #include "forms/message_box.h"
 #include "ide/required.h"

@@ -2,9 +2,6 @@
 #include "ide/required.h"
 #include "indexer/windows/frm_indexer_observer.h"
 
-#include <array>
-#include <utility>
-
 // Stage 1: the options, and the analysis of the project.
 namespace corvelle::indexer {
 

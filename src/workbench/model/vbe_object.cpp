@@ -7,7 +7,7 @@
 #include "workbench/model/main_window_object.h"
 #include "workbench/model/project_objects.h"
 
-#include <string>
+#include <string_view>
 
 namespace corvelle::workbench {
 

@@ -5,7 +5,6 @@
 #include "host/com/indicator/himetric.h"
 
 #include <olectl.h>
-#include <utility>
 #include <vector>
 
 namespace corvelle::host {
