@@ -57,6 +57,7 @@ TEST(Declarations, FindsEveryNameOfAList) {
     EXPECT_THAT(constants.endsOf("B"), ElementsAre(0));
     EXPECT_THAT(constants.endsOf("D"), ElementsAre(0));
     for (const char* name : {"Z", "C", "E"}) EXPECT_THAT(constants.endsOf(name), IsEmpty()) << name;
+    EXPECT_THAT(read({"Const A = \"\", B = \"x\""}).endsOf("B"), ElementsAre(0));
 }
 
 TEST(Declarations, FindsEveryStatementOfALine) {
@@ -83,6 +84,7 @@ TEST(Declarations, AreNotFoundInComments) {
 TEST(Declarations, AreNotFoundInsideOtherBlocks) {
     EXPECT_THAT(read({"Sub A()", "Dim B", "Static C", "Const D = 1", "End Sub", "Dim E"}).endsOf("B"),
                 IsEmpty());
+    EXPECT_THAT(read({"Property Get A()", "Dim B", "End Property"}).endsOf("B"), IsEmpty());
     const auto module =
         read({"Type T", "Private As Long", "Sub As Long", "End Type", "Enum E", "F", "Private I", "End Enum",
               "Sub A()", "Dim B: Static C", "Const D = 1", "End", "End If", "Dim G", "End Sub", "Dim H"});

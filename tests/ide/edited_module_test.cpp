@@ -121,6 +121,17 @@ TEST(EditedModule, FollowsMembersThatChangePlaces) {
               "Sub b()\nAttribute B.VB_X = 2\nEnd Sub\nSub a()\nAttribute A.VB_X = 1\nEnd Sub\n");
 }
 
+TEST(EditedModule, FollowsNeighboursThatChangePlaces) {
+    EXPECT_EQ(refilled("Dim A\nAttribute A.VB_X = 1\nDim B\nAttribute B.VB_X = 2\n", {"Dim B", "Dim A"}),
+              "Dim B\nAttribute B.VB_X = 2\nDim A\nAttribute A.VB_X = 1\n");
+}
+
+TEST(EditedModule, LeavesAMembersHiddenLinesThatStandElsewhereWhereTheyAre) {
+    auto edited = module("Sub A()\nx\nAttribute A.VB_X = 1\nEnd Sub\n");
+    edited.insertLine(0, "' new");
+    EXPECT_EQ(edited.bytes(), "' new\nSub A()\nx\nAttribute A.VB_X = 1\nEnd Sub\n");
+}
+
 TEST(EditedModule, FollowsAMemberAwayFromALineThatIsNowAnothers) {
     auto edited = module("Sub A( _\n)\nAttribute A.VB_X = 1\nEnd Sub\n");
     edited.deleteLines(0, 1);

@@ -264,10 +264,17 @@ TEST(ModuleFile, AllowsAHeaderWithoutAVersion) {
     EXPECT_THAT(codeOf("Begin VB.Form f\r\nEnd\r\nx\r\n", ComponentType::VBForm), ElementsAre("x"));
     EXPECT_THAT(codeOf("Object = \"a\"\r\nBegin VB.Form f\r\nEnd\r\nx\r\n", ComponentType::VBForm),
                 ElementsAre("x"));
+    EXPECT_THAT(codeOf("Object = \"a\"\r\n\r\nBegin VB.Form f\r\nEnd\r\nx\r\n", ComponentType::VBForm),
+                ElementsAre("x"));
     EXPECT_THAT(codeOf("Attribute VB_Name = \"C\"\r\nx\r\n", ComponentType::ClassModule), ElementsAre("x"));
     EXPECT_THAT(codeOf("x\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule),
                 ElementsAre("x", "Begin", "End"));
     EXPECT_THAT(codeOf("\r\nBegin\r\nEnd\r\n", ComponentType::ClassModule), ElementsAre("", "Begin", "End"));
+}
+
+TEST(ModuleFile, HidesObjectLinesWithoutADesigner) {
+    EXPECT_THAT(codeOf("VERSION 5.00\r\nObject = \"a\"\r\nObject = \"b\"\r\nx\r\n", ComponentType::VBForm),
+                ElementsAre("x"));
 }
 
 TEST(ModuleFile, SeesADesignerInAStandardModuleOnlyBehindAVersion) {
