@@ -119,8 +119,9 @@ class CompanionFiles {
     std::vector<File> present_;
 };
 
-// Whether a line of the project names it as a file that is no component.
+// Whether a line of the project names it, be it there or not, as a file that is no component.
 bool isResourceOrDocument(const workspace::Project& project, const fs::path& path) {
+    const auto folder = project.path().parent_path();
     workspace::PathResolver resolver;
     for (indexer::TextLines lines(project.bytes()); lines.next();) {
         for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
@@ -129,8 +130,8 @@ bool isResourceOrDocument(const workspace::Project& project, const fs::path& pat
             written.remove_prefix(key.size());
             if (written.size() > 1 && written.front() == '"' && written.back() == '"')
                 written = written.substr(1, written.size() - 2);
-            const auto file = resolver.resolve(project.path().parent_path(), written);
-            if (file && base::isSamePath(path, *file)) return true;
+            const auto file = resolver.resolve(folder, written);
+            if (base::isSamePath(path, file.value_or(workspace::pathInProject(folder, written)))) return true;
         }
     }
     return false;

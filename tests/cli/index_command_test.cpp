@@ -310,6 +310,8 @@ TEST_F(IndexCommand, WritesOverNothingThatBelongsToTheProject) {
         EXPECT_EQ(folder.read(name), "binary");
     }
     EXPECT_THAT(outputs(), IsEmpty());
+    EXPECT_EQ(run(files + "--report none.res").status, 2) << "not there yet";
+    EXPECT_FALSE(fs::exists(folder.path() / "none.res"));
     EXPECT_EQ(run("index p.vbp --config o/a.hcnf --header frmMain.frx").status, 2);
 #ifndef _WIN32
     fs::create_symlink(folder.path() / "frmMain.frx", folder.path() / "link.txt");
