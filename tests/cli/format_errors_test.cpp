@@ -132,6 +132,9 @@ TEST_F(Errors, AreBinaryFilesWithAModulesEnding) {
     EXPECT_EQ(outcome.out, "");
     EXPECT_EQ(outcome.err, "a.bas: this is a binary file, not a module\n");
     EXPECT_EQ(folder.read("a.bas"), bytes);
+    folder.write("b.bas", tidy);
+    EXPECT_THAT(format({"a.bas", "b.bas"}).err,
+                testing::EndsWith("\n0 rewritten, 1 left unchanged, 0 refused, 1 failed\n"));
 }
 
 TEST_F(Errors, AreFilesInUtf16) {

@@ -142,6 +142,9 @@ TEST_F(Paths, ThatHoldNoModulesAreNotedInTheirPlace) {
     EXPECT_EQ(outcome.err, "d: no modules in this directory\n" + summary("m.bas", 5, 5) +
                                "a.vbp: no modules in this project\na.vbg: no projects in this group\n");
     EXPECT_EQ(format({"--quiet", "d"}).err, "");
+    folder.write("n.bas", tidy);
+    EXPECT_THAT(format({"d", "m.bas", "n.bas"}).err,
+                testing::EndsWith("\n0 rewritten, 2 left unchanged, 0 refused\n"));
 }
 
 TEST_F(Paths, WhoseModulesWereAllReachedBeforeAreNotCalledEmpty) {

@@ -23,6 +23,10 @@ TEST_F(StandardInput, NeedsNoOptionForStandardOutput) {
     EXPECT_EQ(pass(untidy, {"--stdout"}).out, tidy);
 }
 
+TEST_F(StandardInput, MayBeASingleLine) {
+    EXPECT_EQ(pass("\tx = 1").out, "x = 1\r\n");
+}
+
 TEST_F(StandardInput, IsNamedByTheOption) {
     const Outcome outcome = pass(untidy, {"--check", "--stdin-name", "src/Main.bas"});
     EXPECT_EQ(outcome.status, 1);
@@ -31,8 +35,8 @@ TEST_F(StandardInput, IsNamedByTheOption) {
 }
 
 TEST_F(StandardInput, IsDiffed) {
-    EXPECT_THAT(pass(untidy, {"--diff"}).out,
-                testing::StartsWith("--- <stdin>\n+++ <stdin>\n@@ -1,5 +1,5 @@\n"));
+    EXPECT_EQ(pass("\tx = 1\r\n", {"--diff"}).out,
+              "--- <stdin>\n+++ <stdin>\n@@ -1 +1 @@\n-\tx = 1\r\n+x = 1\r\n");
 }
 
 TEST_F(StandardInput, WithAVersionLineHasAHeader) {
