@@ -39,17 +39,9 @@ std::string readToEnd(int file, std::uint64_t expected, const std::filesystem::p
     return bytes;
 }
 
-// Nobody may write it; the system would let root.
-bool isReadOnly(const std::filesystem::path& path) {
-    using std::filesystem::perms;
-    std::error_code ignored;
-    const auto status = std::filesystem::status(path, ignored);
-    constexpr auto anyWrite = perms::owner_write | perms::group_write | perms::others_write;
-    return std::filesystem::is_regular_file(status) && (status.permissions() & anyWrite) == perms::none;
-}
-
 FileDescriptor openOutput(const std::filesystem::path& path) {
-    if (isReadOnly(path)) throw FileError(ErrorNumber::PathFileAccessError);
+    std::error_code ignored;
+    if (isReadOnly(std::filesystem::status(path, ignored))) throw FileError(ErrorNumber::PathFileAccessError);
     FileDescriptor file = openToTruncate(path);
     if (!file.isOpen()) throw fileErrorOfErrno(path);
     return file;

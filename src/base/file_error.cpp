@@ -51,4 +51,10 @@ FileError fileErrorOfErrno(const std::filesystem::path& path) {
     return fileErrorOf(std::error_code(errno, std::generic_category()), path);
 }
 
+bool isReadOnly(const std::filesystem::file_status& status) {
+    using std::filesystem::perms;
+    constexpr auto anyWrite = perms::owner_write | perms::group_write | perms::others_write;
+    return std::filesystem::is_regular_file(status) && (status.permissions() & anyWrite) == perms::none;
+}
+
 } // namespace corvelle::base

@@ -20,4 +20,7 @@ FileError fileErrorOf(const std::error_code& code, const std::filesystem::path& 
 /// The same for the calling thread's `errno`.
 FileError fileErrorOfErrno(const std::filesystem::path& path);
 
+/// Whether that is a file that nobody may write, which the system would let root do: error 75 for who tries.
+bool isReadOnly(const std::filesystem::file_status& status);
+
 } // namespace corvelle::base

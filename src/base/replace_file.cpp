@@ -137,9 +137,7 @@ class TemporaryFile {
 
 void requireReplaceable(const fs::file_status& status) {
     if (!fs::exists(status)) return;
-    if (!fs::is_regular_file(status)) throw refused(ErrorNumber::PathFileAccessError);
-    constexpr auto anyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    if ((status.permissions() & anyWrite) == fs::perms::none) throw refused(ErrorNumber::PermissionDenied);
+    if (!fs::is_regular_file(status) || isReadOnly(status)) throw refused(ErrorNumber::PathFileAccessError);
 }
 
 void requireUnchanged(const fs::path& target, const std::optional<FileStamp>& stamp) {

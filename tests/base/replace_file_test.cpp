@@ -48,7 +48,7 @@ TEST(ReplaceFile, RefusesAFileWithoutAnyWritePermission) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
     fs::permissions(path, fs::perms(0555));
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new")); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new")); }), 75);
     EXPECT_EQ(folder.read("a.bas"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
 }

@@ -154,7 +154,7 @@ TEST_F(Backups, ThatCannotBeSavedLeaveTheFileAlone) {
     outcome = formatWithBackups({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err, "a.bas: not rewritten, its backup " + inFolder("bak", "a_bak.bas") +
-                               " could not be saved: Permission denied\n");
+                               " could not be saved: Path/File access error\n");
     EXPECT_EQ(folder.read("a.bas"), untidy);
     EXPECT_EQ(folder.read("b.bas"), tidy);
     EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "b.bas", "bak"));

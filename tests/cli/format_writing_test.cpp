@@ -23,7 +23,7 @@ TEST_F(Writing, RefusesAReadOnlyFileWhoeverAsks) {
     const auto mode = modeOf("a.bas");
     const Outcome outcome = format({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "a.bas: Permission denied\n" + summary("b.bas", 5, 5) +
+    EXPECT_EQ(outcome.err, "a.bas: Path/File access error\n" + summary("b.bas", 5, 5) +
                                "1 rewritten, 0 left unchanged, 0 refused, 1 failed\n");
     EXPECT_EQ(folder.read("a.bas"), untidy);
     EXPECT_EQ(folder.read("b.bas"), tidy);

@@ -439,7 +439,7 @@ TEST_F(IndexCommand, LeavesAReadOnlyProjectAlone) {
     fs::permissions(folder.path() / "p.vbp", fs::perms(0444));
     const auto result = run(files + module);
     EXPECT_EQ(result.status, 2);
-    EXPECT_THAT(result.err, HasSubstr("Permission denied"));
+    EXPECT_THAT(result.err, HasSubstr("Path/File access error"));
     EXPECT_EQ(folder.read("p.vbp"), project);
 }
 
