@@ -332,7 +332,7 @@ TEST(Component, StaysDirtyWhenItCannotBeSaved) {
     const auto workspace = openModule(folder, module1);
     codeOf(workspace)->InsertLines(1, "' x");
     fs::permissions(folder.path() / "Module1.bas", fs::perms(0444));
-    EXPECT_EQ(errorNumberOf([&] { componentOf(workspace).Save(); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { componentOf(workspace).Save(); }), 75);
     EXPECT_TRUE(componentOf(workspace).IsDirty());
     EXPECT_EQ(folder.read("Module1.bas"), module1);
     fs::permissions(folder.path() / "Module1.bas", fs::perms(0644));
