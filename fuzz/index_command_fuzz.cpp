@@ -115,6 +115,10 @@ std::vector<std::string> linesOf(const std::string& text) {
 
 void checkProjectFile(const Files& before, const Files& after) {
     auto was = linesOf(before.at("p.vbp")), is = linesOf(after.at("p.vbp"));
+    // A CR that ends the last line is a character of it, and followed by a line's end then.
+    for (auto* lines : {&was, &is}) {
+        for (auto& line : *lines) line.erase(line.find_last_not_of('\r') + 1);
+    }
     std::sort(was.begin(), was.end());
     std::sort(is.begin(), is.end());
     std::vector<std::string> gone, added;

@@ -3,14 +3,40 @@
 #include "require.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
 
 namespace fs = std::filesystem;
 
 namespace {
 
-// Removed when the program ends.
+// Removed when the program ends. It has the same name in each run, as long as no other one goes on: what an
+// input meets must not depend on chance.
+class OwnFolder {
+  public:
+    OwnFolder() {
+        for (int number = 1;; ++number) {
+            path_ = fs::temp_directory_path() /
+                    (std::string(program_invocation_short_name) + "-" + std::to_string(number));
+            if (fs::create_directory(path_)) return;
+        }
+    }
+    ~OwnFolder() {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    OwnFolder(const OwnFolder&) = delete;
+    OwnFolder& operator=(const OwnFolder&) = delete;
+
+    const fs::path& path() const { return path_; }
+
+  private:
+    fs::path path_;
+};
+
 const fs::path& folder() {
-    static const corvelle::test::TemporaryFolder made;
+    static const OwnFolder made;
     static const auto work = made.path() / "w";
     return work;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/temporary_folder.h"
-
 #include <filesystem>
 #include <map>
 #include <string>
