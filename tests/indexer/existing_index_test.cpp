@@ -100,16 +100,17 @@ TEST_F(ExistingIndex, LosesNothingWhenTheTextsCannotBeSaved) {
 }
 
 #ifndef _WIN32
-TEST_F(ExistingIndex, PutsTheOldTextsBackWhenTheNewOnesFindNoRoom) {
+TEST_F(ExistingIndex, SavesNothingAtAllWhenTheNewTextsFindNoRoom) {
     index.entries[1].HelpText = std::string(1000, 'x');
     {
         const test::FullDisk full(500);
         const auto saved = save(true);
-        EXPECT_TRUE(saved.indexFiles);
+        EXPECT_FALSE(saved.indexFiles);
         EXPECT_FALSE(saved.texts);
     }
-    EXPECT_THAT(textFiles.back(), testing::HasSubstr("#define")); // they were gone
+    EXPECT_THAT(textFiles, testing::Each(oldTexts)); // not even for a moment were they gone
     EXPECT_EQ(folder.read("a.txt"), oldTexts);
+    EXPECT_EQ(folder.read("a.hcnf"), "mappings");
 }
 #endif
 
