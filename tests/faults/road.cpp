@@ -73,7 +73,8 @@ Road::Road() : openFiles_(corvelle::test::openFiles(folder.path())) {
 void Road::walk() {
     enter([this] { addIn->IDTExtensibility_OnConnection(ide, connect_mode::Startup); });
     enter([this] {
-        if (!ide->sources.empty()) ide->sources.back()->click();
+        const auto& sources = ide->sources;
+        if (!sources.empty() && sources.back()->control) sources.back()->click(); // else there is no command
     });
     useWindows();
     enter([this] { addIn->IDTExtensibility_OnDisconnection(); });
