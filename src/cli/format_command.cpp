@@ -65,7 +65,7 @@ class Run {
             };
             step([&] { job.emplace(sources_[i], settings_); });
             step([&] { slots_.use([&] { job->format(); }); });
-            if (settings_.backupDir) names_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
+            if (settings_.backupDir) naming_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
             step([&] { job->save(list_.realPaths); });
             output_.pass(i, [&] { failed ? printLackOfMemory(sources_[i]) : print(*job); });
         }
@@ -120,7 +120,7 @@ class Run {
     Slots slots_;
     Progress progress_;
     std::atomic<std::size_t> next_ = 0;
-    Turnstile names_, output_;
+    Turnstile naming_, output_;
     BackupNames backupNames_;
     std::array<std::size_t, 5> fates_{};
     int status_ = exitDone;

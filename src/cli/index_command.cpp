@@ -32,10 +32,6 @@ namespace {
 using workspace::Project;
 using workspace::Workspace;
 
-bool isDesigner(ide::ComponentType type) {
-    return type != ide::ComponentType::StdModule && type != ide::ComponentType::ClassModule;
-}
-
 // Prints each message, but one that is repeated only once.
 class Messages : public indexer::IndexerObserver {
   public:
@@ -109,10 +105,10 @@ class IndexRun {
         for (const auto& problem : workspace_->problems()) {
             if (isToBeReplaced(problem)) continue;
             refuse(problem.path, problem.line, problem.reason);
-            if (isDesigner(problem.type)) readable = false;
+            if (ide::hasDesigner(problem.type)) readable = false;
         }
         for (const auto& component : onDisk_->components()) {
-            if (!isDesigner(component->Type())) continue;
+            if (!ide::hasDesigner(component->Type())) continue;
             if (component->file().hasDesigner()) continue;
             const auto what = base::whatInsteadOfText(component->file().bytes());
             refuse(component->path(), 0,

@@ -5,8 +5,8 @@
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
+#include "ide/workspace/key_value.h"
 #include "ide/workspace/path_resolver.h"
-#include "indexer/text_lines.h"
 
 #include <algorithm>
 #include <exception>
@@ -123,18 +123,16 @@ class CompanionFiles {
 bool isResourceOrDocument(const workspace::Project& project, const fs::path& path) {
     const auto folder = project.path().parent_path();
     workspace::PathResolver resolver;
-    for (indexer::TextLines lines(project.bytes()); lines.next();) {
-        for (const std::string_view key : {"ResFile32=", "RelatedDoc="}) {
-            auto written = base::trimSpaces(lines.line());
-            if (!base::startsWithIgnoringCase(written, key)) continue;
-            written.remove_prefix(key.size());
-            if (written.size() > 1 && written.front() == '"' && written.back() == '"')
-                written = written.substr(1, written.size() - 2);
-            const auto file = resolver.resolve(folder, written);
-            if (base::isSamePath(path, file.value_or(workspace::pathInProject(folder, written)))) return true;
-        }
-    }
-    return false;
+    bool found = false;
+    workspace::readKeyValues(project.bytes(), [&](std::string_view key, std::string_view value) {
+        if (found ||
+            !(base::equalIgnoringCase(key, "ResFile32") || base::equalIgnoringCase(key, "RelatedDoc")))
+            return;
+        const auto written = workspace::withoutQuotes(value);
+        const auto file = resolver.resolve(folder, written);
+        found = base::isSamePath(path, file.value_or(workspace::pathInProject(folder, written)));
+    });
+    return found;
 }
 
 bool isThere(const std::string& path) {

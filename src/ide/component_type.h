@@ -17,6 +17,11 @@ enum class ComponentType {
     ActiveXDesigner = 11,
 };
 
+/// Whether components of that type have a designer: all but modules and classes.
+constexpr bool hasDesigner(ComponentType type) {
+    return type != ComponentType::StdModule && type != ComponentType::ClassModule;
+}
+
 /// The IDE's project types (`vbext_ProjectType`).
 enum class ProjectType {
     StandardExe = 0,

@@ -22,10 +22,6 @@ std::string nameOf(const ModuleFile& file, std::string_view lineName, const std:
     return file.name().empty() ? base::textOf(path.stem()) : file.name();
 }
 
-bool hasDesignerType(ide::ComponentType type) {
-    return type != ide::ComponentType::StdModule && type != ide::ComponentType::ClassModule;
-}
-
 // The IDE's rule for names of modules.
 bool isComponentName(std::string_view name) {
     constexpr std::size_t longest = 40;
@@ -72,22 +68,22 @@ void Component::Save() {
 }
 
 std::shared_ptr<ide::VBForm> Component::Designer() {
-    if (!file().hasDesigner() || !hasDesignerType(Type())) return nullptr;
+    if (!file().hasDesigner() || !ide::hasDesigner(Type())) return nullptr;
     return partOf<ide::VBForm>(whole_, form_);
 }
 
 std::shared_ptr<ide::Window> Component::DesignerWindow() {
-    if (!hasDesignerType(Type())) return nullptr;
+    if (!ide::hasDesigner(Type())) return nullptr;
     designerWindow_.open();
     return partOf<ide::Window>(whole_, designerWindow_);
 }
 
 DesignerWindow* Component::designerWindow() {
-    return hasDesignerType(Type()) ? &designerWindow_ : nullptr;
+    return ide::hasDesigner(Type()) ? &designerWindow_ : nullptr;
 }
 
 void Component::Activate() {
-    if (hasDesignerType(Type())) {
+    if (ide::hasDesigner(Type())) {
         designerWindow_.SetFocus();
     } else if (observer_) {
         observer_->codeActivated(*this);
