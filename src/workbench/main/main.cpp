@@ -2,7 +2,6 @@
 
 #include "workbench/workbench.h"
 
-#include <clocale>
 #include <memory>
 
 using namespace corvelle;
@@ -20,7 +19,6 @@ struct Com {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    std::setlocale(LC_CTYPE, ""); // paths are in the machine's code page
     const workbench::CommandLine arguments(argc, argv);
     const Com com;
     const auto workbench = std::make_shared<workbench::Workbench>();
