@@ -45,7 +45,7 @@ class Dispatch {
     }
 
   private:
-    static constexpr std::size_t mostArguments = 4;
+    static constexpr std::size_t mostArguments = 8;
 
     DISPID idOf(const wchar_t* name);
     void invoke(const wchar_t* name, WORD kind, const Variant* arguments, std::size_t count, Variant* result);
