@@ -142,7 +142,9 @@ void checkParts(const ModuleFile& before, const ModuleFile& after, bool removes)
     std::string hiddenBefore(before.header()), hiddenAfter(after.header());
     for (const auto& run : before.hiddenRuns()) hiddenBefore += before.hidden(run);
     for (const auto& run : after.hiddenRuns()) hiddenAfter += after.hidden(run);
-    require(endsAlike(hiddenBefore, hiddenAfter), "the header and hidden lines are kept");
+    // Where an empty line or a comment above a line "VERSION" goes, that line begins the header.
+    const bool beginsHeader = removes && before.headerLines() == 0 && after.headerLines() > 0;
+    require(endsAlike(hiddenBefore, hiddenAfter) || beginsHeader, "the header and hidden lines are kept");
     if (before.headerLines() == after.headerLines())
         require(before.type() == after.type() && before.name() == after.name(), "it is the same module");
     std::uint32_t from = 0;
