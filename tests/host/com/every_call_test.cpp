@@ -1,12 +1,14 @@
 #include "host/com/dll.h"
 #include "host/com/failing_ide.h"
-#include "host/com/failing_registry.h"
+#include "host/com/failing_imports.h"
 #include "host/com/steps.h"
 #include "ide/automation/served_ide.h"
 
+#include <algorithm>
 #include <corvelle.h>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vbide.h>
@@ -29,11 +31,33 @@ HWND topWindow() {
     return found;
 }
 
+BOOL CALLBACK takePathBox(HWND window, LPARAM boxes) {
+    char name[32] = "";
+    GetClassNameA(window, name, sizeof name);
+    const bool isPath = std::strcmp(name, "Edit") == 0 && IsWindowVisible(window) &&
+                        (GetWindowLongPtrA(window, GWL_STYLE) & ES_MULTILINE) == 0;
+    if (isPath) reinterpret_cast<std::vector<HWND>*>(boxes)->push_back(window);
+    return TRUE;
+}
+
+/// Writes paths into a window's first two boxes for one, where they are empty.
+void fillPaths(HWND window, const std::string& folder) {
+    std::vector<HWND> boxes;
+    EnumChildWindows(window, takePathBox, reinterpret_cast<LPARAM>(&boxes));
+    boxes.resize(std::min<std::size_t>(boxes.size(), 2));
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (GetWindowTextLengthA(boxes[i]) != 0) continue;
+        const auto path = folder + "\\" + (boxes.size() == 1 ? "texts" : i == 0 ? "header" : "mappings");
+        SendMessageA(boxes[i], WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    }
+}
+
 /// What a user presses in the windows that have one button, one after the other.
 struct Way {
     const char* mark;
     std::vector<const char*> buttons;
-    bool inside = false; ///< a button's command runs
+    std::string folder{}; ///< where paths that are asked for lead; none are given if it is empty
+    bool inside = false;  ///< a button's command runs
     std::size_t step = 0;
 };
 
@@ -89,6 +113,7 @@ class WindowUser {
     static void press(HWND window, Way& way) {
         if (way.inside) return;
         way.inside = true;
+        if (!way.folder.empty()) fillPaths(window, way.folder);
         while (way.step < way.buttons.size()) {
             const HWND button = Steps::button(window, way.buttons[way.step++]);
             if (button == nullptr || !IsWindowEnabled(button)) continue;
@@ -108,8 +133,13 @@ class WindowUser {
 const std::vector<Way> throughTheFormatter{
     {"&Format Code", {"&Format Code", "&Add to Module", "<< Go &Back", "<< Go &Back"}},
     {"&Refresh", {"&Refresh", "&Next   >>", "&Cancel", "&Cancel"}}};
-const std::vector<Way> throughTheAnalysis{{"&Create a New Index", {"&Create a New Index"}},
-                                          {"&Analyse", {"&Analyse", "&Close", "&Close"}}};
+std::vector<Way> throughTheIndexer(const std::string& folder) {
+    return {
+        {"&Create a New Index", {"&Create a New Index"}},
+        {"&Next",
+         {"&Analyse", "&Next", "&Create", "&Next", "&Save", "&Next", "&Close", "&Back", "&Back", "&Close"},
+         folder}};
+}
 
 const std::string untidy = "Sub Main()\r\nIf a Then\r\nb\r\nEnd If\r\nEnd Sub";
 const std::string tidy = "Sub Main()\r\n  If a Then\r\n    b\r\n  End If\r\nEnd Sub";
@@ -126,8 +156,9 @@ class EveryCall : public corvelle::test::ServedIde {
         const auto extensibility = made.query<IDTExtensibility>();
         const auto ide = com::make<FailingObject>(served, calls);
         {
-            const WindowUser user = IsEqualCLSID(id, formatterClass) ? WindowUser(throughTheFormatter, IDYES)
-                                                         : WindowUser(throughTheAnalysis, IDNO);
+            const WindowUser user = IsEqualCLSID(id, formatterClass)
+                                        ? WindowUser(throughTheFormatter, IDYES)
+                                        : WindowUser(throughTheIndexer(folder.path().string()), IDNO);
             extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr);
             const auto& commands = program->menuModel.addIns().commands();
             if (!commands.empty()) commands.back()->Execute();
@@ -136,12 +167,20 @@ class EveryCall : public corvelle::test::ServedIde {
         extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr);
     }
 
+    void failImports(Imports kind, int least, std::initializer_list<CLSID> classes);
+
     // The menu may keep a command that could not be deleted.
     void expectUnharmed(REFCLSID id, bool failed) {
         const auto text = module().Lines(1, module().CountOfLines());
         EXPECT_TRUE(text == untidy || text == tidy) << text;
         if (!failed) {
             EXPECT_EQ(text, IsEqualCLSID(id, formatterClass) ? tidy : untidy);
+        }
+        for (const auto& name : folder.names()) EXPECT_EQ(name.find(".tmp"), std::string::npos) << name;
+        if (!failed && IsEqualCLSID(id, indexerClass)) {
+            EXPECT_EQ(folder.read("header"),
+                      "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n#define IDH_AAAC  1002\r\n");
+            EXPECT_NE(folder.read("texts").find(".topic  IDH_AAAC"), std::string::npos);
         }
         EXPECT_EQ(topWindow(), nullptr);
         EXPECT_EQ(dll.canUnloadNow(), S_OK);
@@ -175,20 +214,29 @@ TEST_F(EveryCall, OnTheIdeMayFail) {
     }
 }
 
-TEST_F(EveryCall, OnTheRegistryMayFail) {
-    for (const CLSID& id : {formatterClass, indexerClass}) {
+void EveryCall::failImports(Imports kind, int least, std::initializer_list<CLSID> classes) {
+    for (const CLSID& id : classes) {
         int n = 0;
         for (bool failed = true; failed && !HasFailure();) {
             SCOPED_TRACE(++n);
             {
-                const FailingRegistry registry(dll.module(), n);
+                const FailingImports imports(dll.module(), kind, n);
                 walk(id);
-                failed = registry.failed();
+                failed = imports.failed();
             }
-            expectUnharmed(id, false); // what is stored is of no weight for the module
+            // What is stored in the registry is of no weight for module and index.
+            expectUnharmed(id, failed && kind == Imports::Files);
         }
-        EXPECT_GT(n, 3);
+        EXPECT_GT(n, least);
     }
+}
+
+TEST_F(EveryCall, OnTheRegistryMayFail) {
+    failImports(Imports::Registry, 3, {formatterClass, indexerClass});
+}
+
+TEST_F(EveryCall, OnFilesMayFail) {
+    failImports(Imports::Files, 10, {indexerClass});
 }
 
 } // namespace

@@ -1,6 +1,9 @@
-#include "host/com/failing_registry.h"
+#include "host/com/failing_imports.h"
 
+#include <cerrno>
+#include <cstdarg>
 #include <cstring>
+#include <io.h>
 
 namespace corvelle::host::test {
 
@@ -30,17 +33,50 @@ LONG WINAPI setValue(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BY
     return fails() ? ERROR_ACCESS_DENIED : RegSetValueExA(key, name, reserved, type, data, size);
 }
 
+int fileFailed() {
+    errno = EIO;
+    return -1;
+}
+int openFile(const wchar_t* path, int flags, ...) {
+    va_list rest;
+    va_start(rest, flags);
+    const int mode = va_arg(rest, int); // read by nobody who did not pass it
+    va_end(rest);
+    return fails() ? fileFailed() : _wopen(path, flags, mode);
+}
+int readFile(int file, void* buffer, unsigned size) {
+    return fails() ? fileFailed() : _read(file, buffer, size);
+}
+int writeFile(int file, const void* buffer, unsigned size) {
+    return fails() ? fileFailed() : _write(file, buffer, size);
+}
+int closeFile(int file) {
+    const int closed = _close(file); // it is closed whatever is said
+    return fails() ? fileFailed() : closed;
+}
+BOOL WINAPI moveFile(LPCWSTR from, LPCWSTR to, DWORD flags) {
+    if (!fails()) return MoveFileExW(from, to, flags);
+    SetLastError(ERROR_ACCESS_DENIED);
+    return FALSE;
+}
+
 struct Replacement {
+    Imports kind;
     const char* name;
     void* function;
     void* original;
 };
 
 Replacement replacements[] = {
-    {"RegOpenKeyExA", reinterpret_cast<void*>(openKey), nullptr},
-    {"RegCreateKeyExA", reinterpret_cast<void*>(createKey), nullptr},
-    {"RegQueryValueExA", reinterpret_cast<void*>(queryValue), nullptr},
-    {"RegSetValueExA", reinterpret_cast<void*>(setValue), nullptr},
+    {Imports::Registry, "RegOpenKeyExA", reinterpret_cast<void*>(openKey), nullptr},
+    {Imports::Registry, "RegCreateKeyExA", reinterpret_cast<void*>(createKey), nullptr},
+    {Imports::Registry, "RegQueryValueExA", reinterpret_cast<void*>(queryValue), nullptr},
+    {Imports::Registry, "RegSetValueExA", reinterpret_cast<void*>(setValue), nullptr},
+    {Imports::Files, "_wopen", reinterpret_cast<void*>(openFile), nullptr},
+    {Imports::Files, "_read", reinterpret_cast<void*>(readFile), nullptr},
+    {Imports::Files, "_write", reinterpret_cast<void*>(writeFile), nullptr},
+    {Imports::Files, "_close", reinterpret_cast<void*>(closeFile), nullptr},
+    {Imports::Files, "MoveFileExW", reinterpret_cast<void*>(moveFile), nullptr},
 };
 
 // What the module reaches its imported functions by.
@@ -71,28 +107,29 @@ void put(void** place, void* function) {
 
 } // namespace
 
-FailingRegistry::FailingRegistry(HMODULE module, int n) : module_(module) {
+FailingImports::FailingImports(HMODULE module, Imports kind, int n) : module_(module), kind_(kind) {
     untilFailure = n;
     anyFailed = false;
-    forEachImport(module_, [](const char* name, void** place) {
+    forEachImport(module_, [this](const char* name, void** place) {
         for (Replacement& replacement : replacements) {
-            if (std::strcmp(name, replacement.name) != 0) continue;
+            if (replacement.kind != kind_ || std::strcmp(name, replacement.name) != 0) continue;
             replacement.original = *place;
             put(place, replacement.function);
         }
     });
 }
 
-FailingRegistry::~FailingRegistry() {
+FailingImports::~FailingImports() {
     untilFailure = 0;
-    forEachImport(module_, [](const char* name, void** place) {
+    forEachImport(module_, [this](const char* name, void** place) {
         for (const Replacement& replacement : replacements) {
-            if (std::strcmp(name, replacement.name) == 0) put(place, replacement.original);
+            if (replacement.kind == kind_ && std::strcmp(name, replacement.name) == 0)
+                put(place, replacement.original);
         }
     });
 }
 
-bool FailingRegistry::failed() const {
+bool FailingImports::failed() const {
     return anyFailed;
 }
 
