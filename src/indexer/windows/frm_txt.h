@@ -83,7 +83,6 @@ class FrmTxt : public forms::Form {
   private:
     enum class Status : std::uint8_t { NotReady, NoTextFile, Loaded };
 
-
     void cboDsr_Click() { editor_.cboDsr_Click(); }
     void CboCtl_Click() { editor_.CboCtl_Click(); }
     void cboDsr_KeyDown(std::int16_t KeyCode) { TextEntryEditor::KeyDown(KeyCode); }
