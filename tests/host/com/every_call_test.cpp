@@ -101,12 +101,23 @@ class WindowUser {
         char name[32] = "";
         GetClassNameA(top, name, sizeof name);
         if (std::strcmp(name, "#32770") == 0) {
-            PostMessageA(top, WM_COMMAND, GetDlgItem(top, answer_) != nullptr ? answer_ : IDOK, 0);
+            answer(top);
             return;
         }
         for (Way& way : ways_) {
             if (Steps::button(top, way.mark) != nullptr) return press(top, way);
         }
+    }
+
+    // A file dialog takes its time, and a second answer would be one to its next question.
+    void answer(HWND box) {
+        constexpr DWORD unheard = 1000;
+        constexpr int fileTypes = 0x470; // cmb1 of the common dialogs
+        const bool isSlow = GetDlgItem(box, fileTypes) != nullptr;
+        if (isSlow && box == answered_ && GetTickCount() - answeredAt_ < unheard) return;
+        answered_ = box;
+        answeredAt_ = GetTickCount();
+        PostMessageA(box, WM_COMMAND, GetDlgItem(box, answer_) != nullptr ? answer_ : IDOK, 0);
     }
 
     // The next button that is in reach. Its command runs in here.
@@ -128,11 +139,17 @@ class WindowUser {
     std::vector<Way> ways_;
     int answer_;
     UINT_PTR timer_;
+    HWND answered_ = nullptr;
+    DWORD answeredAt_ = 0;
 };
 
+const Way throughThePage{"&Refresh", {"&Refresh", "&Next   >>", "&Cancel", "&Cancel"}};
 const std::vector<Way> throughTheFormatter{
-    {"&Format Code", {"&Format Code", "&Add to Module", "<< Go &Back", "<< Go &Back"}},
-    {"&Refresh", {"&Refresh", "&Next   >>", "&Cancel", "&Cancel"}}};
+    {"&Format Code", {"&Format Code", "&Add to Module", "<< Go &Back", "<< Go &Back"}}, throughThePage};
+const std::vector<Way> throughTheBackup{
+    {"&Format Code", {"&Select ...", "&Format Code", "&Add to Module", "<< Go &Back", "<< Go &Back"}},
+    throughThePage};
+
 std::vector<Way> throughTheIndexer(const std::string& folder) {
     return {
         {"&Create a New Index", {"&Create a New Index"}},
@@ -157,7 +174,7 @@ class EveryCall : public corvelle::test::ServedIde {
         const auto ide = com::make<FailingObject>(served, calls);
         {
             const WindowUser user = IsEqualCLSID(id, formatterClass)
-                                        ? WindowUser(throughTheFormatter, IDYES)
+                                        ? WindowUser(toTheFormatter, IDYES)
                                         : WindowUser(throughTheIndexer(folder.path().string()), IDNO);
             extensibility->OnConnection(ide.get(), vbext_cm_Startup, nullptr, nullptr);
             const auto& commands = program->menuModel.addIns().commands();
@@ -167,12 +184,17 @@ class EveryCall : public corvelle::test::ServedIde {
         extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr);
     }
 
+    std::vector<Way> toTheFormatter = throughTheFormatter;
+
     void failImports(Imports kind, int least, std::initializer_list<CLSID> classes);
 
     // The menu may keep a command that could not be deleted.
     void expectUnharmed(REFCLSID id, bool failed) {
         const auto text = module().Lines(1, module().CountOfLines());
         EXPECT_TRUE(text == untidy || text == tidy) << text;
+        if (const auto backup = backupOrNothing(); !backup.empty()) {
+            EXPECT_EQ(backup, untidy + "\r\n");
+        }
         if (!failed) {
             EXPECT_EQ(text, IsEqualCLSID(id, formatterClass) ? tidy : untidy);
         }
@@ -187,6 +209,12 @@ class EveryCall : public corvelle::test::ServedIde {
         EXPECT_TRUE(calls->originals.empty()) << "an object of the IDE is held";
         const auto& commands = program->menuModel.addIns().commands();
         while (!commands.empty()) commands.back()->Delete();
+    }
+
+    std::string backupOrNothing() const {
+        const auto names = folder.names();
+        const bool isThere = std::find(names.begin(), names.end(), "modMain_bak.bas") != names.end();
+        return isThere ? folder.read("modMain_bak.bas") : std::string();
     }
 
     ide::CodeModule& module() { return *(code_ = component(2).CodeModule()); }
@@ -237,6 +265,12 @@ TEST_F(EveryCall, OnTheRegistryMayFail) {
 
 TEST_F(EveryCall, OnFilesMayFail) {
     failImports(Imports::Files, 10, {indexerClass});
+}
+
+TEST_F(EveryCall, OnTheBackupMayFail) {
+    toTheFormatter = throughTheBackup;
+    failImports(Imports::Files, 3, {formatterClass});
+    EXPECT_EQ(folder.read("modMain_bak.bas"), untidy + "\r\n");
 }
 
 } // namespace
