@@ -93,7 +93,9 @@ class Run {
 
     void printLackOfMemory(const ModuleSource& source) {
         progress_.clear();
-        std::cerr << source.shownPath << ": Out of memory" << std::endl;
+        std::cerr << source.shownPath << ": "
+                  << base::describeError(static_cast<std::int32_t>(base::ErrorNumber::OutOfMemory))
+                  << std::endl;
         progress_.step();
         ++fates_[static_cast<std::size_t>(FormatJob::Fate::Failed)];
         status_ = exitFailed;
