@@ -2,6 +2,7 @@
 
 #include "cli/format_fixture.h"
 #include "ide/workspace/file_kind.h"
+#include "places.h"
 
 #include <algorithm>
 #include <map>

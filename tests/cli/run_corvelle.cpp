@@ -2,6 +2,8 @@
 
 #include "cli/run_corvelle.h"
 
+#include "places.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <csignal>

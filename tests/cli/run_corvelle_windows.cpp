@@ -2,6 +2,7 @@
 
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
+#include "places.h"
 
 #include <cerrno>
 #include <cstdio>

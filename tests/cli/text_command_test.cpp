@@ -1,6 +1,7 @@
 // Runs the program, which is found in CORVELLE_BINARY.
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
+#include "places.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

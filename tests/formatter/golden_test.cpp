@@ -1,4 +1,5 @@
 #include "formatter/run_engine.h"
+#include "places.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -9,6 +9,7 @@
 #include "indexer/windows/frm_index_main.h"
 #include "indexer/windows/frm_indexer.h"
 #include "indexer/windows/frm_txt.h"
+#include "places.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>

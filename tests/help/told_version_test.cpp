@@ -2,6 +2,7 @@
 
 #include "base/file.h"
 #include "forms/application.h"
+#include "places.h"
 
 #include <cstddef>
 #include <cstdio>

@@ -1,4 +1,5 @@
 #include "cli/run_corvelle.h"
+#include "places.h"
 #include "workbench/indexer_road.h"
 #include "workbench/resource.h"
 

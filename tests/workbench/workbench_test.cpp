@@ -1,5 +1,6 @@
 #include "workbench/workbench_test.h"
 
+#include "places.h"
 #include "workbench/resource.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "formatter/win32/wizard_on_screen.h"
 
+#include "places.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <utility>

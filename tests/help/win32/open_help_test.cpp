@@ -1,6 +1,7 @@
 // Windows' own viewer with the compiled help.
 
 #include "forms/win32/html_help.h"
+#include "places.h"
 
 #include <gtest/gtest.h>
 #include <string>

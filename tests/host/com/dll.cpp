@@ -1,5 +1,7 @@
 #include "host/com/dll.h"
 
+#include "places.h"
+
 #include <stdexcept>
 
 namespace corvelle::host::test {

@@ -1,6 +1,7 @@
 #include "host/com/outside_libraries.h"
 
 #include "com/bstr.h"
+#include "places.h"
 
 #include <gtest/gtest.h>
 #include <string>

@@ -2,6 +2,7 @@
 
 #include "com/error.h"
 #include "com/object.h"
+#include "places.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -3,6 +3,7 @@
 #include "formatter/win32/watched_desktop.h"
 #include "indexer/windows/add_in_manager.h"
 #include "indexer/windows/frm_txt.h"
+#include "places.h"
 
 #include <filesystem>
 #include <functional>

@@ -3,6 +3,7 @@
 #include "formatter/win32/watched_desktop.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/windows/frm_indexer.h"
+#include "places.h"
 
 #include <filesystem>
 #include <functional>

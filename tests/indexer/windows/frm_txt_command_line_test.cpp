@@ -1,6 +1,7 @@
 // Runs the program, which is found in CORVELLE_BINARY.
 #include "cli/run_corvelle.h"
 #include "indexer/windows/text_editor_session.h"
+#include "places.h"
 
 #include <gmock/gmock.h>
 #include <map>
