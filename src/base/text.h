@@ -18,6 +18,14 @@ constexpr char upper(char c) {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
 }
 
+/// Whether the character may stand in a name of the language: a letter (any byte above 127 is one), a digit
+/// or an underscore.
+constexpr bool isNameCharacter(char c) {
+    const char letter = lower(c);
+    return (letter >= 'a' && letter <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
+           static_cast<unsigned char>(c) > 127;
+}
+
 /// Every ASCII letter of the text in upper case.
 std::string upper(std::string_view text);
 

@@ -7,7 +7,13 @@
 // The lines of the header file (.h) and of the configuration file (.hcnf), with their line ends.
 namespace corvelle::indexer {
 
-/// "#define IDH_AAAB  1001"; the file is an OutputFile or a FileWriter.
+/// A file of these lines that is kept in memory.
+struct LinesInMemory {
+    std::string bytes;
+    void write(std::string_view more) { bytes += more; }
+};
+
+/// "#define IDH_AAAB  1001"; the file is anything with a function `write`.
 template <class File>
 void writeDefine(File& header, std::string_view idhName, std::int32_t number) {
     header.write("#define ");

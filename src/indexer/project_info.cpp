@@ -10,8 +10,6 @@ namespace corvelle::indexer {
 
 namespace {
 
-constexpr std::string_view firstKey = "Indexer project file :";
-
 // By slot.
 constexpr std::array<std::string_view, 7> keys{
     "VB Project Name= ", "Project File= ", "Header file= ", "Configuration File= ",
@@ -36,7 +34,7 @@ bool readProjectInfo(std::string_view bytes, ProjectInfo& info) {
     for (TextLines lines(bytes); lines.next() && lines.number() <= keys.size() + 1;) {
         const auto line = base::trimSpaces(lines.line());
         if (lines.number() == 1) {
-            if (line.substr(0, firstKey.size()) != firstKey) return false;
+            if (line.substr(0, projectFileKey.size()) != projectFileKey) return false;
             continue;
         }
         const std::size_t slot = lines.number() - 2;
@@ -52,7 +50,7 @@ bool readProjectInfo(std::string_view bytes, ProjectInfo& info) {
 }
 
 std::vector<std::string> projectFileLines(std::string_view dateAndTime, const ProjectInfo& info) {
-    std::vector<std::string> lines{std::string(firstKey).append(dateAndTime)};
+    std::vector<std::string> lines{std::string(projectFileKey).append(dateAndTime)};
     for (std::size_t i = 0; i < keys.size(); ++i) lines.push_back(std::string(keys[i]).append(info[i]));
     return lines;
 }

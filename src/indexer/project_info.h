@@ -8,6 +8,9 @@
 // The indexer project file (.icp): eight lines with a key each.
 namespace corvelle::indexer {
 
+/// What a project file begins with.
+inline constexpr std::string_view projectFileKey = "Indexer project file :";
+
 /// What a project file tells.
 using ProjectInfo = std::array<std::string, 7>;
 

@@ -7,7 +7,7 @@ void Report::append(std::string_view line) {
 }
 
 void Report::AddInfo_Rpt(std::string_view dateAndTime, const AnalysisCaptions& captions) {
-    text_ = "Indexing initiated by ContextHElpID Indexer";
+    text_ = reportHead;
     append(dateAndTime);
     for (const auto* caption : captions.inReportOrder()) append(*caption);
 }

@@ -9,6 +9,9 @@
 
 namespace corvelle::indexer {
 
+/// Its first line.
+inline constexpr std::string_view reportHead = "Indexing initiated by ContextHElpID Indexer";
+
 /// The results text: lines with CR LF between them, none at the end.
 class Report {
   public:

@@ -24,6 +24,12 @@ bool beginsTopic(std::string_view trimmedLine) {
     return base::startsWithIgnoringCase(trimmedLine, ".TOPIC");
 }
 
+// What stands behind the last space of the line; empty where none stands in it.
+std::string_view topicName(std::string_view trimmedLine) {
+    const auto space = trimmedLine.rfind(' ');
+    return space == std::string_view::npos ? std::string_view() : trimmedLine.substr(space + 1);
+}
+
 // Finds entries by their names. Of several with one name the first one has it.
 class EntryNames {
   public:
@@ -80,8 +86,7 @@ class TopicReader {
   private:
     void beginTopic(std::string_view line) {
         store();
-        const auto space = line.rfind(' ');
-        entry_ = space == std::string_view::npos ? none : names_.find(line.substr(space + 1));
+        entry_ = names_.find(topicName(line));
         text_.clear();
     }
     void store() {
@@ -135,6 +140,14 @@ bool isUnread(std::string_view path, const HelpIndex& index) {
     return index.isUnread || std::any_of(unread.begin(), unread.end(), [&](const std::string& other) {
                return base::isSamePath(base::pathOf(path), base::pathOf(other));
            });
+}
+
+std::string_view firstTopic(std::string_view bytes) {
+    for (TextLines lines(bytes); lines.next();) {
+        const auto line = base::trimSpaces(lines.line());
+        if (beginsTopic(line)) return topicName(line);
+    }
+    return {};
 }
 
 bool holdsTopicLine(std::string_view text) {

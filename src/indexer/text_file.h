@@ -22,6 +22,9 @@ void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDe
 void readTextEntries(std::string_view bytes, HelpIndex& index,
                      LastDefault lastDefault = LastDefault::Ignored);
 
+/// The name of the file's first topic; empty if it has none.
+std::string_view firstTopic(std::string_view bytes);
+
 /// Whether a line of the text would begin another topic in the file.
 bool holdsTopicLine(std::string_view text);
 
