@@ -11,8 +11,10 @@ TEST(HelpIndex, HoldsTheDefaultEntryAloneWhenCleared) {
     index.entries.front().HelpText = "text";
     index.entries.push_back({1, "IDH_AAAB", "cmdOK", "CommandButton", ""});
     index.unreadTextFiles = {"a.txt"};
+    index.isUnread = true;
     index.clear();
     EXPECT_TRUE(index.unreadTextFiles.empty());
+    EXPECT_FALSE(index.isUnread);
     EXPECT_TRUE(index.designers.empty());
     ASSERT_EQ(index.entries.size(), 1U);
     EXPECT_EQ(index.count(), 0U);
