@@ -51,14 +51,18 @@ class FileWriter {
     std::size_t used_ = 0;
 };
 
+/// How an old file may be replaced.
+struct ReplaceOptions {
+    std::optional<FileStamp> stamp{}; ///< refused (70) unless the file is in the state of its stamp
+};
+
 /// Puts a new file in the place of the old one at once: whoever reads the path sees the whole old file or the
 /// whole new one, after a crash too. A symbolic link keeps pointing to the file that is replaced; permissions
-/// and, where allowed, the owner are the old file's. A path that does not exist yet becomes a new file. A
-/// file without any write permission is refused (70), whoever asks; so is one whose stamp differs from the
-/// given one. On any failure, one of `write` included, the old file is as it was and nothing is left beside
-/// it.
+/// and, where allowed, the owner are the old file's. A path that does not exist yet becomes a new file. What
+/// PendingFile refuses is refused. On any failure, one of `write` included, the old file is as it was and
+/// nothing is left beside it.
 void replaceFile(const std::filesystem::path& path, const std::function<void(FileWriter&)>& write,
-                 const std::optional<FileStamp>& stamp = std::nullopt);
+                 const ReplaceOptions& options = {});
 
 /// A file that is written from its start: created, or truncated, by the constructor. A file without any write
 /// permission is refused (75), whoever asks. What has been written reaches the file at the latest at the end

@@ -204,9 +204,9 @@ void FormatJob::save(const RealPaths& inUse) {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
         if (!backupName_.empty()) saveBackup(inUse);
-        base::replaceFile(
-            source_.path, [&](base::FileWriter& out) { FormattedFile(*file_, buffer_, kept_).write(out); },
-            stamp_);
+        base::replaceFile(source_.path,
+                          [&](base::FileWriter& out) { FormattedFile(*file_, buffer_, kept_).write(out); },
+                          {.stamp = stamp_});
     } catch (const std::exception& error) {
         diagnose(exitFailed, error.what());
         fate_ = Fate::Failed;

@@ -72,16 +72,16 @@ TEST(ReplaceFile, RefusesAFileThatWasChangedSinceItWasRead) {
     readFile(path, &stamp);
 
     folder.write("a.bas", "grown");
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), {.stamp = stamp}); }), 70);
     readFile(path, &stamp);
     fs::last_write_time(path, fs::last_write_time(path) + std::chrono::seconds(1));
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), {.stamp = stamp}); }), 70);
     readFile(path, &stamp);
     fs::rename(folder.write("b.bas", "other"), path);
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), {.stamp = stamp}); }), 70);
     readFile(path, &stamp);
     fs::remove(path);
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), {.stamp = stamp}); }), 70);
     EXPECT_THAT(folder.names(), ElementsAre());
 }
 
@@ -89,7 +89,7 @@ TEST(ReplaceFile, SaysThatTheFileWasChanged) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
     try {
-        replaceFile(path, writing("new"), FileStamp{});
+        replaceFile(path, writing("new"), {.stamp = FileStamp{}});
         FAIL();
     } catch (const FileError& error) {
         EXPECT_EQ(error.description(), "the file was changed meanwhile");
@@ -105,7 +105,7 @@ TEST(ReplaceFile, SeesAChangeDuringTheWriting) {
         writer.write("new");
         folder.write("a.bas", "somebody else's");
     };
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, slow, stamp); }), 70);
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, slow, {.stamp = stamp}); }), 70);
     EXPECT_EQ(folder.read("a.bas"), "somebody else's");
 }
 
@@ -114,7 +114,7 @@ TEST(ReplaceFile, ReplacesAnUnchangedFile) {
     const auto path = folder.write("a.bas", "old");
     FileStamp stamp;
     readFile(path, &stamp);
-    replaceFile(path, writing("new"), stamp);
+    replaceFile(path, writing("new"), {.stamp = stamp});
     EXPECT_EQ(folder.read("a.bas"), "new");
 }
 

@@ -59,8 +59,7 @@ void Component::Save() {
     if (isNew()) throw RunTimeError(ErrorNumber::BadFileNameOrNumber);
     const std::string bytes = module_.bytes();
     if (written_ || bytes != module_.file().bytes()) {
-        base::replaceFile(
-            path_, [&](base::FileWriter& writer) { writer.write(bytes); }, stamp_);
+        base::replaceFile(path_, [&](base::FileWriter& writer) { writer.write(bytes); }, {.stamp = stamp_});
         written_ = true;
         base::stampOf(path_, stamp_);
     }

@@ -75,8 +75,7 @@ void Project::enter(std::string_view name, const std::filesystem::path& path) {
     if (path_.empty()) return;
     auto bytes = withModule(bytes_, path_.parent_path(), name, path);
     if (bytes == bytes_) return;
-    base::replaceFile(
-        path_, [&](base::FileWriter& writer) { writer.write(bytes); }, stamp_);
+    base::replaceFile(path_, [&](base::FileWriter& writer) { writer.write(bytes); }, {.stamp = stamp_});
     bytes_ = std::move(bytes);
     base::stampOf(path_, stamp_);
 }

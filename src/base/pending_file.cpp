@@ -1,0 +1,76 @@
+#include "base/pending_file.h"
+
+#include <cerrno>
+
+namespace corvelle::base {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What cannot be looked at need not be new: it may be a link, or have permissions to keep.
+void requireKnown(const fs::file_status& status, const std::error_code& error, const fs::path& path) {
+    if (status.type() == fs::file_type::none) throw fileErrorOf(error, path);
+}
+
+// The file that the path stands for: where a symbolic link points, else the path itself.
+fs::path resolved(const fs::path& path) {
+    std::error_code error;
+    const auto status = fs::symlink_status(path, error);
+    requireKnown(status, error, path);
+    if (!fs::is_symlink(status)) return path;
+    auto target = fs::canonical(path, error);
+    if (error) throw fileErrorOf(error, path);
+    return target;
+}
+
+fs::path folderOf(const fs::path& target) {
+    return target.has_parent_path() ? target.parent_path() : fs::path(".");
+}
+
+FileProperties propertiesToKeep(const fs::path& target, const fs::path& path) {
+    std::error_code error;
+    const auto status = fs::status(target, error);
+    requireKnown(status, error, path);
+    if (fs::exists(status) && (!fs::is_regular_file(status) || isReadOnly(status)))
+        throw FileError(ErrorNumber::PathFileAccessError);
+    return FileProperties::of(target, status);
+}
+
+void requireUnchanged(const fs::path& target, const std::optional<FileStamp>& stamp) {
+    FileStamp now;
+    if (!stamp || (stampOf(target, now) && now == *stamp)) return;
+    throw FileError(static_cast<std::int32_t>(ErrorNumber::PermissionDenied),
+                    "the file was changed meanwhile");
+}
+
+} // namespace
+
+PendingFile::PendingFile(const fs::path& path, const ReplaceOptions& options)
+    : path_(path), target_(resolved(path)), options_(options), properties_(propertiesToKeep(target_, path)),
+      temporary_(folderOf(target_), properties_.initialMode(), target_), writer_(temporary_.number(), path_) {
+}
+
+void PendingFile::finish() {
+    if (finished_) return;
+    writer_.flush();
+    properties_.giveTo(temporary_.number(), path_);
+    if (!flushToDisk(temporary_.number()) || !temporary_.close()) throw fileErrorOfErrno(path_);
+    finished_ = true;
+}
+
+void PendingFile::commit() {
+    finish();
+    requireUnchanged(target_, options_.stamp);
+    temporary_.renameTo(target_);
+    flushFolder(folderOf(target_));
+}
+
+void replaceFile(const fs::path& path, const std::function<void(FileWriter&)>& write,
+                 const ReplaceOptions& options) {
+    PendingFile file(path, options);
+    write(file.writer());
+    file.commit();
+}
+
+} // namespace corvelle::base

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/file.h"
+#include "base/temporary_file.h"
+
+#include <filesystem>
+#include <optional>
+
+namespace corvelle::base {
+
+/// The file that is to take another's place, or a new one's, while it is not there yet. It grows beside its
+/// place under a name of its own, and goes with the object unless it has been committed. Whoever replaces
+/// several files finishes all of them before the first is committed. Every function but the destructor throws
+/// FileError, and then the old file is as it was.
+class PendingFile {
+  public:
+    /// Refuses what may not be replaced: what is no file (75), nobody may write (75) or this user may not
+    /// write (70). A symbolic link stands for the file that it points to.
+    explicit PendingFile(const std::filesystem::path& path, const ReplaceOptions& options = {});
+    PendingFile(const PendingFile&) = delete;
+    PendingFile& operator=(const PendingFile&) = delete;
+
+    /// What the new file's bytes are written to.
+    FileWriter& writer() { return writer_; }
+    /// Makes the new file whole: its bytes are on the disk, and it has the old one's permissions and, where
+    /// allowed, owner. Nothing can be written afterwards.
+    void finish();
+    /// Puts the file, which is finished first if it is not yet, in its place, unless the old one is not in
+    /// the state of the stamp any more (70).
+    void commit();
+
+    const std::filesystem::path& path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;   // as given, for messages
+    std::filesystem::path target_; // where links lead
+    ReplaceOptions options_;
+    FileProperties properties_;
+    TemporaryFile temporary_;
+    FileWriter writer_;
+    bool finished_ = false;
+};
+
+} // namespace corvelle::base
