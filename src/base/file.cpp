@@ -1,5 +1,6 @@
 #include "base/file.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <exception>
@@ -20,20 +21,43 @@ FileError tooLarge() {
     return FileError(static_cast<std::int32_t>(ErrorNumber::OutOfMemory), "The file is larger than 4 GiB");
 }
 
-// Reads to the end. The expected size is a guess: right for most files, 0 for a pipe.
-std::string readToEnd(int file, std::uint64_t expected, const std::filesystem::path& path) {
-    if (expected > largestFile) throw tooLarge();
-    // One byte more, so that the read that finds the end needs no more room.
-    constexpr std::size_t guess = std::size_t{1} << 12;
-    std::string bytes(expected > 0 ? static_cast<std::size_t>(expected) + 1 : guess, '\0');
-    std::size_t size = 0;
-    while (true) {
+void requireFile(const std::filesystem::file_status& status) {
+    if (const auto what = whatInsteadOfFile(status); !what.empty()) throw notAFile(what);
+}
+
+void requireWritable(const std::filesystem::file_status& status) {
+    if (isReadOnly(status)) throw FileError(ErrorNumber::PathFileAccessError, "the file is read-only");
+}
+
+constexpr std::size_t firstBlock = std::size_t{1} << 16;
+
+// Reads until the buffer is full or the file ends.
+std::size_t fill(int file, std::string& bytes, std::size_t size, const std::filesystem::path& path) {
+    while (size < bytes.size()) {
         const auto got = readSome(file, bytes.data() + size, bytes.size() - size);
         if (got < 0) throw fileErrorOfErrno(path);
-        size += static_cast<std::size_t>(got);
-        if (size > largestFile) throw tooLarge();
         if (got == 0) break;
-        if (size == bytes.size()) bytes.resize(bytes.size() * 2);
+        size += static_cast<std::size_t>(got);
+    }
+    return size;
+}
+
+// Reads to the end. The expected size is a guess: right for most files, 0 for a pipe.
+std::string readToEnd(int file, std::uint64_t expected, const std::filesystem::path& path,
+                      const FirstBlockCheck& check = {}) {
+    if (expected > largestFile && !check) throw tooLarge();
+    // One byte more, so that the read that finds the end needs no more room.
+    std::string bytes(static_cast<std::size_t>(
+                          std::min<std::uint64_t>(expected > 0 ? expected + 1 : firstBlock, firstBlock)),
+                      '\0');
+    std::size_t size = fill(file, bytes, 0, path);
+    if (check) check(std::string_view(bytes).substr(0, size));
+    if (expected > largestFile) throw tooLarge();
+    while (size == bytes.size()) {
+        const bool grows = expected < size; // it tells no size, or has grown meanwhile
+        bytes.resize(grows ? size * 2 : static_cast<std::size_t>(expected) + 1);
+        size = fill(file, bytes, size, path);
+        if (size > largestFile) throw tooLarge();
     }
     bytes.resize(size);
     return bytes;
@@ -41,7 +65,7 @@ std::string readToEnd(int file, std::uint64_t expected, const std::filesystem::p
 
 FileDescriptor openOutput(const std::filesystem::path& path) {
     std::error_code ignored;
-    if (isReadOnly(std::filesystem::status(path, ignored))) throw FileError(ErrorNumber::PathFileAccessError);
+    requireWritable(std::filesystem::status(path, ignored));
     FileDescriptor file = openToTruncate(path);
     if (!file.isOpen()) throw fileErrorOfErrno(path);
     return file;
@@ -49,12 +73,16 @@ FileDescriptor openOutput(const std::filesystem::path& path) {
 
 } // namespace
 
-std::string readFile(const std::filesystem::path& path, FileStamp* stamp) {
+std::string readFile(const std::filesystem::path& path, FileStamp* stamp, const FirstBlockCheck& check) {
+    // Before it is opened, which a device may notice; that it is no other by then is asked below.
+    std::error_code ignored;
+    requireFile(std::filesystem::status(path, ignored));
     FileStamp taken;
     const FileDescriptor file = openToRead(path);
     if (!file.isOpen() || !stampOf(file.number(), taken)) throw fileErrorOfErrno(path);
+    if (const auto what = whatInsteadOfFile(file.number()); !what.empty()) throw notAFile(what);
     if (stamp) *stamp = taken;
-    return readToEnd(file.number(), taken.size, path);
+    return readToEnd(file.number(), taken.size, path, check);
 }
 
 std::optional<FileStamp> stampIfThere(const std::filesystem::path& path) {

@@ -15,9 +15,14 @@
 // Whole files, as bytes. Each function throws FileError.
 namespace corvelle::base {
 
-/// The whole file, which may be a pipe; at most 4 GiB - 1 bytes. Takes the file's stamp before reading where
-/// one is asked for, so that a change during the reading shows as well.
-std::string readFile(const std::filesystem::path& path, FileStamp* stamp = nullptr);
+/// Looks at the first 64 KiB of a file, or all of it, and throws if the rest need not be read.
+using FirstBlockCheck = std::function<void(std::string_view)>;
+
+/// The whole file; at most 4 GiB - 1 bytes. What is no file (a FIFO, a device, ...) is not opened but refused
+/// (75): nothing waits for another program. Takes the file's stamp before reading where one is asked for, so
+/// that a change during the reading shows as well.
+std::string readFile(const std::filesystem::path& path, FileStamp* stamp = nullptr,
+                     const FirstBlockCheck& check = {});
 
 /// The file's stamp; none if there is no such file.
 std::optional<FileStamp> stampIfThere(const std::filesystem::path& path);

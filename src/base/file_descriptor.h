@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 
 namespace corvelle::base {
 
@@ -34,7 +35,8 @@ class FileDescriptor {
     int number_ = -1;
 };
 
-/// The following give a closed descriptor when the file could not be opened.
+/// The following give a closed descriptor when the file could not be opened. Opening to read waits for nobody
+/// at the other end of a FIFO and takes no terminal for this process.
 FileDescriptor openToRead(const std::filesystem::path& path);
 FileDescriptor openToTruncate(const std::filesystem::path& path);
 /// A file that did not exist before. The mode is that of POSIX, less the process's mask.
@@ -46,6 +48,8 @@ std::ptrdiff_t readSome(int file, char* buffer, std::size_t size);
 bool writeAll(int file, const char* bytes, std::size_t size);
 /// Whether the file's bytes have reached the disk.
 bool flushToDisk(int file);
+/// What is open instead of a file on a disk ("a folder", "a FIFO", "a socket", "a device"); empty for a file.
+std::string_view whatInsteadOfFile(int file);
 /// Whether the stamp could be taken.
 bool stampOf(int file, FileStamp& stamp);
 bool stampOf(const std::filesystem::path& path, FileStamp& stamp);

@@ -32,8 +32,8 @@ FileProperties propertiesToKeep(const fs::path& target, const fs::path& path) {
     std::error_code error;
     const auto status = fs::status(target, error);
     requireKnown(status, error, path);
-    if (fs::exists(status) && (!fs::is_regular_file(status) || isReadOnly(status)))
-        throw FileError(ErrorNumber::PathFileAccessError);
+    if (const auto what = whatInsteadOfFile(status); !what.empty()) throw notAFile(what);
+    if (isReadOnly(status)) throw FileError(ErrorNumber::PathFileAccessError, "the file is read-only");
     return FileProperties::of(target, status);
 }
 

@@ -48,7 +48,14 @@ TEST(ReplaceFile, RefusesAFileWithoutAnyWritePermission) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
     fs::permissions(path, fs::perms(0555));
-    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new")); }), 75);
+    try {
+        replaceFile(path, writing("new"));
+        FAIL();
+    } catch (const FileError& error) {
+        EXPECT_EQ(error.number(), 75);
+        EXPECT_EQ(error.description(), "Path/File access error");
+        EXPECT_EQ(error.reason(), "the file is read-only");
+    }
     EXPECT_EQ(folder.read("a.bas"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
 }

@@ -28,7 +28,8 @@ FileStamp stampFrom(const struct stat& status) {
 } // namespace
 
 FileDescriptor openToRead(const std::filesystem::path& path) {
-    return FileDescriptor(uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC); }));
+    return FileDescriptor(
+        uninterrupted([&] { return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY); }));
 }
 
 FileDescriptor openToTruncate(const std::filesystem::path& path) {
@@ -64,6 +65,14 @@ bool writeAll(int file, const char* bytes, std::size_t size) {
 
 bool flushToDisk(int file) {
     return uninterrupted([&] { return ::fsync(file); }) == 0;
+}
+
+std::string_view whatInsteadOfFile(int file) {
+    struct stat status;
+    if (::fstat(file, &status) != 0 || S_ISREG(status.st_mode)) return {};
+    if (S_ISDIR(status.st_mode)) return "a folder";
+    if (S_ISFIFO(status.st_mode)) return "a FIFO";
+    return S_ISSOCK(status.st_mode) ? "a socket" : "a device";
 }
 
 bool stampOf(int file, FileStamp& stamp) {

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
+#include <windows.h>
 
 namespace corvelle::base {
 
@@ -53,6 +54,11 @@ bool writeAll(int file, const char* bytes, std::size_t size) {
 
 bool flushToDisk(int file) {
     return _commit(file) == 0;
+}
+
+std::string_view whatInsteadOfFile(int file) {
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(file));
+    return GetFileType(handle) == FILE_TYPE_DISK ? std::string_view() : "a device";
 }
 
 bool stampOf(int file, FileStamp& stamp) {
