@@ -1,0 +1,65 @@
+// A program that is killed at each of its calls that change files.
+#ifndef _WIN32
+
+#include "base/temporary_folder.h"
+#include "cli/kill_at_each_call.h"
+#include "cli/run_corvelle.h"
+#include "faults/folder_state.h"
+
+#include <gtest/gtest.h>
+
+namespace corvelle::cli {
+namespace {
+
+using test::Files;
+
+const char* const untidy =
+    "Attribute VB_Name = \"Greeting\"\r\nSub Greet()\r\nIf a Then\r\nb\r\nEnd If\r\nEnd Sub\r\n";
+
+Files modulesIn(const std::filesystem::path& folder) {
+    Files files = test::filesIn(folder);
+    std::erase_if(files, [](const auto& file) { return file.first.ends_with(".tmp"); });
+    return files;
+}
+
+// Whatever the moment: every module is old or new, and once the command has been given again all is as if
+// nothing had happened.
+void expectHarmless(const Files& before, const std::vector<std::string>& arguments, int least) {
+    const test::InMemory inMemory;
+    const test::TemporaryFolder folder;
+    test::Surroundings surroundings;
+    surroundings.folder = folder.path();
+    const auto run = [&] { return test::runCorvelle(arguments, surroundings).status; };
+    test::put(folder.path(), before);
+    ASSERT_EQ(run(), 0);
+    const Files whole = test::filesIn(folder.path());
+    ASSERT_NE(whole, before);
+    test::killAtEachCall(
+        least, folder.path(), arguments, [&] { test::put(folder.path(), before); },
+        [&](const std::string& call) {
+            Files now = modulesIn(folder.path());
+            if (call.empty()) {
+                EXPECT_EQ(now, whole);
+                return;
+            }
+            test::expectOldOrNew(before, whole, now);
+            EXPECT_EQ(run(), 0);
+            EXPECT_EQ(modulesIn(folder.path()), whole);
+        });
+}
+
+TEST(FormatKill, LeavesTheModuleOldOrNew) {
+    expectHarmless({{"a.bas", untidy}}, {"format", "a.bas"}, 5);
+}
+
+TEST(FormatKill, LeavesEachModuleOfAProjectOldOrNew) {
+    expectHarmless({{"p.vbp", "Type=Exe\r\nModule=A; a.bas\r\nModule=B; b.bas\r\nName=\"P\"\r\n"},
+                    {"a.bas", untidy},
+                    {"b.bas", untidy}},
+                   {"format", "p.vbp"}, 10);
+}
+
+} // namespace
+} // namespace corvelle::cli
+
+#endif
