@@ -2,6 +2,7 @@
 // here: some 5 MB of varied code, one line in ten with a trailing comment, 38 bytes a line on average.
 
 #include "formatter/engine.h"
+#include "formatter/format_code.h"
 #include "formatter/scanner.h"
 
 #include <array>
@@ -191,6 +192,16 @@ FormatOptions allRemovals() {
     options.bNoEmpty = options.bNoCmntLn = options.bNoAllCmnt = 1;
     return options;
 }
+
+// All of it: both passes, the origins and the safety check.
+void formatCode(benchmark::State& state) {
+    const auto& lines = module().lines();
+    const corvelle::formatter::ModuleCode code{.lines = {lines.begin(), lines.end()}};
+    const FormatOptions options = state.range(0) != 0 ? allRemovals() : FormatOptions();
+    while (state.KeepRunning()) benchmark::DoNotOptimize(corvelle::formatter::formatCode(code, options));
+    report(state);
+}
+BENCHMARK(formatCode)->ArgName("removals")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // The whole engine: cleaning, then indentation. The goal is 300 MB/s on one core.
 void cleanAndIndent(benchmark::State& state) {

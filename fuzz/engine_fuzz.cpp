@@ -5,8 +5,7 @@
 // Input: a byte of options (bits 0 to 2: the removal options; bit 3: stop), a byte for the tab width, a byte
 // for the line at which to stop; then the module's lines, which end at LF.
 
-#include "base/run_time_error.h"
-#include "formatter/engine.h"
+#include "formatter/format_code.h"
 #include "formatter/reference_comparison.h"
 #include "vocabulary.h"
 
@@ -59,17 +58,9 @@ Lines split(std::string_view text) {
 
 // Without removal options nothing but tabs, and spaces at both ends, may change.
 void checkUnharmed(const Lines& raw, formatter::FormatOptions options) {
-    formatter::PassObserver observer;
-    formatter::Engine engine(observer);
-    engine.options = options;
-    engine.beginCleaning(raw.size());
-    for (const std::string& line : raw) engine.cleanLine(line);
-    const formatter::LineBuffer& buffer = engine.lineBuffer();
-    try {
-        engine.VB_Format(buffer.maxIndx());
-    } catch (const corvelle::base::RunTimeError&) {
-        // The lines from there on stay without spaces.
-    }
+    // A run-time error leaves the lines from there on without spaces.
+    const auto code = formatter::formatCode({.lines = {raw.begin(), raw.end()}}, options);
+    const corvelle::base::LineBuffer& buffer = code.lines;
     if (buffer.maxIndx() + 1 != static_cast<std::int32_t>(raw.size())) requireNone("a line is lost");
     for (std::size_t i = 0; i < raw.size(); ++i) {
         std::string wanted = raw[i];

@@ -3,10 +3,7 @@
 #include "base/binary_check.h"
 #include "base/path_text.h"
 #include "base/run_time_error.h"
-#include "cli/formatted_file.h"
 #include "cli/unified_diff.h"
-#include "formatter/pass_observer.h"
-#include "formatter/token_check.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -17,7 +14,7 @@
 
 namespace corvelle::cli {
 
-using formatter::Engine;
+using workspace::FormattedFile;
 using workspace::ModuleFile;
 
 namespace {
@@ -28,38 +25,16 @@ bool isPlainName(std::string_view name) {
            std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
 
-// Finds the code lines that the buffer's lines come from. Ask in ascending order.
-class Origins {
-  public:
-    explicit Origins(const std::vector<bool>& kept) : kept_(kept) {}
-
-    std::uint32_t codeLineOf(std::int32_t bufferIndex) {
-        while (!kept_[line_] || index_ < bufferIndex) index_ += kept_[line_++] ? 1 : 0;
-        return line_;
+formatter::ModuleCode codeOf(const ModuleFile& file) {
+    formatter::ModuleCode code{.lines = {}, .lineEnd = file.newLine()};
+    code.lines.reserve(file.codeLineCount());
+    for (std::uint32_t line = 0; line < file.codeLineCount(); ++line) {
+        code.lines.push_back(file.codeLine(line));
     }
-
-  private:
-    const std::vector<bool>& kept_;
-    std::uint32_t line_ = 0;
-    std::int32_t index_ = 0; // of the buffer's next line
-};
-
-// Whether the text's last character, which is one of the line, would become a part of the line's end.
-bool joinsLineEnd(std::string_view text, std::string_view lineEnd) {
-    return lineEnd == "\n" && !text.empty() && text.back() == '\r';
+    return code;
 }
 
-constexpr std::string_view returnThatJoins = "the carriage return in front of the line's end";
-
 } // namespace
-
-struct FormatJob::Errors : formatter::PassObserver {
-    std::vector<formatter::StructuralError> found;
-
-    void addError(const formatter::StructuralError& error) override { found.push_back(error); }
-    void lineKept(std::int32_t) override {}
-    void lineFormatted(std::int32_t, std::int32_t) override {}
-};
 
 void FormatJob::format() {
     if (!source_.isModule()) {
@@ -76,11 +51,8 @@ void FormatJob::format() {
             fate_ = Fate::Failed;
             return;
         }
-        Errors errors;
-        Engine engine(errors);
-        engine.options = settings_.options;
-        if (!clean(engine)) return;
-        indent(engine, errors);
+        code_ = formatter::formatCode(codeOf(*file_), settings_.options);
+        judge();
     } catch (const workspace::HeaderNeverEnds& error) {
         diagnose(exitLookAt, error.line(), "the header that begins here never ends");
         fate_ = Fate::Refused;
@@ -105,66 +77,31 @@ void FormatJob::read() {
     file_.emplace(std::move(bytes), type);
 }
 
-bool FormatJob::clean(Engine& engine) {
-    const std::uint32_t count = file_->codeLineCount();
-    engine.ResetAll();
-    engine.beginCleaning(count, file_->bytes().size());
-    kept_.resize(count);
-    for (std::uint32_t line = 0; line < count; ++line) kept_[line] = engine.cleanLine(file_->codeLine(line));
-    if (engine.lineBuffer().maxIndx() >= 0) return true;
-    note_ = "no line would be kept; left as it is";
-    return false;
-}
-
-void FormatJob::indent(Engine& engine, const Errors& errors) {
-    const std::int32_t maxIndx = engine.lineBuffer().maxIndx();
-    try {
-        engine.VB_Format(maxIndx);
-    } catch (const base::RunTimeError& error) {
-        const std::uint32_t line = Origins(kept_).codeLineOf(engine.position());
-        diagnose(exitLookAt, file_->fileLine(line), error.description());
+void FormatJob::judge() {
+    if (!code_.holdsLines()) {
+        note_ = "no line would be kept; left as it is";
+        return;
+    }
+    if (code_.error) {
+        diagnose(exitLookAt, file_->fileLine(code_.position), code_.error->description());
         fate_ = Fate::Refused;
         return;
     }
-    buffer_ = engine.takeLineBuffer();
-    Origins origins(kept_);
-    for (const auto& error : errors.found) {
-        diagnose(exitLookAt, file_->fileLine(origins.codeLineOf(error.position)), error.text());
+    for (const auto& fault : code_.faults) diagnose(exitLookAt, file_->fileLine(fault.line), fault.text);
+    for (const auto& found : code_.unsafe) diagnoseUnsafe(file_->fileLine(found.line), found.text);
+    if (const auto loss = formatter::lossAtLineEnd(file_->bytes(), formatted().missingLineEnd())) {
+        const auto& bytes = file_->bytes();
+        const auto lineFeeds = std::count(bytes.begin(), bytes.end(), '\n');
+        diagnoseUnsafe(static_cast<std::uint32_t>(lineFeeds) + 1, *loss);
     }
-    findUnsafeLines();
-    if (engine.indentLevel() != 0) note_ = "the level ends at " + std::to_string(engine.indentLevel());
+    if (code_.level != 0) note_ = "the level ends at " + std::to_string(code_.level);
     summary_ = "Module contains " + std::to_string(file_->codeLineCount()) +
-               " Lines | Formatted code contains:  " + std::to_string(maxIndx + 1) + " Lines";
+               " Lines | Formatted code contains:  " + std::to_string(code_.lines.maxIndx() + 1) + " Lines";
     if (status_ != exitDone && !settings_.force) {
         fate_ = Fate::Refused;
-    } else if (FormattedFile(*file_, buffer_, kept_).changed()) {
+    } else if (formatted().changed()) {
         fate_ = Fate::Rewritten;
         if (settings_.check) status_ = std::max(status_, exitLookAt);
-    }
-}
-
-void FormatJob::findUnsafeLines() {
-    struct Checker {
-        FormatJob& job;
-        formatter::TokenCheck check;
-
-        void report(std::uint32_t line, const std::optional<std::string>& loss) const {
-            if (loss) job.diagnoseUnsafe(job.file_->fileLine(line), *loss);
-        }
-        void hidden(std::string_view) {}
-        void kept(std::uint32_t line, std::int32_t bufferIndex) {
-            const auto text = job.buffer_.text(bufferIndex);
-            report(line, check.kept(job.file_->codeLine(line), text, job.buffer_.spaces(bufferIndex)));
-            if (joinsLineEnd(text, job.file_->newLine())) report(line, std::string(returnThatJoins));
-        }
-        void dropped(std::uint32_t line) { report(line, check.dropped(job.file_->codeLine(line))); }
-    };
-    const FormattedFile formatted(*file_, buffer_, kept_);
-    formatted.visit(Checker{*this, formatter::TokenCheck({.commentsMayGo = settings_.removesComments()})});
-    const auto& bytes = file_->bytes();
-    if (joinsLineEnd(bytes, formatted.missingLineEnd())) {
-        const auto lineFeeds = std::count(bytes.begin(), bytes.end(), '\n');
-        diagnoseUnsafe(static_cast<std::uint32_t>(lineFeeds) + 1, returnThatJoins);
     }
 }
 
@@ -204,8 +141,7 @@ void FormatJob::save(const RealPaths& inUse) {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
         if (!backupName_.empty()) saveBackup(inUse);
-        base::replaceFile(source_.path,
-                          [&](base::FileWriter& out) { FormattedFile(*file_, buffer_, kept_).write(out); },
+        base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
                           {.stamp = stamp_});
     } catch (const std::exception& error) {
         diagnose(exitFailed, error.what());
@@ -226,8 +162,8 @@ void FormatJob::printResult(base::FileWriter& out) const {
     if (settings_.check && fate_ == Fate::Rewritten) out.write(source_.shownPath + "\n");
     if (settings_.diff && fate_ == Fate::Rewritten) printDiff(out);
     if (printsModule()) {
-        if (buffer_.maxIndx() >= 0 && !summary_.empty()) {
-            FormattedFile(*file_, buffer_, kept_).write(out);
+        if (!summary_.empty()) {
+            formatted().write(out);
         } else {
             out.write(file_->bytes());
         }
@@ -279,7 +215,7 @@ void FormatJob::printDiff(base::FileWriter& out) const {
             void write(std::string_view text) { to += text; }
         };
     };
-    const FormattedFile formatted(*file_, buffer_, kept_);
+    const FormattedFile formatted = this->formatted();
     Differ differ{*file_,
                   formatted,
                   UnifiedDiff(source_.shownPath, [&out](std::string_view text) { out.write(text); }),

@@ -4,14 +4,14 @@
 #include "cli/backup_names.h"
 #include "cli/format_settings.h"
 #include "cli/source_list.h"
-#include "formatter/engine.h"
+#include "formatter/format_code.h"
+#include "ide/workspace/formatted_file.h"
 #include "ide/workspace/module_file.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace corvelle::cli {
 
@@ -41,12 +41,9 @@ class FormatJob {
     ExitStatus status() const { return status_; }
 
   private:
-    struct Errors; // collects what the pass reports
-
     void read();
-    bool clean(formatter::Engine& engine);
-    void indent(formatter::Engine& engine, const Errors& errors);
-    void findUnsafeLines();
+    void judge();
+    workspace::FormattedFile formatted() const { return {*file_, code_.lines, code_.kept}; }
     void saveBackup(const RealPaths& inUse) const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
@@ -58,8 +55,7 @@ class FormatJob {
     const FormatSettings& settings_;
     base::FileStamp stamp_{};
     std::optional<workspace::ModuleFile> file_;
-    std::vector<bool> kept_; // of each code line, whether the buffer holds it
-    formatter::LineBuffer buffer_;
+    formatter::FormattedCode code_;
     std::string backupName_;
     std::string diagnostics_; // lines
     std::string note_;

@@ -28,7 +28,6 @@ struct FormatSettings {
     unsigned jobs = std::clamp(std::thread::hardware_concurrency(), 1U, mostJobs);
 
     bool writesFiles() const { return !check && !diff && !toStandardOutput; }
-    bool removesComments() const { return options.bNoCmntLn == 1 || options.bNoAllCmnt == 1; }
 };
 
 } // namespace corvelle::cli

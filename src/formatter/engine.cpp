@@ -56,7 +56,7 @@ bool Engine::cleanLine(std::string_view raw) {
 }
 
 std::int32_t Engine::VB_Format(std::int32_t maxIndx) {
-    errorCount_ = 0;
+    errors_.clear();
     observer_.startIndicator();
     observer_.clearErrors();
     observer_.setInfo("Formating...");
@@ -75,7 +75,7 @@ std::int32_t Engine::VB_Format(std::int32_t maxIndx) {
     }
     observer_.setInfo("Formating Done...");
     observer_.stopIndicator();
-    return errorCount_;
+    return static_cast<std::int32_t>(errors_.size());
 }
 
 void Engine::formatLine(std::int32_t i) {
@@ -148,8 +148,8 @@ void Engine::writeAtLevel(std::int32_t i) {
 }
 
 void Engine::report(StructuralError::Kind kind, std::int32_t i) {
-    ++errorCount_;
-    observer_.addError({kind, i});
+    errors_.push_back({kind, i});
+    observer_.addError(errors_.back());
 }
 
 } // namespace corvelle::formatter

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formatter/line_buffer.h"
+#include "base/line_buffer.h"
 #include "formatter/pass_observer.h"
 #include "formatter/scanner.h"
 
@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace corvelle::formatter {
 
@@ -17,6 +18,8 @@ struct FormatOptions {
     std::uint8_t bNoCmntLn = 0;  ///< drop comment-only lines
     std::uint8_t bNoAllCmnt = 0; ///< drop trailing comments
     std::uint8_t mTab = 2;       ///< spaces per level
+
+    bool removesComments() const { return bNoCmntLn == 1 || bNoAllCmnt == 1; }
 };
 
 /// Turns the lines of one code module into formatted lines: the cleaning pass strips each line and drops what
@@ -48,11 +51,13 @@ class Engine {
     /// Stops a running VB_Format at the next line.
     void DisableProc() { cancelRequested_ = true; }
 
-    const LineBuffer& lineBuffer() const { return buffer_; }
+    const base::LineBuffer& lineBuffer() const { return buffer_; }
     /// Hands the buffer over; the engine is left with an unusable one until the next ResetAll.
-    LineBuffer takeLineBuffer() { return std::move(buffer_); }
+    base::LineBuffer takeLineBuffer() { return std::move(buffer_); }
     /// Index of the line that VB_Format worked on last.
     std::int32_t position() const { return position_; }
+    /// What VB_Format found wrong, in the order in which it told it.
+    const std::vector<StructuralError>& errors() const { return errors_; }
     /// The block level after the last line.
     std::int16_t indentLevel() const { return indentLevel_; }
 
@@ -65,7 +70,7 @@ class Engine {
 
     PassObserver& observer_;
     Scanner scanner_;
-    LineBuffer buffer_;
+    base::LineBuffer buffer_;
     std::string tabless_; // room for a line whose inner tabs had to go
     bool bCode_ = false;
     std::int16_t indentLevel_ = 0;
@@ -73,7 +78,7 @@ class Engine {
     std::int16_t selectDepth_ = 0;
     bool caseSeen_ = false;
     bool cancelRequested_ = false;
-    std::int32_t errorCount_ = 0;
+    std::vector<StructuralError> errors_;
     std::int32_t position_ = 0;
 };
 

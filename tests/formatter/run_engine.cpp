@@ -1,5 +1,7 @@
 #include "formatter/run_engine.h"
 
+#include "formatter/format_code.h"
+
 namespace corvelle::formatter::test {
 
 namespace {
@@ -11,33 +13,24 @@ class ErrorList : public PassObserver {
     void addError(const StructuralError& error) override { errors.push_back(error.text()); }
 };
 
-void load(Engine& engine, const Lines& raw, FormatOptions options) {
-    engine.options = options;
-    engine.ResetAll();
-    engine.beginCleaning(raw.size());
-    for (const std::string& line : raw) engine.cleanLine(line);
+Lines linesOf(const base::LineBuffer& buffer) {
+    Lines lines;
+    for (std::int32_t i = 0; i <= buffer.maxIndx(); ++i) lines.push_back(buffer.line(i));
+    return lines;
 }
 
-Lines bufferOf(const Engine& engine) {
-    Lines lines;
-    for (std::int32_t i = 0; i <= engine.lineBuffer().maxIndx(); ++i) {
-        lines.push_back(engine.lineBuffer().line(i));
-    }
-    return lines;
+FormattedCode format(const Lines& raw, FormatOptions options, PassObserver* observer = nullptr) {
+    FormattedCode code = formatCode({.lines = {raw.begin(), raw.end()}}, options, observer);
+    if (code.error) throw base::RunTimeError(*code.error);
+    return code;
 }
 
 } // namespace
 
 Outcome run(const Lines& raw, FormatOptions options) {
     ErrorList observer;
-    Engine engine(observer);
-    load(engine, raw, options);
-    Outcome result;
-    result.result = engine.VB_Format(engine.lineBuffer().maxIndx());
-    result.lines = bufferOf(engine);
-    result.errors = observer.errors;
-    result.level = engine.indentLevel();
-    return result;
+    const FormattedCode code = format(raw, options, &observer);
+    return {linesOf(code.lines), observer.errors, static_cast<std::int32_t>(code.faults.size()), code.level};
 }
 
 Lines formatted(const Lines& raw) {
@@ -45,24 +38,21 @@ Lines formatted(const Lines& raw) {
 }
 
 std::vector<int> levels(const Lines& raw) {
-    PassObserver observer;
-    Engine engine(observer);
     FormatOptions options;
     options.mTab = 1;
-    load(engine, raw, options);
-    engine.VB_Format(engine.lineBuffer().maxIndx());
+    const FormattedCode code = format(raw, options);
     std::vector<int> result;
-    for (std::int32_t i = 0; i <= engine.lineBuffer().maxIndx(); ++i) {
-        result.push_back(engine.lineBuffer().spaces(i));
-    }
+    for (std::int32_t i = 0; i <= code.lines.maxIndx(); ++i) result.push_back(code.lines.spaces(i));
     return result;
 }
 
 Lines cleaned(const Lines& raw, FormatOptions options) {
     PassObserver observer;
     Engine engine(observer);
-    load(engine, raw, options);
-    return bufferOf(engine);
+    engine.options = options;
+    engine.beginCleaning(raw.size());
+    for (const std::string& line : raw) engine.cleanLine(line);
+    return linesOf(engine.lineBuffer());
 }
 
 } // namespace corvelle::formatter::test

@@ -98,12 +98,12 @@ class FrmFormatter : public forms::Form, private PassObserver {
     std::string getProjectDir();
     /// Writes the module's code as the IDE holds it. On failure the file, if there was one, is as it was. The
     /// line buffer is not looked at.
-    bool SaveToFile(const std::string& FileName, const LineBuffer& mArr);
+    bool SaveToFile(const std::string& FileName, const base::LineBuffer& mArr);
     /// Asks for the help file; empty if the user does not name one.
     std::string SetHelp();
 
     /// The formatted lines.
-    const LineBuffer& lineBuffer() const { return engine_.lineBuffer(); }
+    const base::LineBuffer& lineBuffer() const { return engine_.lineBuffer(); }
 
   protected:
     void design() override;

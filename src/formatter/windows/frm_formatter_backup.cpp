@@ -71,7 +71,7 @@ std::string FrmFormatter::getProjectDir() {
     return file.substr(0, file.rfind('\\') + 1);
 }
 
-bool FrmFormatter::SaveToFile(const std::string& FileName, const LineBuffer& /*mArr*/) {
+bool FrmFormatter::SaveToFile(const std::string& FileName, const base::LineBuffer& /*mArr*/) {
     const auto module = FmtCodeModule;
     if (!module) {
         objectNotSet();

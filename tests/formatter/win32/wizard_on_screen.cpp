@@ -47,16 +47,10 @@ std::vector<std::string> WizardOnScreen::code() const {
 
 std::vector<std::string> WizardOnScreen::formatted(const std::vector<std::string>& lines,
                                                    FormatOptions options) {
-    PassObserver observer;
-    Engine engine(observer);
-    engine.options = options;
-    engine.ResetAll();
-    engine.beginCleaning(lines.size());
-    for (const std::string& line : lines) engine.cleanLine(line);
-    EXPECT_EQ(0, engine.VB_Format(engine.lineBuffer().maxIndx()));
+    const auto code = formatCode({.lines = {lines.begin(), lines.end()}}, options);
+    EXPECT_TRUE(code.faults.empty());
     std::vector<std::string> result;
-    for (std::int32_t i = 0; i <= engine.lineBuffer().maxIndx(); ++i)
-        result.push_back(engine.lineBuffer().line(i));
+    for (std::int32_t i = 0; i <= code.lines.maxIndx(); ++i) result.push_back(code.lines.line(i));
     return result;
 }
 

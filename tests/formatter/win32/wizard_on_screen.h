@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/temporary_folder.h"
-#include "formatter/engine.h"
+#include "formatter/format_code.h"
 #include "formatter/win32/watched_desktop.h"
 #include "formatter/windows/frm_main.h"
 #include "ide/workspace/workspace.h"

@@ -24,23 +24,15 @@ std::string asFile(const Lines& lines) {
     return bytes;
 }
 
-/// Keeps the structural errors.
-class ErrorList : public PassObserver {
-  public:
-    Lines errors;
-    void addError(const StructuralError& error) override { errors.push_back(error.text()); }
-};
-
 // What a run with the dialog's own options lists.
 Lines errorsIn(const Lines& lines) {
-    ErrorList observer;
-    Engine engine(observer);
-    engine.options.bNoEmpty = 1;
-    engine.ResetAll();
-    engine.beginCleaning(lines.size());
-    for (const std::string& line : lines) engine.cleanLine(line);
-    engine.VB_Format(engine.lineBuffer().maxIndx());
-    return observer.errors;
+    FormatOptions options;
+    options.bNoEmpty = 1;
+    Lines errors;
+    for (const auto& fault : formatCode({.lines = {lines.begin(), lines.end()}}, options).faults) {
+        errors.push_back(fault.text);
+    }
+    return errors;
 }
 
 // Saves a backup through the system's dialog.

@@ -1,9 +1,9 @@
-#include "formatter/line_buffer.h"
+#include "base/line_buffer.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-namespace corvelle::formatter {
+namespace corvelle::base {
 namespace {
 
 TEST(LineBuffer, holdsASingleEmptyLineAtFirst) {
@@ -97,4 +97,4 @@ TEST(LineBuffer, aNewLoadForgetsTheOldLines) {
 }
 
 } // namespace
-} // namespace corvelle::formatter
+} // namespace corvelle::base

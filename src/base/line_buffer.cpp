@@ -1,10 +1,10 @@
-#include "formatter/line_buffer.h"
+#include "base/line_buffer.h"
 
 #include "base/run_time_error.h"
 
 #include <limits>
 
-namespace corvelle::formatter {
+namespace corvelle::base {
 
 void LineBuffer::reset() {
     // Swapped, not cleared: a large module's memory goes back when its run is over.
@@ -24,7 +24,7 @@ void LineBuffer::beginLoading(std::size_t lines, std::size_t bytes) {
 
 void LineBuffer::append(std::string_view text) {
     if (text.size() > std::numeric_limits<std::uint32_t>::max() - text_.size()) {
-        throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+        throw RunTimeError(ErrorNumber::OutOfMemory);
     }
     text_.append(text);
     ends_.push_back(static_cast<std::uint32_t>(text_.size()));
@@ -37,4 +37,4 @@ std::string LineBuffer::line(std::int32_t index) const {
     return result;
 }
 
-} // namespace corvelle::formatter
+} // namespace corvelle::base

@@ -1,6 +1,6 @@
-#include "cli/formatted_file.h"
+#include "ide/workspace/formatted_file.h"
 
-namespace corvelle::cli {
+namespace corvelle::workspace {
 
 bool FormattedFile::same(std::uint32_t codeLine, std::int32_t bufferIndex) const {
     const std::string_view old = file_.codeLine(codeLine);
@@ -28,4 +28,4 @@ std::string_view FormattedFile::missingLineEnd() const {
     return lastIsHidden && !bytes.empty() && bytes.back() != '\n' ? file_.newLine() : std::string_view();
 }
 
-} // namespace corvelle::cli
+} // namespace corvelle::workspace

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-namespace corvelle::formatter {
+namespace corvelle::base {
 
-/// The module line buffer: 0-based lines, kept as slices of one text plus the number of spaces before each.
-/// The spaces are made only when a line is written out. At most 4 GiB - 1 bytes of text.
+/// A module's lines as a formatter writes them: 0-based, kept as slices of one text plus the number of spaces
+/// before each. The spaces are made only when a line is written out. At most 4 GiB - 1 bytes of text.
 class LineBuffer {
   public:
     LineBuffer() { reset(); }
@@ -49,4 +49,4 @@ class LineBuffer {
     std::vector<std::int16_t> spaces_;
 };
 
-} // namespace corvelle::formatter
+} // namespace corvelle::base

@@ -1,21 +1,20 @@
 #pragma once
 
-#include "formatter/line_buffer.h"
+#include "base/line_buffer.h"
 #include "ide/workspace/module_file.h"
 
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
-namespace corvelle::cli {
+namespace corvelle::workspace {
 
 /// A module's file with its code lines formatted: the hidden bytes in their places, the kept code lines with
 /// their spaces and the file's line end. Nothing is composed before it is asked for.
 class FormattedFile {
   public:
     /// `kept` tells for each code line whether the buffer holds it. Refers to its arguments.
-    FormattedFile(const workspace::ModuleFile& file, const formatter::LineBuffer& buffer,
-                  const std::vector<bool>& kept)
+    FormattedFile(const ModuleFile& file, const base::LineBuffer& buffer, const std::vector<bool>& kept)
         : file_(file), buffer_(buffer), kept_(kept) {}
 
     /// Visits the file from its first byte to its last: visitor.hidden(bytes) for hidden lines,
@@ -40,11 +39,11 @@ class FormattedFile {
     /// The line end that the file's last line lacks when it is a hidden one; else empty.
     std::string_view missingLineEnd() const;
 
-    const workspace::ModuleFile& file() const { return file_; }
+    const ModuleFile& file() const { return file_; }
 
   private:
-    const workspace::ModuleFile& file_;
-    const formatter::LineBuffer& buffer_;
+    const ModuleFile& file_;
+    const base::LineBuffer& buffer_;
     const std::vector<bool>& kept_;
 };
 
@@ -90,4 +89,4 @@ void FormattedFile::write(Out& out) const {
     out.write(missingLineEnd());
 }
 
-} // namespace corvelle::cli
+} // namespace corvelle::workspace

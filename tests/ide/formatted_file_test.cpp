@@ -1,9 +1,9 @@
-#include "cli/formatted_file.h"
+#include "ide/workspace/formatted_file.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-namespace corvelle::cli {
+namespace corvelle::workspace {
 namespace {
 
 struct Text {
@@ -37,8 +37,8 @@ struct Composed {
         return text.bytes;
     }
 
-    workspace::ModuleFile file;
-    formatter::LineBuffer buffer;
+    ModuleFile file;
+    base::LineBuffer buffer;
     std::vector<bool> kept;
 };
 
@@ -89,4 +89,4 @@ TEST(FormattedFile, WritesAsManySpacesAsALineCanHave) {
 }
 
 } // namespace
-} // namespace corvelle::cli
+} // namespace corvelle::workspace

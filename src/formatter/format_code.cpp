@@ -1,0 +1,100 @@
+#include "formatter/format_code.h"
+
+#include "formatter/token_check.h"
+
+#include <utility>
+
+namespace corvelle::formatter {
+
+namespace {
+
+// Without anybody to tell, a pass need not say which line it is at.
+class Silent : public PassObserver {
+  public:
+    void lineKept(std::int32_t) override {}
+    void lineFormatted(std::int32_t, std::int32_t) override {}
+};
+
+// Finds the lines of the code that the kept lines come from. Ask in ascending order.
+class Origins {
+  public:
+    explicit Origins(const std::vector<bool>& kept) : kept_(kept) {}
+
+    std::uint32_t lineOf(std::int32_t keptIndex) {
+        while (!kept_[line_] || index_ < keptIndex) index_ += kept_[line_++] ? 1 : 0;
+        return line_;
+    }
+
+  private:
+    const std::vector<bool>& kept_;
+    std::uint32_t line_ = 0;
+    std::int32_t index_ = 0; // of the next kept line
+};
+
+void clean(Engine& engine, const ModuleCode& code, std::vector<bool>& kept) {
+    std::size_t bytes = 0;
+    for (const auto line : code.lines) bytes += line.size();
+    engine.beginCleaning(code.lines.size(), bytes);
+    kept.reserve(code.lines.size());
+    for (const auto line : code.lines) kept.push_back(engine.cleanLine(line));
+}
+
+void indent(Engine& engine, FormattedCode& result) {
+    try {
+        engine.VB_Format(engine.lineBuffer().maxIndx());
+    } catch (const base::RunTimeError& error) {
+        result.error = error;
+    }
+    Origins origins(result.kept);
+    for (const auto& error : engine.errors()) {
+        result.faults.push_back({origins.lineOf(error.position), error.text()});
+    }
+    result.position = Origins(result.kept).lineOf(engine.position());
+    result.level = engine.indentLevel();
+}
+
+} // namespace
+
+FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObserver* observer) {
+    Silent silent;
+    Engine engine(observer ? *observer : silent);
+    engine.options = options;
+    engine.ResetAll();
+    FormattedCode result;
+    clean(engine, code, result.kept);
+    const bool anyKept = engine.lineBuffer().maxIndx() >= 0;
+    if (anyKept) indent(engine, result);
+    result.lines = engine.takeLineBuffer();
+    if (anyKept && !result.error) {
+        result.unsafe = findUnsafeLines(code, result, options.removesComments());
+    }
+    return result;
+}
+
+std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode& formatted,
+                                     bool commentsMayGo) {
+    std::vector<Finding> found;
+    TokenCheck check({.commentsMayGo = commentsMayGo});
+    const auto& lines = formatted.lines;
+    std::int32_t index = 0;
+    for (std::uint32_t line = 0; line < code.lines.size(); ++line) {
+        const auto report = [&](std::optional<std::string> loss) {
+            if (loss) found.push_back({line, std::move(*loss)});
+        };
+        if (formatted.kept[line]) {
+            report(check.kept(code.lines[line], lines.text(index), lines.spaces(index)));
+            report(lossAtLineEnd(lines.text(index), code.lineEnd));
+            ++index;
+        } else {
+            report(check.dropped(code.lines[line]));
+        }
+    }
+    return found;
+}
+
+std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd) {
+    if (lineEnd != "\n" || text.empty() || text.back() != '\r') return std::nullopt;
+    return "the carriage return in front of the line's end";
+}
+
+} // namespace corvelle::formatter

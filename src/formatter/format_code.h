@@ -1,0 +1,54 @@
+#pragma once
+
+#include "base/line_buffer.h"
+#include "base/run_time_error.h"
+#include "formatter/engine.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The way of a module's code through a layout, from its lines to its formatted lines and what is to be told
+// of them. Nothing here knows files or windows.
+namespace corvelle::formatter {
+
+/// The code of a module: what the IDE shows of it, line by line.
+struct ModuleCode {
+    std::vector<std::string_view> lines; ///< without their ends
+    std::string_view lineEnd = "\r\n";   ///< what each line is to be ended with
+};
+
+/// Something to be told of a line of the code.
+struct Finding {
+    std::uint32_t line; ///< 0-based, of the code before it was formatted
+    std::string text;
+};
+
+/// What a layout makes of a module's code.
+struct FormattedCode {
+    base::LineBuffer lines;                  ///< the lines that are kept, as they are to be written
+    std::vector<bool> kept;                  ///< of each line of the code, whether `lines` holds it
+    std::vector<Finding> faults;             ///< of the code's structure, in the order in which they were met
+    std::vector<Finding> unsafe;             ///< where the formatted code does not say what the code said
+    std::int16_t level = 0;                  ///< of blocks after the last line; 0 when all were closed
+    std::uint32_t position = 0;              ///< the line of the code that was worked on last
+    std::optional<base::RunTimeError> error; ///< ended the run: the lines are good for nothing
+
+    /// Whether any line is left; where none is, nothing was looked for.
+    bool holdsLines() const { return lines.maxIndx() >= 0; }
+};
+
+/// Formats the code by the tables' rules, with the safety check behind it. An observer that is given is told
+/// what a pass tells.
+FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObserver* observer = nullptr);
+
+/// The lines of the code that the formatted one would harm. The check that each layout's result has to pass.
+std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode& formatted,
+                                     bool commentsMayGo);
+
+/// What is lost where the text's last character would become a part of the line end behind it.
+std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd);
+
+} // namespace corvelle::formatter
