@@ -37,9 +37,9 @@ FileProperties propertiesToKeep(const fs::path& target, const fs::path& path) {
     return FileProperties::of(target, status);
 }
 
-void requireUnchanged(const fs::path& target, const std::optional<FileStamp>& stamp) {
-    FileStamp now;
-    if (!stamp || (stampOf(target, now) && now == *stamp)) return;
+void requireUnchanged(const fs::path& target, const ReplaceOptions& options) {
+    if (options.onlyNew ? !stampIfThere(target) : !options.stamp || stampIfThere(target) == options.stamp)
+        return;
     throw FileError(static_cast<std::int32_t>(ErrorNumber::PermissionDenied),
                     "the file was changed meanwhile");
 }
@@ -61,7 +61,7 @@ void PendingFile::finish() {
 
 void PendingFile::commit() {
     finish();
-    requireUnchanged(target_, options_.stamp);
+    requireUnchanged(target_, options_);
     temporary_.renameTo(target_);
     flushFolder(folderOf(target_));
 }

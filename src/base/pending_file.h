@@ -30,6 +30,12 @@ class PendingFile {
     void commit();
 
     const std::filesystem::path& path() const { return path_; }
+    /// The file that is replaced: where links lead.
+    const std::filesystem::path& target() const { return target_; }
+    /// What the new file is called until it is committed.
+    const std::filesystem::path& temporary() const { return temporary_.path(); }
+    /// Leaves the new file, which is finished, beside its place.
+    void keep() { temporary_.keep(); }
 
   private:
     std::filesystem::path path_;   // as given, for messages

@@ -33,9 +33,12 @@ class TemporaryFile {
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile();
 
+    const std::filesystem::path& path() const { return path_; }
     int number() const { return file_->number(); }
     bool close() { return file_->close(); }
     void renameTo(const std::filesystem::path& target);
+    /// Leaves the file, which is closed, where it is.
+    void keep() { path_.clear(); }
 
   private:
     std::filesystem::path path_;
