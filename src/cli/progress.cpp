@@ -1,6 +1,7 @@
 #include "cli/progress.h"
 
 #include <iostream>
+#include <string>
 
 #ifdef _WIN32
 #include <io.h>
@@ -26,15 +27,17 @@ Progress::Progress(std::size_t total, bool quiet)
     : total_(total), active_(total > 1 && !quiet && isTerminal()) {}
 
 void Progress::clear() {
-    if (shown_) std::cerr << "\r\x1b[K" << std::flush;
-    shown_ = false;
+    // Blanks and no terminal sequence: not every console takes those.
+    if (shown_ > 0) std::cerr << '\r' << std::string(shown_, ' ') << '\r' << std::flush;
+    shown_ = 0;
 }
 
 void Progress::step() {
     ++done_;
     if (!active_ || done_ == total_) return;
-    std::cerr << '[' << done_ << '/' << total_ << ']' << std::flush;
-    shown_ = true;
+    const std::string line = "[" + std::to_string(done_) + "/" + std::to_string(total_) + "]";
+    std::cerr << line << std::flush;
+    shown_ = line.size();
 }
 
 } // namespace corvelle::cli

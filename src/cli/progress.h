@@ -22,7 +22,7 @@ class Progress {
     std::size_t total_;
     std::size_t done_ = 0;
     bool active_;
-    bool shown_ = false;
+    std::size_t shown_ = 0; // characters of the line that stands there
 };
 
 } // namespace corvelle::cli
