@@ -8,19 +8,20 @@ namespace corvelle::forms {
 
 namespace {
 
-// The dialog changes the folder while the user browses; "no change" is not kept by every version of it.
+// The dialog changes the folder while the user browses; "no change" is not kept by every version of it. The
+// folder may have a name that the code page lacks.
 class CurrentFolder {
   public:
-    CurrentFolder() : path_(GetCurrentDirectoryA(0, nullptr)) {
-        path_.resize(GetCurrentDirectoryA(static_cast<DWORD>(path_.size()), path_.data()));
-        path_.push_back('\0');
+    CurrentFolder() : path_(GetCurrentDirectoryW(0, nullptr)) {
+        path_.resize(GetCurrentDirectoryW(static_cast<DWORD>(path_.size()), path_.data()));
+        path_.push_back(L'\0');
     }
-    ~CurrentFolder() { SetCurrentDirectoryA(path_.data()); }
+    ~CurrentFolder() { SetCurrentDirectoryW(path_.data()); }
     CurrentFolder(const CurrentFolder&) = delete;
     CurrentFolder& operator=(const CurrentFolder&) = delete;
 
   private:
-    std::vector<char> path_;
+    std::vector<wchar_t> path_;
 };
 
 } // namespace
