@@ -15,8 +15,9 @@ class TextBoxWindow : public ControlWindow {
 
     void update(Aspect aspect) override {
         if (aspect == Aspect::Text) {
+            const std::string wanted = text(); // there may be no memory for it
             writing_ = true;
-            setText(text());
+            setText(wanted);
             writing_ = false;
             return;
         }
@@ -25,7 +26,7 @@ class TextBoxWindow : public ControlWindow {
     }
 
     void commanded(int code) override {
-        if (code == EN_CHANGE && !writing_) box_.userTyped(windowText());
+        if (code == EN_CHANGE) changed();
     }
 
   protected:
@@ -46,10 +47,17 @@ class TextBoxWindow : public ControlWindow {
         // Tab, Enter and Esc are the form's; coming here by the keyboard selects nothing.
         if (message == WM_GETDLGCODE) return DLGC_WANTCHARS | DLGC_WANTARROWS;
         if (message == WM_CHAR && form_.form() != nullptr) box_.userPressedKey();
-        return ControlWindow::handle(message, wParam, lParam);
+        const LRESULT result = ControlWindow::handle(message, wParam, lParam);
+        // A box of several lines tells nobody that another program wrote its text.
+        if (message == WM_SETTEXT) changed();
+        return result;
     }
 
   private:
+    void changed() {
+        if (!writing_ && form_.form() != nullptr) box_.userTyped(windowText());
+    }
+
     TextBox& box_;
     bool writing_ = false;
 };

@@ -107,6 +107,34 @@ TEST_F(Controls, ALockedTextBoxTakesNoTyping) {
     EXPECT_EQ("xfixed", form->txtName.text());
 }
 
+TEST_F(Controls, ATextBoxTakesWhatAnotherProgramWritesIntoIt) {
+    const auto form = shownForm();
+    for (TextBox* box : {&form->txtName, &form->txtMemo}) {
+        const std::string change = box->name() + " change";
+        const int before = form->count(change);
+        SendMessageA(windowOf(*box), WM_SETTEXT, 0, reinterpret_cast<LPARAM>("from outside"));
+        EXPECT_EQ("from outside", box->text());
+        EXPECT_EQ(before + 1, form->count(change));
+        box->setText("by code");
+        EXPECT_EQ(before + 2, form->count(change));
+        EXPECT_EQ("by code", textOf(windowOf(*box)));
+    }
+}
+
+TEST_F(Controls, AFormMayGoWhileAnotherProgramWritesIntoIt) {
+    for (TextBox EveryControl::*box : {&EveryControl::txtName, &EveryControl::txtMemo}) {
+        const auto form = shownForm();
+        const std::string change = ((*form).*box).name() + " change";
+        form->onEvent = [&](const std::string& event) {
+            if (event == change) form->unload();
+        };
+        const HWND window = windowOf((*form).*box);
+        SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>("from outside"));
+        EXPECT_FALSE(form->isLoaded());
+        EXPECT_FALSE(IsWindow(window));
+    }
+}
+
 TEST_F(Controls, ATextBoxHoldsALongText) {
     const auto form = shownForm();
     std::string text;
