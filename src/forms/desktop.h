@@ -38,6 +38,10 @@ class Desktop {
     /// A call from outside wants a window shown. Unless a wait of ours is around it, what was told to quit
     /// before was a loop of the host's and not the program.
     virtual void calledFromOutside() {}
+    /// A handler of a window or a timer begins, or has ended; they nest. What it wrote is on its windows
+    /// from its end on.
+    virtual void handlerBegins() {}
+    virtual void handlerEnded() noexcept {}
     /// Shows the form above all other windows of the thread, which are disabled meanwhile, and returns when
     /// it is hidden or unloaded or the program quits.
     virtual void runModal(Form& form) = 0;
@@ -62,6 +66,18 @@ class Desktop {
 
   protected:
     virtual int showMessageBox(const std::string& text, int flags, const std::string& title) = 0;
+};
+
+/// Stands on the stack while a handler runs.
+class InHandler {
+  public:
+    explicit InHandler(Desktop& desktop) : desktop_(desktop) { desktop_.handlerBegins(); }
+    ~InHandler() { desktop_.handlerEnded(); }
+    InHandler(const InHandler&) = delete;
+    InHandler& operator=(const InHandler&) = delete;
+
+  private:
+    Desktop& desktop_;
 };
 
 } // namespace corvelle::forms

@@ -137,6 +137,7 @@ Control* Form::activeControl() {
 bool Form::run(const std::function<void()>& handler) {
     const auto alive = shared_from_this();
     try {
+        const InHandler inside(desktop_);
         // The handler may unload the form and so let go of what it was copied from.
         const auto kept = handler;
         kept();

@@ -5,7 +5,8 @@
 namespace corvelle::forms {
 
 /// Text on the form, wrapped to the control's width. Its accelerator moves the focus to the next control in
-/// tab order. It may be written once a module line: the property changes at once, the screen follows.
+/// tab order. A running pass may write it once a module line: the property changes at once, the screen
+/// follows, at the latest when the handler ends.
 class Label : public Captioned {
   public:
     Label(Form& form, std::string name, Control* container = nullptr)

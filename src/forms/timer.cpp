@@ -41,6 +41,7 @@ void Timer::ticked() {
         ~Inside() { *flag = false; }
     } inside{inHandler_};
     *inHandler_ = true;
+    const InHandler handles(desktop_);
     handler();
 }
 

@@ -1,4 +1,5 @@
 #include "cli/run_corvelle.h"
+#include "indexer/text_entries.h"
 #include "places.h"
 #include "workbench/indexer_road.h"
 #include "workbench/resource.h"
@@ -133,6 +134,7 @@ struct WholeIndexerRoad : IndexerRoad {
         const HWND editor = openEditor(openStartMenu());
         EXPECT_EQ("Help ID Indexer: Create /Modify Text Entries", User::text(editor));
         EXPECT_FALSE(User::isEnabled(editor, "&Save"));
+        EXPECT_TRUE(User::shows(editor, "Static", indexer::textEntriesInfo)); // there as it opens
         chooseFile(editor, "....", "Open Indexer Project", path("a.icp"));
         User::waitForText(editor, "Static", " Status: Ready to accept Text entries...");
         User::waitForText(editor, "Edit", " Shows the time");
@@ -169,7 +171,7 @@ TEST_F(WholeIndexerRoad, LeavesTheFilesThatTheCommandLineLeaves) {
     const HWND wizard = openWizard(menu);
     chooseOptions(wizard);
     analyse(wizard);
-    User::waitForText(wizard, "Static", "Total Controls: 79");
+    EXPECT_TRUE(User::shows(wizard, "Static", "Total Controls: 79")); // Next and the counts go together
     takePictureOf(wizard, "wizard_analysis");
     goToSecondStage(wizard);
     createIndex(wizard);

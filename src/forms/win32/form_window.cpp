@@ -157,6 +157,7 @@ void FormWindow::setModal(HWND owner) {
 void FormWindow::show() {
     if (window_ == nullptr) return;
     const Serving serving(*this);
+    desktop_.flush();
     HWND owner = modal_ ? modalOwner_ : desktop_.ownerNow(window_);
     // A modeless window belongs to the host's, not to one of ours that may go before it.
     if (!modal_ && owner != nullptr) owner = GetAncestor(owner, GA_ROOTOWNER);
@@ -297,7 +298,10 @@ void FormWindow::textIsLate(ControlWindow& control) {
 }
 
 void FormWindow::writeLateText() {
-    for (ControlWindow* control : std::exchange(late_, {})) control->writeLateText();
+    while (!late_.empty()) {
+        late_.back()->writeLateText();
+        late_.pop_back();
+    }
 }
 
 } // namespace corvelle::forms

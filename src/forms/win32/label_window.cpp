@@ -29,8 +29,8 @@ class LabelWindow : public ControlWindow {
     }
 
     void writeLateText() override {
-        late_ = false;
         setText(text());
+        late_ = false;
     }
 
   protected:

@@ -201,7 +201,19 @@ void Win32Desktop::dispatch(MSG& message) {
     DispatchMessageA(&message);
 }
 
+void Win32Desktop::handlerEnded() noexcept {
+    --handlers_;
+    try {
+        flush();
+    } catch (...) { // no memory for a text: the next flush writes it
+    }
+}
+
 void Win32Desktop::textIsLate() {
+    if (handlers_ == 0) {
+        textLate_ = true;
+        return flush();
+    }
     if (textLate_) return;
     textLate_ = true;
     flushInTime();
@@ -215,9 +227,9 @@ void Win32Desktop::flushInTime() {
 
 void Win32Desktop::flush() {
     if (!textLate_) return;
-    textLate_ = false;
     lastFlush_ = GetTickCount();
     for (FormWindow* window : windows_) window->writeLateText();
+    textLate_ = false;
 }
 
 // Services

@@ -40,6 +40,8 @@ class Win32Desktop : public Desktop {
     void calledFromOutside() override {
         if (loops_ == 0 && openBoxes_ == 0) quitting_ = false;
     }
+    void handlerBegins() override { ++handlers_; }
+    void handlerEnded() noexcept override;
     void runModal(Form& form) override;
     std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) override;
     void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) override;
@@ -67,8 +69,10 @@ class Win32Desktop : public Desktop {
     void modelessShown(int more);
     /// A modal window goes: the others take input again.
     void endModal(Form& form);
-    /// A window has text that it has not put on the screen yet.
+    /// A window has text that it has not put on the screen yet. It may wait while a handler runs.
     void textIsLate();
+    /// Writes it, so that it stands there before anybody looks.
+    void flush();
 
     /// Runs what the window system calls; nothing thrown gets past it, an error is shown in a message box.
     template <class Result, class Function>
@@ -101,7 +105,6 @@ class Win32Desktop : public Desktop {
     static LRESULT CALLBACK onTimerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void tick(UINT_PTR number);
     HWND topModal() const;
-    void flush();
     void flushInTime();
     void dispatch(MSG& message);
     void report(const char* text) noexcept;
@@ -123,6 +126,7 @@ class Win32Desktop : public Desktop {
     int modeless_ = 0;
     int openBoxes_ = 0;
     int loops_ = 0; // of our own on the stack
+    int handlers_ = 0;
     bool quitting_ = false;
     bool textLate_ = false;
     bool flushTimerOn_ = false;

@@ -104,6 +104,10 @@ std::vector<HWND> User::controls(HWND window, const std::string& className) {
     return all;
 }
 
+bool User::shows(HWND window, const std::string& className, const std::string& text) {
+    return findControl(window, className, text) != nullptr;
+}
+
 std::string User::text(HWND window) {
     std::vector<char> text(4096);
     // A question to a window that is just coming up now and then goes unheard, until the next one.

@@ -29,6 +29,8 @@ class User {
     /// The visible controls of a class, in tab order.
     static std::vector<HWND> controls(HWND window, const std::string& className);
     static std::string text(HWND window);
+    /// Whether one of them shows the text now.
+    static bool shows(HWND window, const std::string& className, const std::string& text);
     /// The entries of a list box.
     static std::vector<std::string> entries(HWND list);
     static bool isEnabled(HWND window, const std::string& button);

@@ -199,6 +199,11 @@ class LateText : public ScreenTest {
             SetWindowLongPtrA(label_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&LateText::procedure)));
     }
 
+    /// More than once, since the first text goes through at once where none has gone for long.
+    static void writeThree(Label& label) {
+        for (const char* text : {"one", "two", "three"}) label.setCaption(text);
+    }
+
     std::string onScreen() const {
         char text[64] = {};
         GetWindowTextA(label_, text, sizeof text);
@@ -220,62 +225,107 @@ class LateText : public ScreenTest {
 TEST_F(LateText, ReachesTheScreenAFewTimesASecond) {
     const auto form = shownForm();
     watch(form->lblName);
-    const DWORD start = GetTickCount();
-    for (int i = 0; i < 20000; ++i) {
-        form->lblName.setCaption("LN: " + std::to_string(i));
-        desktop().doEvents();
+    form->run([&] {
+        const DWORD start = GetTickCount();
+        for (int i = 0; i < 20000; ++i) {
+            form->lblName.setCaption("LN: " + std::to_string(i));
+            desktop().doEvents();
+        }
+        const DWORD took = GetTickCount() - start;
+        EXPECT_EQ("LN: 19999", form->lblName.caption());
+        EXPECT_GE(written, 1);
+        EXPECT_LE(written, static_cast<int>(took / 40) + 2);
+    });
+    EXPECT_EQ("LN: 19999", onScreen());
+}
+
+TEST_F(LateText, IsThereWhenTheHandlerHasEnded) {
+    const auto form = shownForm();
+    watch(form->lblName);
+    form->run([&] { writeThree(form->lblName); });
+    EXPECT_EQ("three", onScreen());
+}
+
+TEST_F(LateText, IsThereWhenATimersHandlerHasEnded) {
+    const auto form = shownForm();
+    watch(form->lblName);
+    Timer timer(desktop());
+    timer.setInterval(10000);
+    timer.onTimer = [&] { writeThree(form->lblName); };
+    timer.setEnabled(true);
+    timer.ticked();
+    EXPECT_EQ("three", onScreen());
+}
+
+TEST_F(LateText, IsThereBeforeAWindowShows) {
+    const auto form = shownForm();
+    const auto other = std::make_shared<EveryControl>(desktop());
+    other->load();
+    watch(other->lblName);
+    form->run([&] {
+        writeThree(other->lblName);
+        other->show();
+        EXPECT_EQ("three", onScreen());
+    });
+    other->unload();
+}
+
+TEST_F(LateText, DoesNotWaitOutsideAHandler) {
+    const auto form = shownForm();
+    watch(form->lblName);
+    for (const char* text : {"one", "two", "three"}) {
+        form->lblName.setCaption(text);
+        EXPECT_EQ(text, onScreen());
     }
-    const DWORD took = GetTickCount() - start;
-    EXPECT_EQ("LN: 19999", form->lblName.caption());
-    EXPECT_GE(written, 1);
-    EXPECT_LE(written, static_cast<int>(took / 40) + 2);
-    EXPECT_TRUE(pumpUntil([this] { return onScreen() == "LN: 19999"; }));
 }
 
 TEST_F(LateText, IsThereWhenTheProgramWaits) {
     const auto form = shownForm();
     watch(form->lblName);
-    for (const char* text : {"one", "two", "three"}) form->lblName.setCaption(text);
-    PostMessageA(windowOf(*form), WM_NULL, 0, 0);
-    desktop().waitForEvents();
-    EXPECT_EQ("three", onScreen());
+    form->run([&] {
+        writeThree(form->lblName);
+        PostMessageA(windowOf(*form), WM_NULL, 0, 0);
+        desktop().waitForEvents();
+        EXPECT_EQ("three", onScreen());
+    });
 }
 
 TEST_F(LateText, IsThereBehindAMessageBox) {
     const auto form = shownForm();
     watch(form->lblName);
-    for (const char* text : {"one", "two", "three"}) form->lblName.setCaption(text);
     std::string seen;
-    {
+    form->run([&] {
+        writeThree(form->lblName);
         const Helper answers([&] {
             const HWND box = waitForBox("Corvelle");
             seen = onScreen();
             PostMessageA(box, WM_COMMAND, IDOK, 0);
         });
         desktop().msgBox("Look", 0);
-    }
+    });
     EXPECT_EQ("three", seen);
 }
 
 TEST_F(LateText, ArrivesWithoutAnythingElseHappening) {
     const auto form = shownForm();
     watch(form->lblName);
-    for (const char* text : {"one", "two", "three"}) form->lblName.setCaption(text);
-    MSG message; // a host's loop, which calls nothing of ours
-    const DWORD start = GetTickCount();
-    while (onScreen() != "three" && GetTickCount() - start < 2000) {
-        if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-    }
-    EXPECT_EQ("three", onScreen());
+    form->run([&] {
+        writeThree(form->lblName);
+        MSG message; // a host's loop, which calls nothing of ours
+        const DWORD start = GetTickCount();
+        while (onScreen() != "three" && GetTickCount() - start < 2000) {
+            if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+        }
+        EXPECT_EQ("three", onScreen());
+    });
 }
 
 TEST_F(LateText, OfAnUnloadedFormIsForgotten) {
     const auto form = shownForm();
-    form->lblName.setCaption("one");
-    form->lblName.setCaption("two");
-    form->unload();
-    Sleep(60);
-    pump();
+    form->run([&] {
+        writeThree(form->lblName);
+        form->unload();
+    });
     EXPECT_FALSE(form->isLoaded());
 }
 

@@ -117,10 +117,12 @@ TEST_F(IndexerOnScreen, LeavesTheFilesThatTheCommandLineLeaves) {
             user.click(window, option);
             User::waitUntil("a tick", [&] { return User::isChecked(window, option); });
         }
+        User::press(User::controls(window, "SysTabControl32").at(0), VK_LEFT);
+        User::waitForText(window, "Static", "Total Controls: ");
         user.click(window, "&Analyse");
         User::waitUntil("the analysis", [&] { return User::isEnabled(window, "&Next"); });
-        User::press(User::controls(window, "SysTabControl32").at(0), VK_LEFT);
-        User::waitForText(window, "Static", "Total Controls: 76");
+        for (const char* count : {"VB Forms: 4", "Total Controls: 76", "Project has been saved: True"})
+            EXPECT_TRUE(User::shows(window, "Static", count)) << count;
 
         user.click(window, "&Next");
         User::control(window, "Button", "&Create");
