@@ -3,7 +3,9 @@
 #include "forms/application.h"
 #include "forms/colour.h"
 #include "forms/form_peer.h"
+#include "forms/geometry.h"
 #include "forms/message_box.h"
+#include "forms/picture.h"
 #include "forms/settings.h"
 
 #include <cstdint>
@@ -57,6 +59,8 @@ class Desktop {
     /// that asks, or null.
     virtual void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) = 0;
 
+    /// The size at which a picture is whole and sharp; an icon's is 480 by 480 twips.
+    virtual Size pictureSize(const Picture& picture) const = 0;
     /// The red-green-blue colour that a colour stands for now.
     virtual Colour resolve(Colour colour) const = 0;
 

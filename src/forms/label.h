@@ -18,6 +18,8 @@ class Label : public Captioned {
     /// Whether what lies below it shows between its letters.
     bool transparent() const { return touch(), transparent_; }
     void setTransparent(bool transparent) { change(transparent_, transparent, Aspect::Colours); }
+    /// Whether it stands out from the form, by its line or its ground. Its text then keeps off its edges.
+    bool standsOut() const { return bordered() || (!transparent_ && backColor() != colours::buttonFace); }
     /// Whether `&` marks an accelerator; otherwise it is shown as it stands, and so is `&&`.
     bool useMnemonic() const override { return touch(), useMnemonic_; }
     void setUseMnemonic(bool use) { change(useMnemonic_, use, Aspect::Colours); }

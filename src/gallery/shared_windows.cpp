@@ -57,13 +57,13 @@ class Indicators : public forms::Form {
 
 void showShared(forms::Desktop& desktop, const Look& look) {
     const auto box = ui::frmAbt::defaultInstance(desktop);
+    box->setWarning(ui::codeLossWarning, ui::warningColour, forms::colours::white);
     box->setAboutPicture(forms::Picture("page"));
     box->show();
     look("frmAbt", *box);
     box->setTitle("Help ID Indexer");
-    box->setWarning(ui::codeLossWarning, ui::warningColour, forms::colours::white);
     box->setAboutPicture(forms::Picture("icon102"));
-    look("frmAbt-warning", *box);
+    look("frmAbt-indexer", *box);
     box->unload();
 
     const auto indicators = std::make_shared<Indicators>(desktop);

@@ -2,6 +2,9 @@
 
 #include "forms/desktop.h"
 
+#include <algorithm>
+#include <string>
+
 namespace corvelle::ui {
 
 namespace {
@@ -50,30 +53,40 @@ void frmAbt::setWarning(const std::string& mWarn, forms::Colour BackCol, forms::
 
 void frmAbt::setAboutPicture(const forms::Picture& mpic) {
     Img.setPicture(mpic);
+    layOut(desktop().pictureSize(mpic));
 }
 
 void frmAbt::design() {
     setCaption("About");
-    setSize({4800, 3435});
     setBorderStyle(forms::BorderStyle::FixedDialog);
-
-    LblWarn.setBounds({240, 2310, 4320, 885}); // four lines
     LblWarn.setVisible(false);
-    Label3.setBounds({1080, 1350, 3480, 690}); // three lines
-    Img.setBounds({240, 300, 480, 480});
-    Label2.setBounds({1080, 900, 3480, 225});
     Label2.setCaption("Version 1.1");
-
-    // The shadow lies below the text and a little aside.
-    Label1[0].setBounds({1080, 270, 3480, 405});
     Label1[0].setForeColor(0x800000);
-    Label1[1].setBounds({1110, 300, 3480, 405});
     Label1[1].setForeColor(0xFFFFFF);
     for (forms::Label& label : Label1) {
         label.setCaption("Trellis");
         label.setFont({"Courier New", 15, true});
         label.setTransparent(true);
     }
+    layOut({480, 480});
+}
+
+// The text stands beside the picture, the strip below both.
+void frmAbt::layOut(forms::Size picture) {
+    constexpr int edge = 240;
+    constexpr int pictureTop = 300;
+    constexpr int textWidth = 3480;
+    const int left = edge + picture.width + 360;
+    const int width = left + textWidth + edge;
+    // The shadow lies below the text and a little aside.
+    Label1[0].setBounds({left, 270, textWidth, 405});
+    Label1[1].setBounds({left + 30, pictureTop, textWidth, 405});
+    Label2.setBounds({left, 900, textWidth, 225});
+    Label3.setBounds({left, 1350, textWidth, 690}); // three lines
+    Img.setBounds({edge, pictureTop, picture.width, picture.height});
+    const int top = std::max(1350 + 690, pictureTop + picture.height) + 270;
+    LblWarn.setBounds({edge, top, width - 2 * edge, 885}); // four lines
+    setSize({width, top + 885 + edge});
 }
 
 void frmAbt::Form_Load() {

@@ -32,6 +32,7 @@ class frmAbt : public forms::Form {
     void setVersion(const std::string& newVS);
     /// Shows the text as a coloured strip; hides the strip if the text is empty.
     void setWarning(const std::string& mWarn, forms::Colour BackCol, forms::Colour ForeCol);
+    /// The box grows with the picture, so that it is seen whole.
     void setAboutPicture(const forms::Picture& mpic);
 
     forms::Label LblWarn{*this, "LblWarn"};
@@ -45,6 +46,9 @@ class frmAbt : public forms::Form {
     void design() override;
     void Form_Load() override;
     void Form_Click() override;
+
+  private:
+    void layOut(forms::Size picture);
 };
 
 } // namespace corvelle::ui

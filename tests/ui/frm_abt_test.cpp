@@ -224,8 +224,7 @@ TEST_F(FrmAbt, TheTitlesAreInAFixedPitchAndOneIsTheOthersShadow) {
     EXPECT_TRUE(box->Label1[0].transparent());
 }
 
-TEST_F(FrmAbt, NothingButTheTitlesOverlapsOrLeavesTheForm) {
-    const auto box = frmAbt::defaultInstance(desktop);
+void expectApart(const frmAbt* box) {
     const std::vector<const forms::Control*> controls{&box->LblWarn, &box->Label3, &box->Img, &box->Label2,
                                                       &box->Label1[0]};
     for (const forms::Control* control : controls) {
@@ -242,6 +241,26 @@ TEST_F(FrmAbt, NothingButTheTitlesOverlapsOrLeavesTheForm) {
             EXPECT_TRUE(apart) << control->name() << " and " << other->name();
         }
     }
+}
+
+TEST_F(FrmAbt, NothingButTheTitlesOverlapsOrLeavesTheForm) {
+    const auto box = frmAbt::defaultInstance(desktop);
+    expectApart(box.get());
+    box->setAboutPicture(forms::Picture("icon102"));
+    expectApart(box.get());
+}
+
+TEST_F(FrmAbt, ShowsATallPictureWhole) {
+    desktop.pictureSizes["page"] = {1800, 3540};
+    const auto box = frmAbt::defaultInstance(desktop);
+    const auto before = box->size();
+    box->setAboutPicture(forms::Picture("page"));
+    EXPECT_EQ(box->Img.bounds().width, 1800);
+    EXPECT_EQ(box->Img.bounds().height, 3540);
+    expectApart(box.get());
+    box->setAboutPicture(forms::Picture("icon102"));
+    EXPECT_EQ(box->Img.bounds().width, 480);
+    EXPECT_EQ(box->size(), before);
 }
 
 } // namespace

@@ -193,7 +193,8 @@ bool HeadlessDesktop::activate(Form& form) {
 
 bool HeadlessDesktop::resize(Form& form, Size clientArea) {
     if (!takesInput(form) || form.borderStyle() != BorderStyle::Sizable) return false;
-    form.userResized(clientArea);
+    const Size least = form.leastSize();
+    form.userResized({std::max(clientArea.width, least.width), std::max(clientArea.height, least.height)});
     return true;
 }
 
@@ -342,6 +343,12 @@ std::optional<std::string> HeadlessDesktop::chooseFile(const CommonDialog& dialo
 
 void HeadlessDesktop::showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) {
     helps_.push_back({caller, file, command, data});
+}
+
+Size HeadlessDesktop::pictureSize(const Picture& picture) const {
+    constexpr Size icon{480, 480};
+    const auto found = pictureSizes.find(picture.name());
+    return found == pictureSizes.end() ? icon : found->second;
 }
 
 Colour HeadlessDesktop::resolve(Colour colour) const {

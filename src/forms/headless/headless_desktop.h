@@ -71,6 +71,8 @@ class HeadlessDesktop : public Desktop {
     void atYield(std::function<void()> action, int yieldsBefore = 0);
     /// Lets the clock go on; timers tick as they fall due, in order.
     void passTime(std::int64_t milliseconds);
+    /// What pictureSize() says of pictures by their names; the others have an icon's size.
+    std::map<std::string, Size> pictureSizes;
     /// Tells the program to quit.
     void quit() { quitting_ = true; }
 
@@ -98,7 +100,7 @@ class HeadlessDesktop : public Desktop {
     bool close(Form& form);
     /// Clicks on the window's title: it becomes the active one.
     bool activate(Form& form);
-    /// Drags the edge of a window that can be sized.
+    /// Drags the edge of a window that can be sized, down to its least size.
     bool resize(Form& form, Size clientArea);
 
     // What was shown.
@@ -127,6 +129,7 @@ class HeadlessDesktop : public Desktop {
     void runModal(Form& form) override;
     std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) override;
     void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) override;
+    Size pictureSize(const Picture& picture) const override;
     Colour resolve(Colour colour) const override;
     void startTimer(Timer& timer, std::int32_t interval) override;
     void stopTimer(Timer& timer) override;

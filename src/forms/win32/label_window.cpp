@@ -83,7 +83,7 @@ class LabelWindow : public ControlWindow {
         GetClientRect(window(), &inside);
         const HBRUSH back = colours(device);
         if (!label_.transparent()) FillRect(device, &inside, back);
-        if (label_.bordered()) {
+        if (label_.standsOut()) {
             const Scale& scale = form_.desktop().scale();
             InflateRect(&inside, -scale.pixels(marginInside), -scale.pixels(marginInside / 2));
         }
@@ -119,7 +119,7 @@ class LabelWindow : public ControlWindow {
         }
     }
 
-    static constexpr int marginInside = 60; // twips between a border and the text beside it
+    static constexpr int marginInside = 60; // twips between an edge and the text beside it
 
     Label& label_;
     bool late_ = false;

@@ -260,6 +260,14 @@ void Win32Desktop::showHelp(Control* caller, const std::string& file, int comman
     help_.show(window, file, command, data);
 }
 
+Size Win32Desktop::pictureSize(const Picture& picture) const {
+    constexpr Size icon{480, 480};
+    BITMAP own{};
+    const HBITMAP bitmap = picture.empty() ? nullptr : gdi_.bitmap(picture.name());
+    if (bitmap == nullptr || GetObjectA(bitmap, sizeof own, &own) == 0) return icon;
+    return {scale_.twips(static_cast<int>(own.bmWidth)), scale_.twips(static_cast<int>(own.bmHeight))};
+}
+
 Colour Win32Desktop::resolve(Colour colour) const {
     if (!isSystemColour(colour)) return colour & 0xFFFFFFU;
     return GetSysColor(static_cast<int>(colour & 0xFFU));

@@ -45,6 +45,7 @@ class Win32Desktop : public Desktop {
     void runModal(Form& form) override;
     std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) override;
     void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) override;
+    Size pictureSize(const Picture& picture) const override;
     Colour resolve(Colour colour) const override;
     void startTimer(Timer& timer, std::int32_t interval) override;
     void stopTimer(Timer& timer) override;
@@ -112,7 +113,7 @@ class Win32Desktop : public Desktop {
 
     HINSTANCE module_;
     Scale scale_;
-    GdiCache gdi_;
+    mutable GdiCache gdi_;
     RegistrySettings settings_;
     HtmlHelp help_;
     WindowClass formClass_, plainClass_, timerClass_;

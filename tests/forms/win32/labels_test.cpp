@@ -106,6 +106,25 @@ TEST_F(Labels, AreGreyWhenDisabled) {
     EXPECT_FALSE(colours().count(red));
 }
 
+TEST_F(Labels, KeepTheirTextOffTheEdgesOfAGroundOfTheirOwn) {
+    form->below.setVisible(false);
+    form->above.setCaption("MMM MMM MMM MMM"); // more than a line
+    form->show();
+    const auto atTheEdge = [this] {
+        pumpUntil([] { return GetQueueStatus(QS_PAINT) == 0; });
+        const HDC screen = GetDC(windowOf(form->above));
+        bool found = false;
+        for (int y = 0; y < 80; ++y) {
+            for (int x = 0; x < 4; ++x) found = found || GetPixel(screen, x, y) == red;
+        }
+        ReleaseDC(windowOf(form->above), screen);
+        return found;
+    };
+    EXPECT_TRUE(atTheEdge());
+    form->above.setBackColor(0x800080);
+    EXPECT_FALSE(atTheEdge());
+}
+
 TEST_F(Labels, HaveALineAroundWhenBordered) {
     form->show();
     const Colour shadow = GetSysColor(COLOR_BTNSHADOW);
