@@ -71,6 +71,8 @@ class Form : public std::enable_shared_from_this<Form> {
     bool visible() const { return isLoaded() && window_.visible; }
     /// Whether the window takes input: false while a modal window is above it.
     bool enabled() const { return isLoaded() && window_.enabled; }
+    /// The user makes the window no smaller; on a screen with less room its inside scrolls.
+    Size leastSize() const { return used().window_.leastSize; }
     BorderStyle borderStyle() const { return used().window_.borderStyle; }
     /// Whether Form_KeyUp sees the keys of the controls.
     bool keyPreview() const { return used().window_.keyPreview; }
@@ -119,6 +121,7 @@ class Form : public std::enable_shared_from_this<Form> {
 
     // Fixed while the form is being designed.
     void setBorderStyle(BorderStyle style) { window_.borderStyle = style; }
+    void setLeastSize(Size size) { window_.leastSize = size; }
     void setKeyPreview(bool preview) { window_.keyPreview = preview; }
     void setDefaultButton(Control& button) { window_.defaultButton = &button; }
     void setCancelButton(Control& button) { window_.cancelButton = &button; }
@@ -131,6 +134,7 @@ class Form : public std::enable_shared_from_this<Form> {
         Picture icon;
         MousePointer mousePointer = MousePointer::Default;
         Size size{4800, 3600};
+        Size leastSize;
         BorderStyle borderStyle = BorderStyle::FixedDialog;
         bool visible = false;
         bool enabled = true;

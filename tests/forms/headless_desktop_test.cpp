@@ -152,6 +152,15 @@ TEST_F(HeadlessDesktopTest, TheUserSizesAWindowThatCanBeSized) {
     EXPECT_FALSE(desktop.resize(*fixed, {4000, 2000}));
 }
 
+TEST_F(HeadlessDesktopTest, TheUserMakesAWindowNoSmallerThanItsLeastSize) {
+    form->designedLeast = {3000, 2500};
+    form->show();
+    EXPECT_TRUE(desktop.resize(*form, {1000, 5000}));
+    EXPECT_EQ(form->size(), (Size{3000, 5000}));
+    EXPECT_TRUE(desktop.resize(*form, {5000, 1000}));
+    EXPECT_EQ(form->size(), (Size{5000, 2500}));
+}
+
 TEST_F(HeadlessDesktopTest, CodeThatSizesAWindowResizesItToo) {
     form->show();
     form->forget();

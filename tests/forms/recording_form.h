@@ -55,6 +55,7 @@ class RecordingForm : public Form {
     std::function<void(bool&cancel)> inQueryUnload, inUnload;
     BorderStyle designedStyle = BorderStyle::Sizable;
     bool designedPreview = false;
+    Size designedLeast;
 
     CommandButton button{*this, "button"};
     CheckBox check{*this, "check"};
@@ -76,6 +77,7 @@ class RecordingForm : public Form {
         setSize({3000, 1500});
         setBorderStyle(designedStyle);
         setKeyPreview(designedPreview);
+        setLeastSize(designedLeast);
         setDefaultButton(button);
         setCancelButton(inner);
         button.setCaption("&Press && go");

@@ -7,8 +7,7 @@ namespace corvelle::formatter {
 namespace {
 
 constexpr forms::Size designSize{9600, 6795};
-// Below this nothing shrinks any more.
-constexpr forms::Size leastSize{7800, 6795};
+constexpr forms::Size smallest{7800, 6795};
 
 constexpr int margin = 120;
 constexpr int lineHeight = 195;
@@ -23,6 +22,7 @@ void FrmFormatter::design() {
     setBorderStyle(forms::BorderStyle::Sizable);
     setKeyPreview(true);
     setSize(designSize);
+    setLeastSize(smallest);
     setDefaultButton(CmdFmt);
     setCancelButton(CmdClose);
 
@@ -70,8 +70,12 @@ void FrmFormatter::Form_Resize() {
 }
 
 void FrmFormatter::layOut(forms::Size size) {
-    const int width = std::max(size.width, leastSize.width);
-    const int height = std::max(size.height, leastSize.height);
+    const int width = std::max(size.width, smallest.width);
+    const int height = std::max(size.height, smallest.height);
+    // Of the height to spare each frame's rows get two fifths, the hint gets the rest.
+    const int spare = (height - smallest.height) / 5;
+    const int optionGap = spare * 2 / 4;
+    const int resultGap = spare * 2 / 3;
     const int inner = width - 2 * margin;
     const int right = width - margin - buttonWidth; // of the column of buttons
     const int left = right - 2 * margin;            // width of what stands beside it
@@ -94,24 +98,29 @@ void FrmFormatter::layOut(forms::Size size) {
     CmdFile.setBounds({margin + left - 1215, y, 1215, buttonHeight});
 
     y += 495;
-    Frame1.setBounds({margin, y, left, 1815});
+    const int options = 1815 + 4 * optionGap;
+    Frame1.setBounds({margin, y, left, options});
     const int box = left - 2 * margin;
-    ChkNoEmpty.setBounds({margin, 285, box, 255});
-    ChkNoCmnt.setBounds({margin, 615, box, 255});
-    ChkNoAll.setBounds({margin, 945, box, 255});
-    Lbl6.setBounds({margin, 1395, 960, lineHeight});
-    Slider1.setBounds({1140, 1275, std::min(box - 1740, 4200), 450});
-    lblTab.setBounds({1260 + std::min(box - 1740, 4200), 1395, 480, lineHeight});
+    int row = 285 + optionGap / 2;
+    for (forms::CheckBox* option : {&ChkNoEmpty, &ChkNoCmnt, &ChkNoAll}) {
+        option->setBounds({margin, row, box, 255});
+        row += 330 + optionGap;
+    }
+    const int slider = std::min(box - 1740, 4200);
+    Lbl6.setBounds({margin, row + 120, 960, lineHeight});
+    Slider1.setBounds({1140, row, slider, 450});
+    lblTab.setBounds({1260 + slider, row + 120, 480, lineHeight});
 
-    y += 1935;
-    frmeResult.setBounds({margin, y, left, 1395});
-    for (forms::Image& image : Image1) image.setBounds({margin, 405, 480, 480});
+    y += options + margin;
+    const int results = 1395 + 3 * resultGap;
+    frmeResult.setBounds({margin, y, left, results});
+    for (forms::Image& image : Image1) image.setBounds({margin, (results - 585) / 2, 480, 480});
     const int text = left - 720 - margin;
-    Label1.setBounds({720, 285, text, lineHeight});
-    Label2.setBounds({720, 540, text, 2 * lineHeight});
-    IndicSurface.setBounds({720, 975, std::min(text, 4800), 300});
+    Label1.setBounds({720, 285 + resultGap / 2, text, lineHeight});
+    Label2.setBounds({720, 540 + resultGap * 3 / 2, text, 2 * lineHeight});
+    IndicSurface.setBounds({720, 975 + resultGap * 5 / 2, std::min(text, 4800), 300});
 
-    y += 1515;
+    y += results + margin;
     txtInfo.setBounds({margin, y, inner, boxHeight});
     y += 435;
     lblInfo.setBounds({margin, y, inner, height - margin - y});

@@ -27,8 +27,9 @@ ControlWindow::~ControlWindow() {
 RECT ControlWindow::place() const {
     const Scale& scale = form_.desktop().scale();
     const Bounds& bounds = control_.bounds();
-    return {scale.pixels(bounds.left), scale.pixels(bounds.top), std::max(scale.pixels(bounds.width), 0),
-            std::max(scale.pixels(bounds.height), 0)};
+    const POINT by = control_.container() == nullptr ? form_.scrolledBy() : POINT{};
+    return {scale.pixels(bounds.left) - by.x, scale.pixels(bounds.top) - by.y,
+            std::max(scale.pixels(bounds.width), 0), std::max(scale.pixels(bounds.height), 0)};
 }
 
 void ControlWindow::create(HWND parent, int number) {

@@ -85,6 +85,7 @@ void FormWindow::focusArrived(ControlWindow& window) {
     if (form_ == nullptr || focused_ == &control) return;
     Control* const before = focused_;
     focused_ = &control;
+    scrollIntoView(window.window());
     showDefaultButton();
     if (before != nullptr) before->userLeft();
     if (form_ != nullptr && focused_ == &control) control.userFocused();

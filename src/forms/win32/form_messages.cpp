@@ -3,6 +3,9 @@
 #include "forms/win32/form_window.h"
 #include "forms/win32/win32_desktop.h"
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace corvelle::forms {
 
 namespace {
@@ -27,6 +30,10 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
 LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (form_ == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if ((message == WM_HSCROLL || message == WM_VSCROLL) && lParam == 0) { // the window's own bar
+        scrolled(message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam));
+        return 0;
+    }
     LRESULT result = 0;
     if (reflect(message, wParam, lParam, result)) return result;
     switch (message) {
@@ -50,6 +57,16 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE:
         if (wParam != SIZE_MINIMIZED) sized(LOWORD(lParam), HIWORD(lParam));
         return 0;
+    case WM_GETMINMAXINFO:
+        limitSize(*reinterpret_cast<MINMAXINFO*>(lParam));
+        return 0;
+    case WM_MOUSEWHEEL: {
+        constexpr int linesPerStep = 3;
+        const int steps = GET_WHEEL_DELTA_WPARAM(wParam) / WHEEL_DELTA;
+        for (int line = 0; line < std::abs(steps) * linesPerStep; ++line)
+            scrolled(SB_VERT, steps > 0 ? SB_LINEUP : SB_LINEDOWN);
+        return 0;
+    }
     case WM_MOUSEMOVE:
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
@@ -107,13 +124,16 @@ bool FormWindow::reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& re
 void FormWindow::sized(int width, int height) {
     if (client_.cx == width && client_.cy == height) return;
     client_ = {width, height};
+    if (fitting_) return; // it is told once, at the end
+    fitScrollBars();
     laidOut();
 }
 
 void FormWindow::laidOut() {
     const Scale& scale = desktop_.scale();
-    form_->userResized(
-        {scale.twips(static_cast<int>(client_.cx)), scale.twips(static_cast<int>(client_.cy))});
+    const SIZE least = leastInside();
+    form_->userResized({scale.twips(static_cast<int>(std::max(client_.cx, least.cx))),
+                        scale.twips(static_cast<int>(std::max(client_.cy, least.cy)))});
 }
 
 bool FormWindow::usesHourglass() const {

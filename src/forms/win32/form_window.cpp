@@ -4,7 +4,7 @@
 #include "forms/command_button.h"
 #include "forms/win32/win32_desktop.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace corvelle::forms {
 
@@ -260,34 +260,6 @@ void FormWindow::showIcon() {
         const HICON image = icon.empty() ? nullptr : desktop_.gdi().icon(icon, GetSystemMetrics(metric));
         SendMessageA(window_, WM_SETICON, static_cast<WPARAM>(kind), reinterpret_cast<LPARAM>(image));
     }
-}
-
-void FormWindow::setClientSize() {
-    const Scale& scale = desktop_.scale();
-    RECT outside{0, 0, scale.pixels(form_->size().width), scale.pixels(form_->size().height)};
-    AdjustWindowRectEx(&outside, static_cast<DWORD>(GetWindowLongPtrA(window_, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongPtrA(window_, GWL_EXSTYLE)));
-    SetWindowPos(window_, nullptr, 0, 0, outside.right - outside.left, outside.bottom - outside.top,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-void FormWindow::placeOver(HWND owner) {
-    RECT own{};
-    GetWindowRect(window_, &own);
-    const HMONITOR monitor = MonitorFromWindow(owner == nullptr ? window_ : owner, MONITOR_DEFAULTTONEAREST);
-    MONITORINFO screen{};
-    screen.cbSize = sizeof screen;
-    GetMonitorInfoA(monitor, &screen);
-    RECT over = screen.rcWork;
-    if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &over);
-    const LONG width = own.right - own.left;
-    const LONG height = own.bottom - own.top;
-    LONG left = over.left + (over.right - over.left - width) / 2;
-    LONG top = over.top + (over.bottom - over.top - height) / 2;
-    left = std::max(std::min(left, screen.rcWork.right - width), screen.rcWork.left);
-    top = std::max(std::min(top, screen.rcWork.bottom - height), screen.rcWork.top);
-    SetWindowPos(window_, nullptr, static_cast<int>(left), static_cast<int>(top), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // Late text

@@ -60,6 +60,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     /// Null once the form has been unloaded.
     Form* form() const { return form_; }
     void textIsLate(ControlWindow& control);
+    /// How far the inside has been scrolled.
+    const POINT& scrolledBy() const { return scrolled_; }
     void focusArrived(ControlWindow& control);
     void keyReleased(int keyCode);
     /// The mouse over one of the windows. True: that was a press or a click on something that is no native
@@ -88,6 +90,12 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void showIcon();
     void setClientSize();
     void placeOver(HWND owner);
+    void limitSize(MINMAXINFO& limits) const;
+    SIZE leastInside() const;
+    void fitScrollBars();
+    void scrollTo(POINT place);
+    void scrolled(int bar, int code);
+    void scrollIntoView(HWND control);
     void handFocusOn();
     void activated(bool active, HWND other);
     void restoreFocus();
@@ -126,6 +134,8 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
 
     Control* focused_ = nullptr;
     SIZE client_{};
+    POINT scrolled_{};
+    bool fitting_ = false; // scroll bars come and go
     POINT lastMouse_{-1, -1};
     HWND pressed_ = nullptr;
 };

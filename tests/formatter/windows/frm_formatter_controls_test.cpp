@@ -291,6 +291,32 @@ TEST_F(FormatterLayout, FollowsTheWindowsWidth) {
     });
 }
 
+TEST_F(FormatterLayout, HasALeastSizeAtWhichNothingIsCutOff) {
+    inDialog([&](FrmFormatter& dialog) {
+        ASSERT_TRUE(desktop.resize(dialog, {6300, 4500}));
+        expectTidy(dialog);
+    });
+}
+
+TEST_F(FormatterLayout, SharesHeightToSpare) {
+    inDialog([&](FrmFormatter& dialog) {
+        const std::vector<const forms::Control*> growing{&dialog.Frame1, &dialog.frmeResult, &dialog.lblInfo};
+        std::vector<int> before;
+        for (const forms::Control* control : growing) before.push_back(control->bounds().height);
+        constexpr int more = 3000;
+        dialog.userResized({dialog.size().width, dialog.size().height + more});
+        int grown = 0;
+        for (std::size_t i = 0; i < growing.size(); ++i) {
+            const int own = growing[i]->bounds().height - before[i];
+            EXPECT_GT(own, more / 10) << growing[i]->name();
+            EXPECT_LT(own, more / 2) << growing[i]->name();
+            grown += own;
+        }
+        EXPECT_EQ(grown, more);
+        EXPECT_EQ(dialog.CmdFmt.bounds().top, 1215); // the buttons stay together
+    });
+}
+
 TEST_F(FormatterLayout, StaysUsableInATinyWindow) {
     inDialog([&](FrmFormatter& dialog) {
         dialog.userResized({0, 0});

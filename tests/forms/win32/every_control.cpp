@@ -23,6 +23,7 @@ void EveryControl::design() {
     setBorderStyle(wantedStyle);
     setSize({6000, 4500});
     setKeyPreview(wantsPreview);
+    setLeastSize(wantedLeast);
     setDefaultButton(cmdOk);
     setCancelButton(cmdCancel);
 

@@ -30,6 +30,7 @@ class EveryControl : public Form {
     bool cancelsUnload = false;
     bool wantsPreview = true;
     BorderStyle wantedStyle = BorderStyle::FixedDialog;
+    Size wantedLeast;
 
     int count(const std::string& event) const;
 

@@ -179,6 +179,112 @@ TEST_F(Windows, ASizableFormTellsItsNewSize) {
     EXPECT_EQ(300, inside.bottom);
 }
 
+SIZE insideOf(HWND window) {
+    RECT inside{};
+    GetClientRect(window, &inside);
+    return {inside.right, inside.bottom};
+}
+
+RECT placeOf(HWND window, HWND in) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    MapWindowPoints(nullptr, in, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
+bool scrolls(HWND window, LONG_PTR bar) {
+    return (GetWindowLongPtrA(window, GWL_STYLE) & bar) != 0;
+}
+
+void expectOnScreen(HWND window) {
+    RECT work{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+    RECT place{};
+    GetWindowRect(window, &place);
+    EXPECT_GE(place.left, work.left);
+    EXPECT_GE(place.top, work.top);
+    EXPECT_LE(place.right, work.right);
+    EXPECT_LE(place.bottom, work.bottom);
+}
+
+TEST_F(Windows, ASizableFormKeepsItsLeastSize) {
+    const auto form = std::make_shared<EveryControl>(desktop());
+    form->wantedStyle = BorderStyle::Sizable;
+    form->wantedLeast = {4500, 3000};
+    form->show();
+    SetWindowPos(windowOf(*form), nullptr, 0, 0, 50, 50, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ((Size{4500, 3000}), form->size());
+    EXPECT_FALSE(scrolls(windowOf(*form), WS_HSCROLL | WS_VSCROLL));
+}
+
+// At such a resolution the form is larger than any screen of the tests.
+
+TEST_F(Windows, AFormThatIsLargerThanTheScreenScrolls) {
+    useDpi(384);
+    const auto form = shownForm();
+    const HWND window = windowOf(*form);
+    expectOnScreen(window);
+    EXPECT_TRUE(scrolls(window, WS_HSCROLL));
+    EXPECT_TRUE(scrolls(window, WS_VSCROLL));
+    EXPECT_EQ((Size{6000, 4500}), form->size()); // it knows nothing of it
+    const RECT before = placeOf(windowOf(form->lblName), window);
+    SendMessageA(window, WM_VSCROLL, SB_BOTTOM, 0);
+    const RECT after = placeOf(windowOf(form->lblName), window);
+    EXPECT_EQ(before.left, after.left);
+    EXPECT_EQ(before.top - (1200 - insideOf(window).cy), after.top);
+    SendMessageA(window, WM_HSCROLL, SB_LINEDOWN, 0);
+    EXPECT_EQ(before.left - 64, placeOf(windowOf(form->lblName), window).left);
+    SendMessageA(window, WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    EXPECT_EQ(after.top + 3 * 64, placeOf(windowOf(form->lblName), window).top);
+    // What moves while it is scrolled moves from there.
+    form->lblName.setBounds({120, 360, 1200, 240});
+    EXPECT_EQ(after.top + 4 * 64, placeOf(windowOf(form->lblName), window).top);
+}
+
+TEST_F(Windows, TheFocusIsScrolledIntoView) {
+    useDpi(384);
+    const auto form = shownForm();
+    const HWND window = windowOf(*form);
+    for (Control* control : std::vector<Control*>{&form->cmdCancel, &form->sldTab, &form->chkInside}) {
+        control->setFocus();
+        const RECT place = placeOf(windowOf(*control), window);
+        EXPECT_GE(place.left, 0) << control->name();
+        EXPECT_GE(place.top, 0) << control->name();
+        EXPECT_LE(place.right, insideOf(window).cx) << control->name();
+        EXPECT_LE(place.bottom, insideOf(window).cy) << control->name();
+    }
+}
+
+TEST_F(Windows, ASizableFormShrinksToTheScreenBeforeItScrolls) {
+    useDpi(384);
+    const auto form = std::make_shared<EveryControl>(desktop());
+    form->wantedStyle = BorderStyle::Sizable;
+    form->wantedLeast = {3000, 4200};
+    form->show();
+    const HWND window = windowOf(*form);
+    expectOnScreen(window);
+    EXPECT_FALSE(scrolls(window, WS_HSCROLL));
+    EXPECT_TRUE(scrolls(window, WS_VSCROLL));
+    EXPECT_EQ(desktop().scale().twips(static_cast<int>(insideOf(window).cx)), form->size().width);
+    EXPECT_EQ(4200, form->size().height);
+}
+
+TEST_F(Windows, AFormThatHasRoomAgainScrollsNoMore) {
+    useDpi(384);
+    const auto form = shownForm();
+    const HWND window = windowOf(*form);
+    SendMessageA(window, WM_VSCROLL, SB_BOTTOM, 0);
+    form->setSize({3000, 1500});
+    EXPECT_FALSE(scrolls(window, WS_HSCROLL));
+    EXPECT_FALSE(scrolls(window, WS_VSCROLL));
+    EXPECT_EQ(800, insideOf(window).cx);
+    EXPECT_EQ(400, insideOf(window).cy);
+    EXPECT_EQ(32, placeOf(windowOf(form->lblName), window).top);
+    form->setSize({6000, 4500});
+    expectOnScreen(window);
+    EXPECT_TRUE(scrolls(window, WS_VSCROLL));
+}
+
 TEST_F(Windows, AFormStaysAboveTheHostAndIsCentredOnIt) {
     HostWindow host;
     const auto form = shownForm();
