@@ -1,0 +1,76 @@
+#pragma once
+
+#include "formatter/structured/fault.h"
+#include "formatter/structured/statements.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace corvelle::formatter::structured {
+
+/// Which of the style's keys decides how deep a line stands under the line that holds it.
+enum class Depth : std::uint8_t {
+    Same,      ///< in the same column
+    Block,     ///< one unit deeper, always
+    Procedure, ///< the body of a procedure
+    Type,      ///< the members of a Type or an Enum
+    Case,      ///< a Case under its Select
+    With,      ///< the body of a With
+};
+
+/// What the reader and the blocks tell of a physical line.
+struct LineInfo {
+    static constexpr std::uint32_t none = 0xFFFFFFFF;
+
+    std::uint32_t parent = none;    ///< the line that this one stands under; none: column 1
+    std::uint32_t directive = none; ///< index of the innermost #If that the line stands in
+    std::uint32_t comment = none;   ///< where its own comment begins
+    std::uint32_t start = 0;        ///< how many blanks the line begins with
+    LineKind kind = LineKind::Empty;
+    Depth depth = Depth::Same;
+    bool carriesComment : 1; ///< its beginning goes on with a comment
+    bool joinsNext : 1;      ///< the next line belongs to it
+    bool keepEnd : 1;        ///< nothing may be taken from its end: a literal is left open, say
+    bool closes : 1;         ///< its first statement ends or divides a block
+    bool held : 1;           ///< stays as it stands: a fault's procedure
+    bool off : 1;            ///< stays as it stands: between 'corvelle:off and 'corvelle:on
+
+    LineInfo() : carriesComment(false), joinsNext(false), keepEnd(false), closes(false), held(false), off(false) {}
+
+    bool fixed() const { return held || off; }
+    /// Whether the line begins a statement or a directive.
+    bool isCode() const {
+        return kind == LineKind::Code || kind == LineKind::Numbered || kind == LineKind::Directive;
+    }
+};
+
+/// A block and its first direct statement, both at the beginning of their lines, without a label.
+struct Sample {
+    std::uint32_t opener, child;
+    Depth depth;
+};
+
+/// An #If of the module. Their order is that of their lines.
+struct DirectiveBlock {
+    std::uint32_t line;
+    std::uint32_t outer = LineInfo::none;   ///< the #If around it
+    std::uint32_t child = LineInfo::none;   ///< the first statement directly in it
+    std::uint32_t sibling = LineInfo::none; ///< a statement before it, beside which its own would stand
+    bool balanced = true;                   ///< no branch opens or closes a block that is not its own
+};
+
+/// Everything that the layout needs to know of a module, but the style.
+struct ModuleBlocks {
+    std::vector<LineInfo> lines;
+    std::vector<Sample> samples;
+    std::vector<DirectiveBlock> directives;
+    std::vector<Fault> faults; ///< in the order in which they were found
+};
+
+/// Reads a module's code lines and matches its blocks. Linear in lines, nesting and line length.
+ModuleBlocks readBlocks(const std::vector<std::string_view>& lines);
+
+} // namespace corvelle::formatter::structured

@@ -1,0 +1,182 @@
+#include "formatter/structured/layout.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace corvelle::formatter::structured {
+namespace {
+
+constexpr std::uint32_t none = LineInfo::none;
+
+class Layout {
+  public:
+    Layout(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+           const std::vector<DirectiveBlock>& directives, const Style& style, bool removeTrailingComments,
+           std::vector<NewLine>& result, std::vector<Fault>& notices)
+        : texts_(texts), lines_(lines), directives_(directives), style_(style),
+          removeTrailingComments_(removeTrailingComments), result_(result), notices_(notices),
+          levels_(levelsOf(lines, style)) {
+        for (std::size_t i = 0; i < directives.size(); ++i) {
+            const std::uint32_t outer = directives[i].outer;
+            directiveLevels_.push_back((outer == none ? 0 : directiveLevels_[outer]) +
+                                       (style.indentedDirectives[i] ? 1 : 0));
+        }
+    }
+
+    void run() {
+        const auto count = static_cast<std::uint32_t>(lines_.size());
+        for (std::uint32_t i = 0; i < count; ++i) {
+            if (result_[i].dropped) continue;
+            const LineInfo& line = lines_[i];
+            if (line.isCode()) {
+                const std::uint32_t column = columnOf(i);
+                move(i, i + 1, column);
+                settleRuns(i);
+                above_ = lastPhysical_ = i;
+                aboveTrailing_ = true;
+            } else if (line.kind == LineKind::Continuation) {
+                lastPhysical_ = i;
+            } else if (line.kind == LineKind::Comment) {
+                if (!runs_.empty() && runs_.back().open && !line.fixed()) {
+                    runs_.back().end = i + 1;
+                } else {
+                    const bool touches = aboveTrailing_ && runs_.empty() && !line.fixed();
+                    runs_.push_back({i, i + 1, touches ? lastPhysical_ : none, !line.fixed()});
+                }
+            } else { // an empty line
+                aboveTrailing_ = false;
+                if (!runs_.empty()) runs_.back().open = false;
+            }
+        }
+        settleRuns(none);
+    }
+
+  private:
+    // Comments alone on their lines, one below the other.
+    struct Run {
+        std::uint32_t begin, end;
+        std::uint32_t touches; // the physical line of code right above
+        bool open;             // the next comment belongs to it
+    };
+
+    std::uint32_t oldColumn(std::uint32_t line) const {
+        return columnAfter(texts_[line], lines_[line].start, style_.tabWidth);
+    }
+    std::uint32_t newColumn(std::uint32_t line) const {
+        const NewLine& now = result_[line];
+        if (now.begin == 0 && now.tabs == 0 && now.spaces == 0) return oldColumn(line);
+        return now.tabs * style_.tabWidth + now.spaces;
+    }
+    std::uint32_t columnOfStatement(std::uint32_t line) const {
+        const std::uint32_t directive = lines_[line].directive;
+        return (levels_[line] + (directive == none ? 0 : directiveLevels_[directive])) * style_.columns();
+    }
+
+    std::uint32_t columnOf(std::uint32_t line) const {
+        if (lines_[line].fixed()) return oldColumn(line);
+        if (lines_[line].kind == LineKind::Numbered) return 0;
+        if (lines_[line].kind == LineKind::Directive && style_.directive == Place::Margin) return 0;
+        return columnOfStatement(line);
+    }
+
+    // Whether the line's blanks are those that the column would be written with.
+    bool isWritten(std::uint32_t line, std::uint32_t column) const {
+        const std::string_view blanks = texts_[line].substr(0, lines_[line].start);
+        const std::size_t tabs = style_.unit.tabs ? column / style_.tabWidth : 0;
+        const std::size_t spaces = column - tabs * style_.tabWidth;
+        if (blanks.size() != tabs + spaces) return false;
+        const auto firstSpace = blanks.begin() + static_cast<std::ptrdiff_t>(tabs);
+        return std::all_of(blanks.begin(), firstSpace, [](char c) { return c == '\t'; }) &&
+               std::all_of(firstSpace, blanks.end(), [](char c) { return c == ' '; });
+    }
+
+    // Puts the first of the lines, which belong together, into the column; the others move with it.
+    void move(std::uint32_t begin, std::uint32_t end, std::uint32_t column) {
+        if (lines_[begin].fixed() || isWritten(begin, column)) return;
+        const std::int64_t by = static_cast<std::int64_t>(column) - oldColumn(begin);
+        std::uint32_t last = end;
+        while (last < lines_.size() && lines_[last].kind == LineKind::Continuation) ++last;
+        for (std::uint32_t i = begin; i < last; ++i) {
+            if (result_[i].dropped || lines_[i].start >= result_[i].end) continue;
+            write(i, std::max<std::int64_t>(oldColumn(i) + by, 0));
+            if (result_[i].size() <= longestLine || texts_[i].size() > longestLine) continue;
+            notices_.push_back({"CV302", i, Fault::noLine,
+                                "the line would have " + std::to_string(result_[i].size()) +
+                                    " bytes, the IDE takes " + std::to_string(longestLine) +
+                                    "; it stays where it is"});
+            for (std::uint32_t j = begin; j <= i; ++j) {
+                result_[j].begin = 0;
+                result_[j].tabs = result_[j].spaces = 0;
+            }
+            return;
+        }
+    }
+
+    void write(std::uint32_t line, std::int64_t column) {
+        NewLine& now = result_[line];
+        const bool onlyJoins = lines_[line].joinsNext && texts_[line][lines_[line].start] == '_' &&
+                               lengthWithoutBlanks(texts_[line]) == lines_[line].start + 1;
+        auto columns = static_cast<std::uint32_t>(column);
+        // Behind no blank the mark would be a name.
+        if (onlyJoins && lines_[line].start > 0) columns = std::max<std::uint32_t>(columns, 1);
+        now.begin = lines_[line].start;
+        now.tabs = style_.unit.tabs ? columns / style_.tabWidth : 0;
+        now.spaces = columns - now.tabs * style_.tabWidth;
+    }
+
+    // The comments since the last line of code, now that the next one is known.
+    void settleRuns(std::uint32_t below) {
+        for (const Run& run : runs_) {
+            if (!lines_[run.begin].fixed()) move(run.begin, run.end, columnOfRun(run, below));
+        }
+        runs_.clear();
+    }
+
+    std::uint32_t columnOfRun(const Run& run, std::uint32_t below) const {
+        const std::uint32_t column = oldColumn(run.begin);
+        const bool byBelow = below != none && oldColumn(below) == column;
+        const bool byAbove = above_ != none && oldColumn(above_) == column;
+        // What stands before a closer, in lines that all begin in one column, is the body's.
+        const bool bodys = byAbove && byBelow && lines_[below].closes && levels_[above_] > levels_[below];
+        if (byBelow && !bodys) return newColumn(below);
+        if (byAbove) return newColumn(above_);
+        if (run.touches != none && !removeTrailingComments_ && lines_[run.touches].comment != none &&
+            columnAfter(texts_[run.touches], lines_[run.touches].comment, style_.tabWidth) == column) {
+            return newColumnOfComment(run.touches);
+        }
+        if (column == 0 && style_.marginComments == MarginComments::Keep) return 0;
+        return columnOfStatement(run.begin);
+    }
+
+    std::uint32_t newColumnOfComment(std::uint32_t line) const {
+        std::uint32_t column = newColumn(line);
+        for (std::size_t i = lines_[line].start; i < lines_[line].comment; ++i) {
+            column = texts_[line][i] == '\t' ? (column / style_.tabWidth + 1) * style_.tabWidth : column + 1;
+        }
+        return column;
+    }
+
+    const std::vector<std::string_view>& texts_;
+    const std::vector<LineInfo>& lines_;
+    const std::vector<DirectiveBlock>& directives_;
+    const Style& style_;
+    bool removeTrailingComments_;
+    std::vector<NewLine>& result_;
+    std::vector<Fault>& notices_;
+    std::vector<std::uint32_t> levels_;
+    std::vector<std::uint32_t> directiveLevels_;
+    std::vector<Run> runs_;
+    std::uint32_t above_ = none;
+    std::uint32_t lastPhysical_ = none;
+    bool aboveTrailing_ = false; // no empty line since
+};
+
+} // namespace
+
+void layOut(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+            const std::vector<DirectiveBlock>& directives, const Style& style, bool removeTrailingComments,
+            std::vector<NewLine>& result, std::vector<Fault>& notices) {
+    Layout(texts, lines, directives, style, removeTrailingComments, result, notices).run();
+}
+
+} // namespace corvelle::formatter::structured

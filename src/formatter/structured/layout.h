@@ -1,0 +1,17 @@
+#pragma once
+
+#include "formatter/structured/blocks.h"
+#include "formatter/structured/structured.h"
+
+#include <string_view>
+#include <vector>
+
+namespace corvelle::formatter::structured {
+
+/// Gives the lines that are kept the blanks that they begin with, in the style. Appends a notice for each line
+/// that stays where it is since it would become too long.
+void layOut(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+            const std::vector<DirectiveBlock>& directives, const Style& style, bool removeTrailingComments,
+            std::vector<NewLine>& result, std::vector<Fault>& notices);
+
+} // namespace corvelle::formatter::structured

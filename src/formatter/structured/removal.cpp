@@ -1,0 +1,90 @@
+#include "formatter/structured/removal.h"
+
+namespace corvelle::formatter::structured {
+namespace {
+
+class Removal {
+  public:
+    Removal(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+            const StructuredOptions& options)
+        : texts_(texts), lines_(lines), options_(options), result_(lines.size()) {}
+
+    std::vector<NewLine> run() {
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            result_[i].end = static_cast<std::uint32_t>(texts_[i].size());
+        }
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            if (!lines_[i].fixed()) takeFrom(i);
+        }
+        if (options_.maxEmptyLines) foldEmptyLines(*options_.maxEmptyLines);
+        return std::move(result_);
+    }
+
+  private:
+    void takeFrom(std::size_t i) {
+        const LineInfo& line = lines_[i];
+        if (result_[i].dropped) return;
+        if (line.kind == LineKind::Empty && options_.removeEmptyLines) result_[i].dropped = true;
+        if (line.kind == LineKind::Comment && options_.removeCommentLines && mayDropCommentOf(i)) {
+            result_[i].dropped = true;
+            dropRestOfComment(i);
+        }
+        if (result_[i].dropped) return;
+        const bool trailing = line.kind != LineKind::Comment && line.comment != LineInfo::none;
+        if (trailing && options_.removeTrailingComments && mayDropCommentOf(i)) cutComment(i);
+        if (options_.trim) trim(i);
+    }
+
+    // Whether the comment that begins in the line may go, with all the lines that it goes on in.
+    bool mayDropCommentOf(std::size_t i) const {
+        for (;; ++i) {
+            if (lines_[i].keepEnd || lines_[i].fixed()) return false;
+            if (!lines_[i].joinsNext || i + 1 == lines_.size()) return true;
+        }
+    }
+
+    void dropRestOfComment(std::size_t i) {
+        while (lines_[i].joinsNext && i + 1 < lines_.size()) result_[++i].dropped = true;
+    }
+
+    void cutComment(std::size_t i) {
+        const std::string_view rest = texts_[i].substr(0, lines_[i].comment);
+        if (endsInJoin(rest)) return; // the next line would be joined
+        result_[i].end = static_cast<std::uint32_t>(lengthWithoutBlanks(rest));
+        dropRestOfComment(i);
+    }
+
+    void trim(std::size_t i) {
+        const std::string_view text = texts_[i].substr(0, result_[i].end);
+        if (lines_[i].keepEnd || endsInJoin(text)) return;
+        result_[i].end = static_cast<std::uint32_t>(lengthWithoutBlanks(text));
+    }
+
+    void foldEmptyLines(std::uint32_t most) {
+        std::uint32_t empty = 0;
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            if (result_[i].dropped) continue;
+            if (lines_[i].kind != LineKind::Empty || lines_[i].fixed()) {
+                empty = 0;
+            } else if (empty == most) {
+                result_[i].dropped = true;
+            } else {
+                ++empty;
+            }
+        }
+    }
+
+    const std::vector<std::string_view>& texts_;
+    const std::vector<LineInfo>& lines_;
+    const StructuredOptions& options_;
+    std::vector<NewLine> result_;
+};
+
+} // namespace
+
+std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+                                 const StructuredOptions& options) {
+    return Removal(texts, lines, options).run();
+}
+
+} // namespace corvelle::formatter::structured
