@@ -87,7 +87,6 @@ class Matcher {
         std::uint32_t line = none;
         std::uint32_t directive = none;
         std::uint32_t procedure = module; // the block that is the procedure around it, or itself
-        std::uint32_t lastChild = none;   // the last statement directly in it
         std::uint16_t kinds = 0;          // more than one where branches open different blocks
         std::uint16_t open = 0;           // its kinds and those below it, up to its procedure
         bool first = false;               // it begins its line, and the line has no label
@@ -101,6 +100,7 @@ class Matcher {
         std::uint32_t index;
         std::uint32_t entry;         // the innermost block when it began
         std::uint32_t merged = none; // what the branches so far leave open; none before the first one's end
+        bool fresh = true;           // no statement has stood in it yet
         bool otherwise = false;      // it has had its #Else
         bool neverTrue = false;      // of the branch being read
         bool quiet = false;          // a branch around it is never true
@@ -163,23 +163,45 @@ class Matcher {
 
     // The line stands in the block; the place of comments, of lines with a label alone and of empty lines too.
     void placeUnder(std::uint32_t block, std::uint32_t line) {
-        result_.lines[line].parent = blocks_[block].line;
-        result_.lines[line].depth = block == module ? Depth::Same : depthIn(blocks_[block].kinds);
+        LineInfo& info = result_.lines[line];
+        info.parent = blocks_[block].line;
+        info.depth = block == module ? Depth::Same : depthIn(blocks_[block].kinds);
+        info.within = openAround(blocks_[block].directive);
+    }
+    static void placeBeside(LineInfo& info, std::uint32_t other) {
+        info.parent = other;
+        info.depth = Depth::Same;
+        info.directive = info.within = none;
     }
     void placeBeside(std::uint32_t block) {
         LineInfo& info = result_.lines[logical_];
-        info.parent = blocks_[block].line;
-        info.depth = Depth::Same;
-        info.directive = blocks_[block].directive;
+        placeBeside(info, blocks_[block].line);
         info.closes = true;
         placed_ = true;
+        // An #If that begins with a closer stands by what it closes, or by the #If that opened that.
+        if (open_.empty() || !open_.back().fresh) return;
+        const std::uint32_t opened = blocks_[block].directive;
+        const bool inClosed = opened != none && openAround(opened) != opened;
+        result_.directives[open_.back().index].flush = true;
+        placeBeside(result_.lines[result_.directives[open_.back().index].line],
+                    inClosed ? result_.directives[opened].line : blocks_[block].line);
+        open_.back().fresh = false;
+    }
+
+    // Of the #Ifs that are open now, the innermost one that is or holds the given one.
+    std::uint32_t openAround(std::uint32_t index) const {
+        if (index == none || open_.empty()) return none;
+        if (open_.back().index <= index) return open_.back().index;
+        const auto next = std::upper_bound(open_.begin(), open_.end(), index,
+                                           [](std::uint32_t i, const OpenDirective& open) { return i < open.index; });
+        return next == open_.begin() ? none : (next - 1)->index;
     }
 
     void take(const Statement& statement) {
         switch (statement.kind) {
         case StatementKind::Plain:
             if (reader_.lineKind() == LineKind::Directive) return placeDirective(none);
-            placeChild();
+            placeChild(depthOf(statement));
             break;
         case StatementKind::Open:
             if (statement.block == BlockKind::Directive) return openDirective(statement);
@@ -204,15 +226,18 @@ class Matcher {
     }
 
     // A statement that stands directly in the innermost block.
-    void placeChild() {
+    void placeChild() { placeChild(depthIn(top().kinds)); }
+    void placeChild(Depth depth) {
         if (placed_) {
             top().sampled = true;
             return;
         }
         placed_ = true;
         placeUnder(top_, logical_);
+        if (top_ != module) result_.lines[logical_].depth = depth;
+        if (!open_.empty()) open_.back().fresh = false;
         if (!beginsLine()) return;
-        sample();
+        sample(depth);
         if (!open_.empty()) {
             DirectiveBlock& inner = result_.directives[open_.back().index];
             if (inner.child == none && top_ == open_.back().entry) inner.child = logical_;
@@ -226,13 +251,21 @@ class Matcher {
         return kind == LineKind::Code && !off_;
     }
 
-    void sample() {
+    // Declarations and On Error many authors leave in the header's column: of the body they tell nothing.
+    Depth depthOf(const Statement& statement) {
+        const bool inProcedure = isProcedure(top().kinds);
+        if (inProcedure && statement.declares) return Depth::Declaration;
+        if (inProcedure && statement.handles) return Depth::OnError;
+        return depthIn(top().kinds);
+    }
+
+    void sample(Depth depth) {
         Block& block = top();
-        if (block.directive != directive()) return;
-        block.lastChild = logical_;
-        if (block.sampled || !block.first) return;
-        block.sampled = true;
-        result_.samples.push_back({block.line, logical_, depthIn(block.kinds)});
+        if (block.directive != directive() || !block.first) return;
+        const bool ofBlock = depth != Depth::Declaration && depth != Depth::OnError;
+        if (ofBlock && block.sampled) return;
+        block.sampled = block.sampled || ofBlock;
+        result_.samples.push_back({block.line, logical_, depth});
     }
 
     void open(BlockKind kind) {
@@ -294,7 +327,8 @@ class Matcher {
         if (isCase) {
             if (!placed_) {
                 placeUnder(top_, logical_);
-                if (first) sample();
+                if (!open_.empty()) open_.back().fresh = false;
+                if (first) sample(Depth::Case);
             }
         } else if (!placed_) {
             placeBeside(top_);
@@ -331,6 +365,9 @@ class Matcher {
         endInner(wanted, closerOf(kind));
         Block& block = top();
         if (!placed_ || closing_) placeBeside(top_);
+        // An #If that opens what is closed behind it holds it as if the #If were not there.
+        const std::uint32_t opened = block.directive, around = openAround(opened);
+        if (opened != around && around == directive()) result_.directives[opened].flush = true;
         if ((block.kinds & bit(kind)) == 0) {
             fault("CV203", block.line, logical_,
                   "the " + nameOf(block.kinds) + " that begins here is closed by " + closerOf(kind));
@@ -369,20 +406,18 @@ class Matcher {
         LineInfo& info = result_.lines[logical_];
         placed_ = true;
         if (beside == none) return placeUnder(top_, logical_);
-        const DirectiveBlock& block = result_.directives[beside];
-        info.parent = block.line;
-        info.depth = Depth::Same;
-        info.directive = block.outer;
+        placeBeside(info, result_.directives[beside].line);
+        info.own = beside;
     }
 
     void openDirective(const Statement& statement) {
         placeDirective(none);
         DirectiveBlock block{logical_};
         block.outer = directive();
-        if (top().directive == block.outer) block.sibling = top().lastChild;
         OpenDirective open{};
         open.index = static_cast<std::uint32_t>(result_.directives.size());
         open.entry = top_;
+        result_.lines[logical_].own = open.index;
         open.neverTrue = statement.neverTrue;
         open.quiet = !open_.empty() && (open_.back().quiet || open_.back().neverTrue);
         open.branch = line_ + 1;
@@ -427,7 +462,8 @@ class Matcher {
                 end = open.entry; // it need not be code
                 hold(open.branch, logical_);
             } else {
-                result_.directives[open.index].balanced = false;
+                const bool headers = blocks_[end].procedure != blocks_[open.entry].procedure;
+                if (headers) result_.directives[open.index].flush = true;
             }
         }
         open.merged = open.merged == none ? end : merge(open.merged, end);

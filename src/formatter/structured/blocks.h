@@ -16,6 +16,8 @@ enum class Depth : std::uint8_t {
     Same,      ///< in the same column
     Block,     ///< one unit deeper, always
     Procedure, ///< the body of a procedure
+    Declaration, ///< in it Dim, Static and Const
+    OnError,   ///< in it On Error
     Type,      ///< the members of a Type or an Enum
     Case,      ///< a Case under its Select
     With,      ///< the body of a With
@@ -27,7 +29,9 @@ struct LineInfo {
 
     std::uint32_t parent = none;    ///< the line that this one stands under; none: column 1
     std::uint32_t directive = none; ///< index of the innermost #If that the line stands in
+    std::uint32_t within = none;    ///< index of the innermost of these #Ifs in which `parent` stands too
     std::uint32_t comment = none;   ///< where its own comment begins
+    std::uint32_t own = none;       ///< of #If, #ElseIf, #Else, #End If: index of their #If
     std::uint32_t start = 0;        ///< how many blanks the line begins with
     LineKind kind = LineKind::Empty;
     Depth depth = Depth::Same;
@@ -58,8 +62,9 @@ struct DirectiveBlock {
     std::uint32_t line;
     std::uint32_t outer = LineInfo::none;   ///< the #If around it
     std::uint32_t child = LineInfo::none;   ///< the first statement directly in it
-    std::uint32_t sibling = LineInfo::none; ///< a statement before it, beside which its own would stand
-    bool balanced = true;                   ///< no branch opens or closes a block that is not its own
+    /// A procedure goes on behind it that one of its branches begins or ends, or it begins with a closer: what
+    /// it holds stands as if it were not there.
+    bool flush = false;
 };
 
 /// Everything that the layout needs to know of a module, but the style.

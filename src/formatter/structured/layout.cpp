@@ -10,18 +10,10 @@ constexpr std::uint32_t none = LineInfo::none;
 
 class Layout {
   public:
-    Layout(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
-           const std::vector<DirectiveBlock>& directives, const Style& style, bool removeTrailingComments,
-           std::vector<NewLine>& result, std::vector<Fault>& notices)
-        : texts_(texts), lines_(lines), directives_(directives), style_(style),
-          removeTrailingComments_(removeTrailingComments), result_(result), notices_(notices),
-          levels_(levelsOf(lines, style)) {
-        for (std::size_t i = 0; i < directives.size(); ++i) {
-            const std::uint32_t outer = directives[i].outer;
-            directiveLevels_.push_back((outer == none ? 0 : directiveLevels_[outer]) +
-                                       (style.indentedDirectives[i] ? 1 : 0));
-        }
-    }
+    Layout(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
+           bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices)
+        : texts_(texts), lines_(blocks.lines), style_(style), removeTrailingComments_(removeTrailingComments),
+          result_(result), notices_(notices), levels_(levelsOf(blocks, style)) {}
 
     void run() {
         const auto count = static_cast<std::uint32_t>(lines_.size());
@@ -68,14 +60,18 @@ class Layout {
         return now.tabs * style_.tabWidth + now.spaces;
     }
     std::uint32_t columnOfStatement(std::uint32_t line) const {
-        const std::uint32_t directive = lines_[line].directive;
-        return (levels_[line] + (directive == none ? 0 : directiveLevels_[directive])) * style_.columns();
+        return levels_[line] * style_.columns();
     }
 
     std::uint32_t columnOf(std::uint32_t line) const {
         if (lines_[line].fixed()) return oldColumn(line);
         if (lines_[line].kind == LineKind::Numbered) return 0;
-        if (lines_[line].kind == LineKind::Directive && style_.directive == Place::Margin) return 0;
+        if (lines_[line].kind == LineKind::Directive) {
+            // A #Const stays where it is, in column 1 or not.
+            const std::uint32_t own = lines_[line].own;
+            const bool margin = own == none ? lines_[line].start == 0 : style_.directives[own].place == Place::Margin;
+            if (margin) return 0;
+        }
         return columnOfStatement(line);
     }
 
@@ -158,13 +154,11 @@ class Layout {
 
     const std::vector<std::string_view>& texts_;
     const std::vector<LineInfo>& lines_;
-    const std::vector<DirectiveBlock>& directives_;
     const Style& style_;
     bool removeTrailingComments_;
     std::vector<NewLine>& result_;
     std::vector<Fault>& notices_;
     std::vector<std::uint32_t> levels_;
-    std::vector<std::uint32_t> directiveLevels_;
     std::vector<Run> runs_;
     std::uint32_t above_ = none;
     std::uint32_t lastPhysical_ = none;
@@ -173,10 +167,9 @@ class Layout {
 
 } // namespace
 
-void layOut(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
-            const std::vector<DirectiveBlock>& directives, const Style& style, bool removeTrailingComments,
-            std::vector<NewLine>& result, std::vector<Fault>& notices) {
-    Layout(texts, lines, directives, style, removeTrailingComments, result, notices).run();
+void layOut(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
+            bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices) {
+    Layout(texts, blocks, style, removeTrailingComments, result, notices).run();
 }
 
 } // namespace corvelle::formatter::structured

@@ -210,6 +210,14 @@ Statement StatementReader::headWord(std::string_view text, bool inMembers) {
         if (!wordEnded(at_)) return plain();
         comment(at_ - text.size());
         return {};
+    case Word::Const:
+    case Word::Dim:
+        return declaration();
+    case Word::On: {
+        Statement statement = plain();
+        statement.handles = true;
+        return statement;
+    }
     case Word::End:
         mode_ = Mode::AfterEnd;
         return {};
@@ -311,7 +319,7 @@ Statement StatementReader::afterWord(Word word) {
         mode_ = Mode::AfterType;
         return {};
     default:
-        return plain();
+        return declaration();
     }
 }
 
@@ -570,6 +578,12 @@ Statement StatementReader::plain(Mode then) {
     mode_ = then;
     Statement statement;
     statement.kind = StatementKind::Plain;
+    return statement;
+}
+
+Statement StatementReader::declaration() {
+    Statement statement = plain();
+    statement.declares = true;
     return statement;
 }
 

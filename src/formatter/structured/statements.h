@@ -41,6 +41,8 @@ struct Statement {
     BlockKind block = BlockKind::None;
     std::uint32_t count = 1;   ///< of Close: how many blocks; more than one behind `Next j, i`
     bool elseIf = false;       ///< of Divide
+    bool declares = false;     ///< of Plain: Dim, Static or Const
+    bool handles = false;      ///< of Plain: On Error
     bool remark = false;       ///< of Unclear: `Then Rem`, not `Then:`
     bool neverTrue = false;    ///< of a directive: its condition is the word False or 0
 };
@@ -122,6 +124,7 @@ class StatementReader {
 
     Statement open(BlockKind block, Mode then);
     Statement plain(Mode then = Mode::Rest);
+    Statement declaration();
     Statement close(BlockKind block);
     Statement divide(BlockKind block, Mode then);
 

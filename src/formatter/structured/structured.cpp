@@ -16,8 +16,7 @@ StructuredResult formatStructured(const std::vector<std::string_view>& lines, co
         for (LineInfo& line : blocks.lines) line.held = false;
     }
     result.lines = removeParts(lines, blocks.lines, options);
-    layOut(lines, blocks.lines, blocks.directives, result.style, options.removeTrailingComments, result.lines,
-           result.notices);
+    layOut(lines, blocks, result.style, options.removeTrailingComments, result.lines, result.notices);
     result.faults = std::move(blocks.faults);
     std::stable_sort(result.faults.begin(), result.faults.end(),
                      [](const Fault& a, const Fault& b) { return a.line < b.line; });

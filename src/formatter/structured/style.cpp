@@ -1,11 +1,13 @@
 #include "formatter/structured/style.h"
 
+#include "formatter/structured/pairs.h"
+
 #include <algorithm>
 
 namespace corvelle::formatter::structured {
 namespace {
 
-constexpr std::uint32_t enoughVotes = 3;
+constexpr std::uint32_t enoughVotes = 3; // where they do not agree
 constexpr std::uint32_t widestUnit = 32;
 constexpr std::uint32_t defaultTabWidth = 4;
 
@@ -26,8 +28,8 @@ struct TwoWay {
     void decide(const std::optional<Value>& said, Value& value, Decision& by) const {
         by = {Source::Default, 0, forDefault + forOther};
         value = byDefault;
-        if (by.of >= enoughVotes && forOther > forDefault) value = other;
-        if (by.of >= enoughVotes) by.source = Source::Voted;
+        if (forOther > forDefault) value = other;
+        if (by.of > 0) by.source = Source::Voted;
         if (said) {
             value = *said;
             by.source = Source::Said;
@@ -48,8 +50,9 @@ class Ballot {
         style_.tabWidth = options_.tabWidth.value_or(blanks ? *options_.unit : defaultTabWidth);
         style_.tabWidth = std::max<std::uint32_t>(style_.tabWidth, 1);
         decideBodies();
-        decideDirectives();
         decideUnit();
+        style_.paired = pairedLevels(texts_, blocks_.lines, style_);
+        decideDirectives();
         return std::move(style_);
     }
 
@@ -61,12 +64,17 @@ class Ballot {
     }
 
     void decideBodies() {
-        TwoWay<Body> procedure{Body::Indent, Body::Flush}, type{Body::Indent, Body::Flush},
+        TwoWay<Body> procedure{Body::Indent, Body::Flush}, declarations{Body::Indent, Body::Flush},
+            onError{Body::Indent, Body::Flush}, type{Body::Indent, Body::Flush},
             caseBody{Body::Indent, Body::Flush}, withBody{Body::Indent, Body::Flush};
         const auto votesOf = [&](Depth depth) -> TwoWay<Body>* {
             switch (depth) {
             case Depth::Procedure:
                 return &procedure;
+            case Depth::Declaration:
+                return &declarations;
+            case Depth::OnError:
+                return &onError;
             case Depth::Type:
                 return &type;
             case Depth::Case:
@@ -85,54 +93,78 @@ class Ballot {
             if (child > opener) ++votes->forDefault;
         }
         procedure.decide(options_.procedure, style_.procedure, style_.procedureBy);
+        declarations.decide(options_.declarations, style_.declarations, style_.declarationsBy);
+        onError.decide(options_.onError, style_.onError, style_.onErrorBy);
         type.decide(options_.type, style_.type, style_.typeBy);
         caseBody.decide(options_.caseBody, style_.caseBody, style_.caseBy);
         withBody.decide(options_.withBody, style_.withBody, style_.withBy);
     }
 
+    // Each #If keeps its own ways where they can be seen; the module's votes are for the others.
     void decideDirectives() {
-        const std::vector<std::uint32_t> levels = levelsOf(blocks_.lines, style_);
+        const std::size_t count = blocks_.directives.size();
+        std::vector<std::optional<Place>> ownPlace(count);
+        std::vector<std::optional<Body>> ownBody(count);
         TwoWay<Place> place{Place::Margin, Place::Code};
-        for (const DirectiveBlock& block : blocks_.directives) {
-            if (!mayVote(block.line) || levels[block.line] == 0) continue; // both are column 1
-            ++(info(block.line).start == 0 ? place.forDefault : place.forOther);
+        TwoWay<Body> body{Body::Flush, Body::Indent};
+        inner_.resize(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            const DirectiveBlock& block = blocks_.directives[i];
+            ownPlace[i] = placeOf(block);
+            if (ownPlace[i]) ++(*ownPlace[i] == Place::Margin ? place.forDefault : place.forOther);
+            ownBody[i] = bodyOf(block);
+            if (ownBody[i]) ++(*ownBody[i] == Body::Flush ? body.forDefault : body.forOther);
+            inner_[i] = innerColumns(block.outer) + (ownBody[i] == Body::Indent ? style_.columns() : 0);
         }
         place.decide(options_.directive, style_.directive, style_.directiveBy);
-
-        TwoWay<Body> body{Body::Flush, Body::Indent};
-        const std::size_t count = blocks_.directives.size();
-        std::vector<std::optional<Body>> own(count);
-        for (std::size_t i = 0; i < count; ++i) {
-            own[i] = bodyOf(blocks_.directives[i], levels);
-            if (own[i]) ++(*own[i] == Body::Flush ? body.forDefault : body.forOther);
-        }
         body.decide(options_.directiveBody, style_.directiveBody, style_.directiveBodyBy);
-        style_.indentedDirectives.resize(count);
         for (std::size_t i = 0; i < count; ++i) {
-            const Body value = options_.directiveBody ? style_.directiveBody : own[i].value_or(style_.directiveBody);
-            style_.indentedDirectives[i] = blocks_.directives[i].balanced && value == Body::Indent;
+            const DirectiveBlock& block = blocks_.directives[i];
+            const Place where = options_.directive ? style_.directive : ownPlace[i].value_or(style_.directive);
+            const bool seen = block.child != LineInfo::none && mayVote(block.child) && mayVote(block.line);
+            const Body otherwise = seen ? style_.directiveBody : Body::Flush;
+            const Body what = options_.directiveBody ? style_.directiveBody : ownBody[i].value_or(otherwise);
+            style_.directives.push_back({where, block.flush ? Body::Flush : what});
         }
     }
 
-    // How the #If itself holds its statements, where that can be seen: against a statement beside it, outside
-    // of all blocks against column 1.
-    std::optional<Body> bodyOf(const DirectiveBlock& block, const std::vector<std::uint32_t>& levels) const {
-        if (!block.balanced || block.child == LineInfo::none || !mayVote(block.child)) return std::nullopt;
-        std::uint32_t beside = 0;
-        if (levels[block.line] > 0 || block.outer != LineInfo::none) {
-            if (block.sibling == LineInfo::none || !mayVote(block.sibling)) return std::nullopt;
-            beside = column(block.sibling);
-        }
-        const std::uint32_t child = column(block.child);
-        if (child < beside) return std::nullopt;
-        return child == beside ? Body::Flush : Body::Indent;
+    std::uint32_t innerColumns(std::uint32_t directive) const {
+        return directive == LineInfo::none ? 0 : inner_[directive];
+    }
+
+    // The column in which a statement in the place of the line would stand.
+    std::uint32_t codeColumn(std::uint32_t line) const {
+        const LineInfo& at = info(line);
+        const std::uint32_t inside = innerColumns(at.directive) - innerColumns(at.within);
+        if (at.parent == LineInfo::none) return inside;
+        std::uint32_t levels = style_.bodyOf(at.depth) == Body::Indent ? 1 : 0;
+        if (!style_.paired.empty()) levels += style_.paired[line] - style_.paired[at.parent];
+        return column(at.parent) + inside + levels * style_.columns();
+    }
+
+    // Where the #If itself stands, if that is one of its two places.
+    std::optional<Place> placeOf(const DirectiveBlock& block) const {
+        const std::uint32_t code = codeColumn(block.line), at = column(block.line);
+        if (!mayVote(block.line) || code == 0) return std::nullopt; // both are column 1
+        if (at == 0) return Place::Margin;
+        return at == code ? std::optional(Place::Code) : std::nullopt;
+    }
+
+    // How the #If itself holds its statements, where that can be seen.
+    std::optional<Body> bodyOf(const DirectiveBlock& block) const {
+        if (block.flush || block.child == LineInfo::none) return std::nullopt;
+        if (!mayVote(block.child) || !mayVote(block.line)) return std::nullopt;
+        const std::uint32_t beside = codeColumn(block.line), child = column(block.child);
+        if (child == beside) return Body::Flush;
+        return child == beside + style_.columns() ? std::optional(Body::Indent) : std::nullopt;
     }
 
     void decideUnit() {
         std::array<std::array<std::uint32_t, widestUnit + 1>, 2> votes{}; // blanks, tabs; by their number
         std::uint32_t all = 0;
         for (const Sample& sample : blocks_.samples) {
-            if (style_.bodyOf(sample.depth) == Body::Flush) continue;
+            const bool ofBlock = sample.depth != Depth::Declaration && sample.depth != Depth::OnError;
+            if (!ofBlock || style_.bodyOf(sample.depth) == Body::Flush) continue;
             if (!mayVote(sample.opener) || !mayVote(sample.child)) continue;
             const std::string_view outer = blanksOf(texts_[sample.opener], info(sample.opener));
             std::string_view more = blanksOf(texts_[sample.child], info(sample.child));
@@ -151,7 +183,7 @@ class Ballot {
         if (options_.unit) {
             unit.count = std::max<std::uint32_t>(*options_.unit, 1);
             style_.unitBy.source = Source::Said;
-        } else if (all >= enoughVotes) {
+        } else if (all > 0) {
             Unit best = unit;
             std::uint32_t most = votes[unit.tabs ? 1 : 0][unit.count];
             for (const bool tabs : {false, true}) {
@@ -161,8 +193,10 @@ class Ballot {
                     best = {tabs, count};
                 }
             }
-            unit = best;
-            style_.unitBy.source = Source::Voted;
+            if (all >= enoughVotes || most == all) {
+                unit = best;
+                style_.unitBy.source = Source::Voted;
+            }
         }
         if (unit.count <= widestUnit) style_.unitBy.votes = votes[unit.tabs ? 1 : 0][unit.count];
     }
@@ -171,6 +205,7 @@ class Ballot {
     const ModuleBlocks& blocks_;
     const StyleOptions& options_;
     Style style_;
+    std::vector<std::uint32_t> inner_; // of each #If, how many columns it and those around it indent
 };
 
 } // namespace
@@ -179,6 +214,10 @@ Body Style::bodyOf(Depth depth) const {
     switch (depth) {
     case Depth::Procedure:
         return procedure;
+    case Depth::Declaration:
+        return procedure == Body::Flush ? Body::Flush : declarations;
+    case Depth::OnError:
+        return procedure == Body::Flush ? Body::Flush : onError;
     case Depth::Type:
         return type;
     case Depth::Case:
@@ -201,12 +240,20 @@ std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32
     return column;
 }
 
-std::vector<std::uint32_t> levelsOf(const std::vector<LineInfo>& lines, const Style& style) {
-    std::vector<std::uint32_t> levels(lines.size());
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-        const LineInfo& line = lines[i];
+std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& style) {
+    std::vector<std::uint32_t> inner; // of each #If
+    inner.reserve(blocks.directives.size());
+    const auto innerOf = [&](std::uint32_t directive) { return directive == LineInfo::none ? 0 : inner[directive]; };
+    for (std::size_t i = 0; i < blocks.directives.size(); ++i) {
+        inner.push_back(innerOf(blocks.directives[i].outer) + (style.directives[i].body == Body::Indent ? 1 : 0));
+    }
+    std::vector<std::uint32_t> levels(blocks.lines.size());
+    for (std::size_t i = 0; i < levels.size(); ++i) {
+        const LineInfo& line = blocks.lines[i];
+        levels[i] = innerOf(line.directive) - innerOf(line.within);
         if (line.parent == LineInfo::none) continue;
-        levels[i] = levels[line.parent] + (style.bodyOf(line.depth) == Body::Indent ? 1 : 0);
+        levels[i] += levels[line.parent] + (style.bodyOf(line.depth) == Body::Indent ? 1 : 0);
+        if (!style.paired.empty()) levels[i] += style.paired[i] - style.paired[line.parent];
     }
     return levels;
 }

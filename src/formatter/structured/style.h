@@ -28,7 +28,7 @@ struct Unit {
 struct StyleOptions {
     std::optional<bool> tabs; ///< what the unit is made of
     std::optional<std::uint32_t> unit; ///< how many of them, from 1
-    std::optional<Body> procedure, type, caseBody, withBody, directiveBody;
+    std::optional<Body> procedure, declarations, onError, type, caseBody, withBody, directiveBody;
     std::optional<Place> directive;
     MarginComments marginComments = MarginComments::Keep;
     std::optional<std::uint32_t> tabWidth; ///< columns of a tab, from 1
@@ -43,17 +43,25 @@ struct Decision {
     std::uint32_t votes = 0, of = 0;
 };
 
+struct DirectiveStyle {
+    Place place;
+    Body body;
+};
+
 /// The style that a module is laid out in.
 struct Style {
     Unit unit;
-    Body procedure = Body::Indent, type = Body::Indent, caseBody = Body::Indent, withBody = Body::Indent;
+    Body procedure = Body::Indent, declarations = Body::Indent, onError = Body::Indent;
+    Body type = Body::Indent, caseBody = Body::Indent, withBody = Body::Indent;
     Body directiveBody = Body::Flush;
     Place directive = Place::Margin;
     MarginComments marginComments = MarginComments::Keep;
     std::uint32_t tabWidth = 4;
-    Decision unitBy, procedureBy, typeBy, caseBy, withBy, directiveBodyBy, directiveBy;
-    /// Of each #If, whether what it holds is indented.
-    std::vector<bool> indentedDirectives;
+    Decision unitBy, procedureBy, declarationsBy, onErrorBy, typeBy, caseBy, withBy, directiveBodyBy, directiveBy;
+    /// Of each #If, how it and what it holds stand: as it stands already, where that is one of the two ways.
+    std::vector<DirectiveStyle> directives;
+    /// Of each line, how many levels deeper it stands for the paired calls around it; empty: none.
+    std::vector<std::uint32_t> paired;
 
     Body bodyOf(Depth depth) const;
     /// Columns of one level.
@@ -63,8 +71,8 @@ struct Style {
 /// The column, from 0, behind the first `length` bytes of a line.
 std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32_t tabWidth);
 
-/// How many levels deep each line stands, the #If around it left out. Continuation lines have no level.
-std::vector<std::uint32_t> levelsOf(const std::vector<LineInfo>& lines, const Style& style);
+/// How many levels deep each line stands. Continuation lines have no level.
+std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& style);
 
 /// Decides every key that is not said by the votes of the module's own lines.
 Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const StyleOptions& options);

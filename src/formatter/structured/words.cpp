@@ -56,6 +56,8 @@ Word wordOf(std::string_view text) {
         return Word::Case;
     case packed("const"):
         return Word::Const;
+    case packed("dim"):
+        return Word::Dim;
     case packed("do"):
         return Word::Do;
     case packed("else"):
@@ -88,6 +90,8 @@ Word wordOf(std::string_view text) {
         return Word::Modifier;
     case packed("next"):
         return Word::Next;
+    case packed("on"):
+        return Word::On;
     case packed("property"):
         return Word::Property;
     case packed("rem"):

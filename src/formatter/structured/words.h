@@ -15,6 +15,7 @@ enum class Word : std::uint8_t {
     As,
     Case,
     Const,
+    Dim,
     Do,
     Else,
     ElseIf,
@@ -29,6 +30,7 @@ enum class Word : std::uint8_t {
     Loop,
     Modifier, ///< Public, Private, Friend, Global, Static
     Next,
+    On,
     Property,
     Rem,
     Select,
