@@ -12,7 +12,8 @@ constexpr std::uint32_t none = LineInfo::none;
 constexpr std::uint16_t bit(BlockKind kind) {
     return static_cast<std::uint16_t>(kind);
 }
-constexpr std::uint16_t procedures = bit(BlockKind::Sub) | bit(BlockKind::Function) | bit(BlockKind::Property);
+constexpr std::uint16_t procedures =
+    bit(BlockKind::Sub) | bit(BlockKind::Function) | bit(BlockKind::Property);
 constexpr std::uint16_t memberLists = bit(BlockKind::Type) | bit(BlockKind::Enum);
 
 constexpr bool isProcedure(std::uint16_t kinds) {
@@ -20,8 +21,9 @@ constexpr bool isProcedure(std::uint16_t kinds) {
 }
 
 // The name of a block and of what ends it, by the number of the kind's bit.
-constexpr std::array<std::string_view, 13> blockNames{"Sub", "Function", "Property", "Type", "Enum", "If", "Select",
-                                                      "For", "Do",       "While",    "With", "Case", "#If"};
+constexpr std::array<std::string_view, 13> blockNames{"Sub",  "Function", "Property", "Type", "Enum",
+                                                      "If",   "Select",   "For",      "Do",   "While",
+                                                      "With", "Case",     "#If"};
 constexpr std::array<std::string_view, 13> closerNames{
     "End Sub", "End Function", "End Property", "End Type", "End Enum", "End If", "End Select",
     "Next",    "Loop",         "Wend",         "End With", "",         "#End If"};
@@ -52,9 +54,9 @@ bool isSwitch(std::string_view line, std::string_view wanted) {
     if (at >= line.size() || line[at] != '\'') return false;
     at = pastBlanks(line, at + 1);
     const std::string_view text = line.substr(at, std::max(lengthWithoutBlanks(line), at) - at);
-    return text.size() == wanted.size() && std::equal(text.begin(), text.end(), wanted.begin(), [](char a, char b) {
-               return (a >= 'A' && a <= 'Z' ? a | 0x20 : a) == b;
-           });
+    return text.size() == wanted.size() &&
+           std::equal(text.begin(), text.end(), wanted.begin(),
+                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a | 0x20 : a) == b; });
 }
 
 class Matcher {
@@ -80,8 +82,8 @@ class Matcher {
   private:
     static constexpr std::uint32_t module = 0;
 
-    // An open block, and what is below it: blocks stay where they are when they close, so that the branches of
-    // an #If can begin where the first one began.
+    // An open block, and what is below it: blocks stay where they are when they close, so that the branches
+    // of an #If can begin where the first one began.
     struct Block {
         std::uint32_t below = module;
         std::uint32_t line = none;
@@ -161,7 +163,8 @@ class Matcher {
         info.off = info.off || off_;
     }
 
-    // The line stands in the block; the place of comments, of lines with a label alone and of empty lines too.
+    // The line stands in the block; the place of comments, of lines with a label alone and of empty lines
+    // too.
     void placeUnder(std::uint32_t block, std::uint32_t line) {
         LineInfo& info = result_.lines[line];
         info.parent = blocks_[block].line;
@@ -192,8 +195,9 @@ class Matcher {
     std::uint32_t openAround(std::uint32_t index) const {
         if (index == none || open_.empty()) return none;
         if (open_.back().index <= index) return open_.back().index;
-        const auto next = std::upper_bound(open_.begin(), open_.end(), index,
-                                           [](std::uint32_t i, const OpenDirective& open) { return i < open.index; });
+        const auto next =
+            std::upper_bound(open_.begin(), open_.end(), index,
+                             [](std::uint32_t i, const OpenDirective& open) { return i < open.index; });
         return next == open_.begin() ? none : (next - 1)->index;
     }
 
@@ -342,7 +346,8 @@ class Matcher {
     void endInner(std::uint16_t wanted, std::string_view before) {
         while ((top().kinds & wanted) == 0) {
             const Block& block = top();
-            if (!block.optional && (block.kinds & bit(BlockKind::Case)) == 0) ++forgiven_[numberOf(block.kinds)];
+            if (!block.optional && (block.kinds & bit(BlockKind::Case)) == 0)
+                ++forgiven_[numberOf(block.kinds)];
             unclosed(top_, std::string(before), logical_, line_ + 1);
         }
     }
@@ -393,9 +398,11 @@ class Matcher {
     }
 
     void unclear(bool remark) {
-        fault("CV204", logical_, none,
-              remark ? "Then Rem: only the IDE can tell whether this If opens a block"
-                     : "Then with a colon at the line's end: only the IDE can tell whether this If opens a block");
+        fault(
+            "CV204", logical_, none,
+            remark
+                ? "Then Rem: only the IDE can tell whether this If opens a block"
+                : "Then with a colon at the line's end: only the IDE can tell whether this If opens a block");
         standStill();
         result_.lines[line_].keepEnd = true;
         // If it does, its End If closes nothing that is known.
@@ -496,7 +503,8 @@ class Matcher {
         if (onlyA < onlyB) std::swap(a, b);
         // `a` holds more. Where these blocks were uncertain already, the other branch has closed them now.
         bool wasOptional = true;
-        for (std::uint32_t i = a; i != common; i = blocks_[i].below) wasOptional = wasOptional && blocks_[i].optional;
+        for (std::uint32_t i = a; i != common; i = blocks_[i].below)
+            wasOptional = wasOptional && blocks_[i].optional;
         if (wasOptional) return b;
         for (std::uint32_t i = a; i != common; i = blocks_[i].below) blocks_[i].optional = true;
         return a;
@@ -509,7 +517,8 @@ class Matcher {
         for (auto i = changed.rbegin(); i != changed.rend(); ++i) {
             Block& block = blocks_[*i];
             const bool procedure = isProcedure(block.kinds);
-            block.open = static_cast<std::uint16_t>(block.kinds | (procedure ? 0 : blocks_[block.below].open));
+            block.open =
+                static_cast<std::uint16_t>(block.kinds | (procedure ? 0 : blocks_[block.below].open));
         }
     }
 
@@ -521,10 +530,12 @@ class Matcher {
     void hold(std::uint32_t begin, std::uint32_t end) { held_.push_back({begin, end}); }
 
     void holdLines() {
-        std::sort(held_.begin(), held_.end(), [](const Range& a, const Range& b) { return a.begin < b.begin; });
+        std::sort(held_.begin(), held_.end(),
+                  [](const Range& a, const Range& b) { return a.begin < b.begin; });
         std::uint32_t next = 0;
         for (const Range& range : held_) {
-            for (next = std::max(next, range.begin); next < range.end; ++next) result_.lines[next].held = true;
+            for (next = std::max(next, range.begin); next < range.end; ++next)
+                result_.lines[next].held = true;
         }
         // What a line goes on with stays with it.
         for (std::size_t i = 1; i < result_.lines.size(); ++i) {

@@ -13,14 +13,14 @@ namespace corvelle::formatter::structured {
 
 /// Which of the style's keys decides how deep a line stands under the line that holds it.
 enum class Depth : std::uint8_t {
-    Same,      ///< in the same column
-    Block,     ///< one unit deeper, always
-    Procedure, ///< the body of a procedure
+    Same,        ///< in the same column
+    Block,       ///< one unit deeper, always
+    Procedure,   ///< the body of a procedure
     Declaration, ///< in it Dim, Static and Const
-    OnError,   ///< in it On Error
-    Type,      ///< the members of a Type or an Enum
-    Case,      ///< a Case under its Select
-    With,      ///< the body of a With
+    OnError,     ///< in it On Error
+    Type,        ///< the members of a Type or an Enum
+    Case,        ///< a Case under its Select
+    With,        ///< the body of a With
 };
 
 /// What the reader and the blocks tell of a physical line.
@@ -42,7 +42,8 @@ struct LineInfo {
     bool held : 1;           ///< stays as it stands: a fault's procedure
     bool off : 1;            ///< stays as it stands: between 'corvelle:off and 'corvelle:on
 
-    LineInfo() : carriesComment(false), joinsNext(false), keepEnd(false), closes(false), held(false), off(false) {}
+    LineInfo()
+        : carriesComment(false), joinsNext(false), keepEnd(false), closes(false), held(false), off(false) {}
 
     bool fixed() const { return held || off; }
     /// Whether the line begins a statement or a directive.
@@ -60,10 +61,10 @@ struct Sample {
 /// An #If of the module. Their order is that of their lines.
 struct DirectiveBlock {
     std::uint32_t line;
-    std::uint32_t outer = LineInfo::none;   ///< the #If around it
-    std::uint32_t child = LineInfo::none;   ///< the first statement directly in it
-    /// A procedure goes on behind it that one of its branches begins or ends, or it begins with a closer: what
-    /// it holds stands as if it were not there.
+    std::uint32_t outer = LineInfo::none; ///< the #If around it
+    std::uint32_t child = LineInfo::none; ///< the first statement directly in it
+    /// A procedure goes on behind it that one of its branches begins or ends, or it begins with a closer:
+    /// what it holds stands as if it were not there.
     bool flush = false;
 };
 

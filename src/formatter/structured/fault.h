@@ -6,7 +6,8 @@
 
 namespace corvelle::formatter::structured {
 
-/// What is wrong with a module's blocks, or what could not be done, at one code line and perhaps a second one.
+/// What is wrong with a module's blocks, or what could not be done, at one code line and perhaps a second
+/// one.
 struct Fault {
     static constexpr std::uint32_t noLine = 0xFFFFFFFF;
 

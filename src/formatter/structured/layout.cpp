@@ -59,9 +59,7 @@ class Layout {
         if (now.begin == 0 && now.tabs == 0 && now.spaces == 0) return oldColumn(line);
         return now.tabs * style_.tabWidth + now.spaces;
     }
-    std::uint32_t columnOfStatement(std::uint32_t line) const {
-        return levels_[line] * style_.columns();
-    }
+    std::uint32_t columnOfStatement(std::uint32_t line) const { return levels_[line] * style_.columns(); }
 
     std::uint32_t columnOf(std::uint32_t line) const {
         if (lines_[line].fixed()) return oldColumn(line);
@@ -69,7 +67,8 @@ class Layout {
         if (lines_[line].kind == LineKind::Directive) {
             // A #Const stays where it is, in column 1 or not.
             const std::uint32_t own = lines_[line].own;
-            const bool margin = own == none ? lines_[line].start == 0 : style_.directives[own].place == Place::Margin;
+            const bool margin =
+                own == none ? lines_[line].start == 0 : style_.directives[own].place == Place::Margin;
             if (margin) return 0;
         }
         return columnOfStatement(line);

@@ -8,8 +8,8 @@
 
 namespace corvelle::formatter::structured {
 
-/// Gives the lines that are kept the blanks that they begin with, in the style. Appends a notice for each line
-/// that stays where it is since it would become too long.
+/// Gives the lines that are kept the blanks that they begin with, in the style. Appends a notice for each
+/// line that stays where it is since it would become too long.
 void layOut(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
             bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices);
 

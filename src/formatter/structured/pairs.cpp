@@ -39,8 +39,8 @@ std::string_view calledName(std::string_view text, std::size_t start) {
     return text.substr(start, end - start);
 }
 
-// Whether the names are alike but for the two words, which both have at their ends or both at the beginning of
-// what follows the last point.
+// Whether the names are alike but for the two words, which both have at their ends or both at the beginning
+// of what follows the last point.
 bool isPair(std::string_view opening, std::string_view closing) {
     for (const WordPair& words : wordPairs) {
         const std::size_t first = words.opening.size(), second = words.closing.size();
@@ -54,7 +54,8 @@ bool isPair(std::string_view opening, std::string_view closing) {
         const std::size_t point = opening.rfind('.');
         const std::size_t from = point == std::string_view::npos ? 0 : point + 1;
         if (from > rest) continue;
-        if (same(opening.substr(from, first), words.opening) && same(closing.substr(from, second), words.closing) &&
+        if (same(opening.substr(from, first), words.opening) &&
+            same(closing.substr(from, second), words.closing) &&
             same(opening.substr(0, from), closing.substr(0, from)) &&
             same(opening.substr(from + first), closing.substr(from + second))) {
             return true;
@@ -137,7 +138,8 @@ class Pairs {
             const std::uint32_t begin = open_.back();
             const LineInfo& opening = lines_[begin];
             if (isDeeper(at.parent, opening.parent)) return;
-            if (at.parent == opening.parent && !at.closes && isDeeper(at.directive, opening.directive)) return;
+            if (at.parent == opening.parent && !at.closes && isDeeper(at.directive, opening.directive))
+                return;
             if (sameBlock(begin, line)) {
                 if (column(line) > column(begin)) return;
                 const bool pair = column(line) == column(begin) && isPair(nameIn(begin), nameIn(line));

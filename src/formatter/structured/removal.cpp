@@ -82,8 +82,8 @@ class Removal {
 
 } // namespace
 
-std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
-                                 const StructuredOptions& options) {
+std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts,
+                                 const std::vector<LineInfo>& lines, const StructuredOptions& options) {
     return Removal(texts, lines, options).run();
 }
 

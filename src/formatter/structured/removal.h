@@ -8,9 +8,9 @@
 
 namespace corvelle::formatter::structured {
 
-/// What the options take away: whole lines, and the ends of lines. The lines' blanks at their beginning are as
-/// they were.
-std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
-                                 const StructuredOptions& options);
+/// What the options take away: whole lines, and the ends of lines. The lines' blanks at their beginning are
+/// as they were.
+std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts,
+                                 const std::vector<LineInfo>& lines, const StructuredOptions& options);
 
 } // namespace corvelle::formatter::structured

@@ -6,9 +6,9 @@ namespace corvelle::formatter::structured {
 namespace {
 
 constexpr std::array<std::string_view, 26> wordsInDates{
-    "am",  "pm",  "jan", "feb", "mar", "apr", "may", "jun", "jul", "aug", "sep", "oct", "nov", "dec",
-    "january", "february", "march", "april", "june", "july", "august", "september", "october", "november",
-    "december", "sept",
+    "am",   "pm",   "jan",    "feb",       "mar",     "apr",      "may",      "jun",   "jul",
+    "aug",  "sep",  "oct",    "nov",       "dec",     "january",  "february", "march", "april",
+    "june", "july", "august", "september", "october", "november", "december", "sept",
 };
 
 bool isWordInDate(std::string_view word) {

@@ -27,11 +27,11 @@ enum class BlockKind : std::uint16_t {
 };
 
 enum class StatementKind : std::uint8_t {
-    None,   ///< the line holds no further statement
-    Plain,  ///< any statement that opens, divides and closes nothing
-    Open,   ///< begins a block
-    Divide, ///< Else, ElseIf, Case, #Else, #ElseIf: the block's name tells which
-    Close,  ///< ends `count` blocks
+    None,    ///< the line holds no further statement
+    Plain,   ///< any statement that opens, divides and closes nothing
+    Open,    ///< begins a block
+    Divide,  ///< Else, ElseIf, Case, #Else, #ElseIf: the block's name tells which
+    Close,   ///< ends `count` blocks
     Unclear, ///< an If of which the text does not tell whether it opens a block: `Then:`, `Then Rem`
 };
 
@@ -39,12 +39,12 @@ enum class StatementKind : std::uint8_t {
 struct Statement {
     StatementKind kind = StatementKind::None;
     BlockKind block = BlockKind::None;
-    std::uint32_t count = 1;   ///< of Close: how many blocks; more than one behind `Next j, i`
-    bool elseIf = false;       ///< of Divide
-    bool declares = false;     ///< of Plain: Dim, Static or Const
-    bool handles = false;      ///< of Plain: On Error
-    bool remark = false;       ///< of Unclear: `Then Rem`, not `Then:`
-    bool neverTrue = false;    ///< of a directive: its condition is the word False or 0
+    std::uint32_t count = 1; ///< of Close: how many blocks; more than one behind `Next j, i`
+    bool elseIf = false;     ///< of Divide
+    bool declares = false;   ///< of Plain: Dim, Static or Const
+    bool handles = false;    ///< of Plain: On Error
+    bool remark = false;     ///< of Unclear: `Then Rem`, not `Then:`
+    bool neverTrue = false;  ///< of a directive: its condition is the word False or 0
 };
 
 /// What a physical line is.
@@ -57,8 +57,8 @@ enum class LineKind : std::uint8_t {
     Continuation, ///< goes on with what the line before began, a comment included
 };
 
-/// Reads the logical statements of a module, physical line by physical line: lines joined over ` _`, parted by
-/// colons. Time is linear in the text, nothing is allocated.
+/// Reads the logical statements of a module, physical line by physical line: lines joined over ` _`, parted
+/// by colons. Time is linear in the text, nothing is allocated.
 class StatementReader {
   public:
     static constexpr std::uint32_t noComment = 0xFFFFFFFF;
@@ -67,8 +67,8 @@ class StatementReader {
     /// line's statements before the next line.
     void begin(std::string_view line);
 
-    /// The line's next statement that is known for what it is. `inMembers`: the innermost open block is a Type
-    /// or an Enum, whose members may have any name.
+    /// The line's next statement that is known for what it is. `inMembers`: the innermost open block is a
+    /// Type or an Enum, whose members may have any name.
     Statement next(bool inMembers);
 
     /// Of the line begun, complete once next() has told None:
@@ -141,8 +141,8 @@ class StatementReader {
     bool inComment_ = false;
     bool carriesComment_ = false;
     bool leftOpen_ = false;
-    bool first_ = true;       // nothing but blanks stands before in the logical line
-    bool elseIf_ = false;     // the condition is an ElseIf's
+    bool first_ = true;        // nothing but blanks stands before in the logical line
+    bool elseIf_ = false;      // the condition is an ElseIf's
     bool afterMember_ = false; // behind a `.` or `!`: a name follows, whatever word it is
     bool mayBeRemark_ = false; // in a one-line If: a statement may begin
 };

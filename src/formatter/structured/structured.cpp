@@ -8,7 +8,8 @@
 
 namespace corvelle::formatter::structured {
 
-StructuredResult formatStructured(const std::vector<std::string_view>& lines, const StructuredOptions& options) {
+StructuredResult formatStructured(const std::vector<std::string_view>& lines,
+                                  const StructuredOptions& options) {
     ModuleBlocks blocks = readBlocks(lines);
     StructuredResult result;
     result.style = decideStyle(lines, blocks, options.style);

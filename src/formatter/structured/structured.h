@@ -9,13 +9,13 @@
 #include <string_view>
 #include <vector>
 
-// The structured layout: a module laid out by the language's real blocks, in its own style. What it changes is
-// the blanks that lines begin with; the rest only where an option says so.
+// The structured layout: a module laid out by the language's real blocks, in its own style. What it changes
+// is the blanks that lines begin with; the rest only where an option says so.
 namespace corvelle::formatter::structured {
 
 struct StructuredOptions {
     StyleOptions style;
-    bool trim = false; ///< blanks at the ends of lines go
+    bool trim = false;                          ///< blanks at the ends of lines go
     std::optional<std::uint32_t> maxEmptyLines; ///< longer runs of empty lines are folded
     bool removeEmptyLines = false;
     bool removeCommentLines = false;
@@ -23,7 +23,8 @@ struct StructuredOptions {
     bool force = false; ///< procedures with faults are laid out too, as far as it goes
 };
 
-/// What becomes of one code line: `tabs` tabs, `spaces` spaces, then the old line's bytes from `begin` to `end`.
+/// What becomes of one code line: `tabs` tabs, `spaces` spaces, then the old line's bytes from `begin` to
+/// `end`.
 struct NewLine {
     std::uint32_t tabs = 0, spaces = 0;
     std::uint32_t begin = 0, end = 0;
@@ -40,9 +41,9 @@ struct NewLine {
 };
 
 struct StructuredResult {
-    std::vector<NewLine> lines;  ///< one for each code line
-    std::vector<Fault> faults;   ///< CV2xx, in the order of their lines
-    std::vector<Fault> notices;  ///< CV3xx: lines that stay where they are for want of room
+    std::vector<NewLine> lines; ///< one for each code line
+    std::vector<Fault> faults;  ///< CV2xx, in the order of their lines
+    std::vector<Fault> notices; ///< CV3xx: lines that stay where they are for want of room
     Style style;
 };
 
@@ -51,6 +52,7 @@ inline constexpr std::size_t longestLine = 1023;
 
 /// Lays out the code lines of a module, which are without their line ends. A second run over the result with
 /// the same options changes nothing. Linear in lines, nesting and the lines' lengths.
-StructuredResult formatStructured(const std::vector<std::string_view>& lines, const StructuredOptions& options);
+StructuredResult formatStructured(const std::vector<std::string_view>& lines,
+                                  const StructuredOptions& options);
 
 } // namespace corvelle::formatter::structured

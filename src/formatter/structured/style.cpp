@@ -40,7 +40,8 @@ struct TwoWay {
 
 class Ballot {
   public:
-    Ballot(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const StyleOptions& options)
+    Ballot(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
+           const StyleOptions& options)
         : texts_(texts), blocks_(blocks), options_(options) {}
 
     Style decide() {
@@ -120,7 +121,8 @@ class Ballot {
         body.decide(options_.directiveBody, style_.directiveBody, style_.directiveBodyBy);
         for (std::size_t i = 0; i < count; ++i) {
             const DirectiveBlock& block = blocks_.directives[i];
-            const Place where = options_.directive ? style_.directive : ownPlace[i].value_or(style_.directive);
+            const Place where =
+                options_.directive ? style_.directive : ownPlace[i].value_or(style_.directive);
             const bool seen = block.child != LineInfo::none && mayVote(block.child) && mayVote(block.line);
             const Body otherwise = seen ? style_.directiveBody : Body::Flush;
             const Body what = options_.directiveBody ? style_.directiveBody : ownBody[i].value_or(otherwise);
@@ -243,9 +245,12 @@ std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32
 std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& style) {
     std::vector<std::uint32_t> inner; // of each #If
     inner.reserve(blocks.directives.size());
-    const auto innerOf = [&](std::uint32_t directive) { return directive == LineInfo::none ? 0 : inner[directive]; };
+    const auto innerOf = [&](std::uint32_t directive) {
+        return directive == LineInfo::none ? 0 : inner[directive];
+    };
     for (std::size_t i = 0; i < blocks.directives.size(); ++i) {
-        inner.push_back(innerOf(blocks.directives[i].outer) + (style.directives[i].body == Body::Indent ? 1 : 0));
+        inner.push_back(innerOf(blocks.directives[i].outer) +
+                        (style.directives[i].body == Body::Indent ? 1 : 0));
     }
     std::vector<std::uint32_t> levels(blocks.lines.size());
     for (std::size_t i = 0; i < levels.size(); ++i) {
@@ -258,7 +263,8 @@ std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& sty
     return levels;
 }
 
-Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const StyleOptions& options) {
+Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
+                  const StyleOptions& options) {
     return Ballot(texts, blocks, options).decide();
 }
 

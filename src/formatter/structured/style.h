@@ -26,7 +26,7 @@ struct Unit {
 
 /// The style as far as it is said; the module says the rest.
 struct StyleOptions {
-    std::optional<bool> tabs; ///< what the unit is made of
+    std::optional<bool> tabs;          ///< what the unit is made of
     std::optional<std::uint32_t> unit; ///< how many of them, from 1
     std::optional<Body> procedure, declarations, onError, type, caseBody, withBody, directiveBody;
     std::optional<Place> directive;
@@ -57,7 +57,8 @@ struct Style {
     Place directive = Place::Margin;
     MarginComments marginComments = MarginComments::Keep;
     std::uint32_t tabWidth = 4;
-    Decision unitBy, procedureBy, declarationsBy, onErrorBy, typeBy, caseBy, withBy, directiveBodyBy, directiveBy;
+    Decision unitBy, procedureBy, declarationsBy, onErrorBy, typeBy, caseBy, withBy, directiveBodyBy,
+        directiveBy;
     /// Of each #If, how it and what it holds stand: as it stands already, where that is one of the two ways.
     std::vector<DirectiveStyle> directives;
     /// Of each line, how many levels deeper it stands for the paired calls around it; empty: none.
@@ -75,6 +76,7 @@ std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32
 std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& style);
 
 /// Decides every key that is not said by the votes of the module's own lines.
-Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const StyleOptions& options);
+Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
+                  const StyleOptions& options);
 
 } // namespace corvelle::formatter::structured
