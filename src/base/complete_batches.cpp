@@ -1,6 +1,7 @@
 #include "base/file_batch.h"
 #include "base/file_owner.h"
 #include "base/folder_lock.h"
+#include "base/folder_names.h"
 
 #include <algorithm>
 #include <set>
@@ -103,14 +104,9 @@ class Completion {
   private:
     static std::vector<fs::path> journalsIn(const fs::path& folder) {
         std::vector<fs::path> found;
-        std::error_code error;
-        for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-             entry.increment(error)) {
-            if (isJournalName(entry->path().filename())) found.push_back(entry->path());
+        for (const auto& name : namesIn(folder)) {
+            if (isJournalName(name)) found.push_back(folder / name);
         }
-        // Who may not read a folder's names has left no journal in it.
-        if (error && error != std::errc::permission_denied) throw fileErrorOf(error, folder);
-        std::sort(found.begin(), found.end());
         return found;
     }
 

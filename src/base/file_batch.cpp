@@ -94,6 +94,7 @@ void FileBatch::add(const fs::path& path, std::string_view bytes, const ReplaceO
 }
 
 void FileBatch::copyOldFile(Member& member) {
+    failedFile_ = member.fresh->path();
     if (!stampIfThere(member.file.target)) return;
     const auto bytes = readFile(member.file.target);
     member.old = std::make_unique<PendingFile>(member.fresh->path());
@@ -104,13 +105,20 @@ void FileBatch::copyOldFile(Member& member) {
 }
 
 void FileBatch::commit() {
-    if (members_.size() == 1) return members_.front().fresh->commit();
     if (members_.empty()) return;
+    failedFile_ = members_.front().fresh->path();
+    if (members_.size() == 1) return members_.front().fresh->commit();
     for (auto& member : members_) copyOldFile(member);
     Journal journal(members_);
     std::size_t renamed = 0;
     try {
-        for (; renamed < members_.size(); ++renamed) members_[renamed].fresh->commit();
+        for (; renamed < members_.size(); ++renamed) {
+            failedFile_ = members_[renamed].fresh->path();
+            members_[renamed].fresh->commit();
+        }
+    } catch (const FileError& error) {
+        if (takeBack(journal, renamed)) throw;
+        throw FileError(error.number(), error.reason() + "; the next run puts right the files before it");
     } catch (...) {
         takeBack(journal, renamed);
         throw;
@@ -118,7 +126,8 @@ void FileBatch::commit() {
 }
 
 // What cannot be taken back now, the next run takes back.
-void FileBatch::takeBack(Journal& journal, std::size_t renamed) {
+bool FileBatch::takeBack(Journal& journal, std::size_t renamed) {
+    if (renamed == 0) return true;
     try {
         journal.turnBack();
         while (renamed > 0) {
@@ -128,12 +137,14 @@ void FileBatch::takeBack(Journal& journal, std::size_t renamed) {
             else
                 fs::remove(member.file.target);
         }
+        return true;
     } catch (const std::exception&) {
         journal.keep();
         for (auto& member : members_) {
             member.fresh->keep();
             if (member.old) member.old->keep();
         }
+        return false;
     }
 }
 

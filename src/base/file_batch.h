@@ -24,8 +24,10 @@ class FileBatch {
     /// of one file.
     void add(const std::filesystem::path& path, std::string_view bytes, const ReplaceOptions& options = {});
     /// Puts all files in their places, in the order of their adding. After an error each of them is as it
-    /// was.
+    /// was; where the disk refuses even that, the error says so and the next run does it.
     void commit();
+    /// The file, as its path was given, that a commit failed for.
+    const std::filesystem::path& failedFile() const { return failedFile_; }
 
   private:
     struct Member {
@@ -36,9 +38,10 @@ class FileBatch {
     class Journal;
 
     void copyOldFile(Member& member);
-    void takeBack(Journal& journal, std::size_t renamed);
+    bool takeBack(Journal& journal, std::size_t renamed);
 
     std::vector<Member> members_;
+    std::filesystem::path failedFile_;
 };
 
 /// A batch that a run which was killed had left, and what has become of it.

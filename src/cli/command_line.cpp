@@ -120,8 +120,10 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     CLI::App& index = *app.add_subcommand("index", "Give the controls of a project help context IDs");
     index.footer(
         "PROJECT.vbp is a project file; its designers and their controls are read from the disk.\n\n"
-        "Exit status: 0 done; 1 something must be looked at (an invalid module name, a mapping module that\n"
-        "would be too long); 2 wrong usage, or a file that could not be read or written.");
+        "All files are replaced together or none. An old one must be empty or one that this command or the\n"
+        "add-in has written; --overwrite replaces any other too, but never a file of the project.\n\n"
+        "Exit status: 0 done; 1 something must be looked at (an invalid module name, a control's name that is\n"
+        "none, a mapping module that would be too long); 2 wrong usage, or a file that could not be read or written.");
     const auto option = [&index](const char* name, auto& value, const char* text, const char* description) {
         return index.add_option(name, value, description)
             ->take_last()
@@ -152,6 +154,7 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     option("--default-text", settings.defaultText, "TEXT", "The default topic's text, with --text");
     option("--report", settings.report, "FILE", "Save the report (.log)");
     option("--project-file", settings.projectFile, "FILE", "Save the indexer project (.icp)");
+    index.add_flag("--overwrite", settings.overwrite, "Replace files that this command has not written");
     index.callback([&settings] {
         const auto wrong = wrongUsage(settings);
         if (!wrong.empty()) throw CLI::ParseError(wrong, CLI::ExitCodes::ValidationError);

@@ -2,21 +2,27 @@
 
 #include "base/binary_check.h"
 #include "base/file.h"
+#include "base/folder_lock.h"
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
 #include "cli/exit_status.h"
 #include "cli/index_outputs.h"
+#include "cli/interrupted_changes.h"
 #include "cli/line_ends.h"
+#include "cli/shown_text.h"
 #include "cli/standard_streams.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/analysis.h"
 #include "indexer/create_index.h"
+#include "indexer/files.h"
 #include "indexer/general_date.h"
+#include "indexer/index_files.h"
 #include "indexer/mapping_module.h"
-#include "indexer/save_results.h"
+#include "indexer/project_info.h"
 #include "indexer/text_entries.h"
+#include "indexer/text_file.h"
 
 #include <algorithm>
 #include <exception>
@@ -36,13 +42,45 @@ using workspace::Workspace;
 class Messages : public indexer::IndexerObserver {
   public:
     void msgBox(const indexer::Message& message) override {
-        if (message.text != last_) std::cerr << withTerminalLineEnds(message.text) << std::endl;
+        if (message.text != last_) print(message.text);
         last_ = message.text;
+        anyPrinted_ = true;
     }
-    bool anyPrinted() const { return !last_.empty(); }
+    void leftOut(std::string_view designer, std::string_view control) override {
+        std::cerr << shown(designer)
+                  << (control.empty() ? std::string() : ": " + shown(control)) + ": this is no name; the "
+                  << (control.empty() ? "designer" : "control") << " is left out" << std::endl;
+        anyPrinted_ = true;
+    }
+    bool anyPrinted() const { return anyPrinted_; }
 
   private:
+    static void print(const std::string& text) {
+        const auto lines = withTerminalLineEnds(text);
+        for (std::size_t begin = 0; begin <= lines.size();) {
+            const auto end = std::min(lines.find('\n', begin), lines.size());
+            std::cerr << shown(std::string_view(lines).substr(begin, end - begin)) << '\n';
+            begin = end + 1;
+        }
+        std::cerr.flush();
+    }
+
     std::string last_;
+    bool anyPrinted_ = false;
+};
+
+// A file of the index that waits for all the others.
+class WaitingFile : public indexer::IndexOutput {
+  public:
+    WaitingFile(IndexFiles& files, const std::string& path) : files_(files), path_(base::pathOf(path)) {}
+
+    void write(std::string_view bytes) override { bytes_ += bytes; }
+    void close() override { files_.put(path_, std::move(bytes_)); }
+
+  private:
+    IndexFiles& files_;
+    std::filesystem::path path_;
+    std::string bytes_;
 };
 
 // One run over a project. Up to the generation nothing is written; every step tells what is wrong with it.
@@ -51,16 +89,19 @@ class IndexRun {
     explicit IndexRun(const IndexSettings& settings) : settings_(settings) {}
 
     int run() {
+        const auto files = lockedFiles();
+        const base::FolderLock lock(files); // until all is written
+        completeInterruptedChanges(files);
         if (open() && readDesigners() && checkOutputs() && readOptions()) {
             analysis_.analyseProject(project_, job_.options, messages_);
             // A project on disk, every designer of which could be read, fails for lack of memory alone.
             if (!analysis_.isComplete()) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
             report_.AddInfo_Rpt(dateAndTime_, analysis_.captions());
             if (prepareJob() && create()) {
-                saveTexts();
-                saveProjectFile();
-                saveReport();
-                printResults();
+                addTexts();
+                addProjectFile();
+                addReport();
+                if (write()) printResults();
             }
         }
         return status_;
@@ -77,19 +118,29 @@ class IndexRun {
         return false;
     }
 
+    std::vector<std::filesystem::path> lockedFiles() const {
+        std::vector<std::filesystem::path> files{base::pathOf(settings_.project)};
+        for (const auto& path : outputPaths(settings_)) files.push_back(base::pathOf(path));
+        return files;
+    }
+
     bool open() {
-        const auto& path = settings_.project;
-        if (!workspace::isProjectPath(base::pathOf(path))) return stop(exitFailed, path + ": not a project");
+        const auto path = shown(settings_.project);
+        const auto file = base::pathOf(settings_.project);
+        if (!workspace::isProjectPath(file)) return stop(exitFailed, path + ": not a project");
         try {
-            workspace_ = Workspace::open(base::pathOf(path));
+            workspace_ = Workspace::open(file);
         } catch (const base::RunTimeError& error) {
-            return stop(exitFailed, path + ": " + error.description());
+            return stop(exitFailed, path + ": " + base::reasonOf(error));
         }
         onDisk_ = workspace_->projects().front().get();
         project_ = workspace_->ActiveVBProject();
         const auto what = base::whatInsteadOfText(onDisk_->bytes());
         if (!what.empty())
             return stop(exitFailed, path + ": this is " + std::string(what) + ", not a project");
+        onDisk_->setWriteFile(
+            [this](const std::filesystem::path& place, std::string_view bytes,
+                   const base::ReplaceOptions& how) { files_.put(place, std::string(bytes), how); });
         return true;
     }
 
@@ -98,7 +149,7 @@ class IndexRun {
         bool readable = true;
         const auto refuse = [&](const std::filesystem::path& path, std::uint32_t line,
                                 std::string_view reason) {
-            auto place = base::textOf(path);
+            auto place = shown(base::textOf(path));
             if (line != 0) place.append(1, ':').append(std::to_string(line));
             fail(exitFailed, place.append(": ").append(reason));
         };
@@ -124,7 +175,8 @@ class IndexRun {
     }
 
     bool checkOutputs() {
-        const auto reason = whatForbidsOutputs(settings_, *onDisk_);
+        auto reason = whatForbidsOutputs(settings_, *onDisk_);
+        if (!reason) reason = files_.readOld(settings_);
         return !reason || stop(exitFailed, *reason);
     }
 
@@ -141,7 +193,7 @@ class IndexRun {
         try {
             indexer::readExcludeList(base::readFile(base::pathOf(*settings_.excludeList)), job_.excludeList);
         } catch (const base::RunTimeError& error) {
-            return stop(exitFailed, *settings_.excludeList + ": " + error.description());
+            return stop(exitFailed, shown(*settings_.excludeList) + ": " + base::reasonOf(error));
         }
         return true;
     }
@@ -151,6 +203,10 @@ class IndexRun {
         job_.SelectedDesigners = analysis_.SelectedDesigners();
         job_.headerPath = settings_.header;
         job_.configurationPath = settings_.config;
+        job_.openOutput = [this](const std::string& path) {
+            return std::make_unique<WaitingFile>(files_, path);
+        };
+        job_.leavesOutWhatIsNoName = true;
         if (!settings_.module) return true;
         job_.modulePath = *settings_.moduleFile;
         job_.txtModule = *settings_.module;
@@ -164,34 +220,25 @@ class IndexRun {
     }
 
     bool create() {
-        outliveReaders(); // half an index is not what they wanted
-        const auto projectBefore = onDisk_->bytes();
         const auto outcome = indexer::createIndex(job_, report_, messages_);
-        if (outcome == indexer::IndexOutcome::Created) {
-            if (messages_.anyPrinted()) status_ = std::max(status_, exitLookAt);
-            written_ = {settings_.header, settings_.config};
-            if (settings_.module) written_.push_back(*settings_.moduleFile);
-            if (onDisk_->bytes() != projectBefore) written_.push_back(settings_.project);
-            return true;
-        }
-        const bool refused = outcome == indexer::IndexOutcome::ModuleRefused;
-        status_ = std::max(status_, refused ? exitLookAt : exitFailed);
+        if (messages_.anyPrinted()) status_ = std::max(status_, exitLookAt);
+        if (outcome == indexer::IndexOutcome::Created) return true;
+        if (outcome != indexer::IndexOutcome::ModuleRefused) status_ = std::max(status_, exitFailed);
         return false;
     }
 
-    void saveTexts() {
+    void addTexts() {
         if (!settings_.text) return;
-        auto prepared = indexer::prepareTextEntries(settings_.header, settings_.config, *settings_.text);
-        if (!prepared.mappings) return fail(exitFailed, prepared.message->text);
-        const auto defaultText = settings_.defaultText ? withFileLineEnds(*settings_.defaultText)
-                                                       : std::string(indexer::initialDefaultText);
-        const auto saved = indexer::saveTextEntries(*settings_.text, defaultText, prepared.mappings->index);
-        if (!saved.saved) return fail(exitFailed, *settings_.text + ": " + saved.message.text);
-        report_.append(saved.reportLine);
-        written_.push_back(*settings_.text);
+        auto index = indexer::readMappings(files_.newBytes(settings_.config)).index;
+        const auto old = files_.oldBytes(*settings_.text);
+        if (base::whatInsteadOfText(old).empty()) indexer::readTextEntries(old, index);
+        indexer::setDefaultEntry(index, settings_.defaultText ? withFileLineEnds(*settings_.defaultText)
+                                                              : std::string(indexer::initialDefaultText));
+        put(*settings_.text, indexer::textFileOf(index));
+        report_.append(indexer::createdTextFile(*settings_.text));
     }
 
-    void saveProjectFile() {
+    void addProjectFile() {
         if (!settings_.projectFile) return;
         indexer::ProjectInfo info;
         info[indexer::slot::projectName] = project_->Name();
@@ -201,24 +248,27 @@ class IndexRun {
         info[indexer::slot::text] = settings_.text.value_or("");
         info[indexer::slot::moduleName] = base::trimSpaces(settings_.module.value_or(""));
         info[indexer::slot::moduleFile] = settings_.moduleFile.value_or("");
-        const auto saved = indexer::saveProject(*settings_.projectFile, dateAndTime_, info);
-        if (!saved.saved) return fail(exitFailed, *settings_.projectFile + ": " + saved.message->text);
-        written_.push_back(*settings_.projectFile);
-        if (!settings_.text)
-            std::cerr << *settings_.projectFile
-                      << ": warning: without --text this indexer project cannot be opened" << std::endl;
+        put(*settings_.projectFile, indexer::fileOfLines(indexer::projectFileLines(dateAndTime_, info)));
     }
 
-    void saveReport() {
-        if (!settings_.report) return;
-        if (!indexer::saveReport(*settings_.report, report_).saved)
-            return fail(exitFailed, *settings_.report + ": the report could not be written");
-        written_.push_back(*settings_.report);
+    void addReport() {
+        if (settings_.report) put(*settings_.report, indexer::fileOfLines(report_.lines()));
+    }
+
+    void put(const std::string& path, std::string bytes) { files_.put(base::pathOf(path), std::move(bytes)); }
+
+    bool write() {
+        outliveReaders(); // what has been written is to be told of in the exit status at least
+        if (const auto reason = files_.write()) return stop(exitFailed, *reason);
+        if (settings_.projectFile && !settings_.text)
+            std::cerr << shown(*settings_.projectFile)
+                      << ": warning: without --text this indexer project cannot be opened" << std::endl;
+        return true;
     }
 
     void printResults() {
-        for (const auto* caption : analysis_.captions().inReportOrder()) std::cout << *caption << '\n';
-        for (const auto& path : written_) std::cout << path << '\n';
+        for (const auto* caption : analysis_.captions().inReportOrder()) std::cout << shown(*caption) << '\n';
+        for (const auto& path : files_.paths()) std::cout << shown(path) << '\n';
         if (!std::cout.flush()) fail(exitFailed, "standard output: could not be written");
     }
 
@@ -231,7 +281,7 @@ class IndexRun {
     indexer::IndexJob job_;
     indexer::Report report_;
     Messages messages_;
-    std::vector<std::string> written_;
+    IndexFiles files_;
     ExitStatus status_ = exitDone;
 };
 
@@ -241,7 +291,7 @@ int runIndex(const IndexSettings& settings) {
     try {
         return IndexRun(settings).run();
     } catch (const base::RunTimeError& error) {
-        std::cerr << settings.project << ": " << error.description() << std::endl;
+        std::cerr << shown(settings.project) << ": " << base::reasonOf(error) << std::endl;
         return exitFailed;
     }
 }

@@ -2,11 +2,14 @@
 
 #include "base/binary_check.h"
 #include "base/file.h"
+#include "base/file_batch.h"
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
+#include "cli/shown_text.h"
 #include "ide/workspace/key_value.h"
 #include "ide/workspace/path_resolver.h"
+#include "indexer/recognise.h"
 
 #include <algorithm>
 #include <exception>
@@ -135,31 +138,22 @@ bool isResourceOrDocument(const workspace::Project& project, const fs::path& pat
     return found;
 }
 
-bool isThere(const std::string& path) {
-    return base::stampIfThere(base::pathOf(path)).has_value();
-}
+// What an output replaces without being told to, and what its file is called.
+struct Recognition {
+    bool isOurs;
+    std::string what;
+};
 
-// Another project may have code in a file that is no part of this one.
-bool holdsModule(const std::string& path, std::string_view name) {
-    try {
-        auto bytes = base::readFile(base::pathOf(path));
-        if (bytes.empty()) return true;
-        const workspace::ModuleFile file(std::move(bytes), ide::ComponentType::StdModule);
-        return base::equalIgnoringCase(file.name(), name);
-    } catch (const std::exception&) {
-        return false;
-    }
-}
-
-// The texts of an older file are taken over into the new one.
-std::optional<std::string> whatForbidsTexts(const std::string& path) {
-    try {
-        const auto what = base::whatInsteadOfText(base::readFile(base::pathOf(path)));
-        if (what.empty()) return {};
-        return path + ": this is " + std::string(what) + "; it is not written over";
-    } catch (const base::FileError&) {
-        return path + ": its texts cannot be read";
-    }
+Recognition recognise(const Output& output, std::string_view bytes, const IndexSettings& settings) {
+    using namespace indexer;
+    if (output.option == "--header") return {isHeaderOfOurs(bytes), "header file"};
+    if (output.option == "--config") return {isConfigurationOfOurs(bytes), "configuration file"};
+    if (output.option == "--report") return {isReportOfOurs(bytes), "report"};
+    if (output.option == "--project-file") return {isProjectFileOfOurs(bytes), "indexer project"};
+    if (output.option == "--text")
+        return {base::whatInsteadOfText(bytes).empty() && isTextFileOfOurs(bytes), "text file"};
+    const auto name = base::trimSpaces(*settings.module);
+    return {isMappingModuleOfOurs(bytes, name), "module named " + shown(name)};
 }
 
 } // namespace
@@ -174,23 +168,88 @@ std::optional<std::string> whatForbidsOutputs(const IndexSettings& settings,
         const std::string option(output.option);
         for (const auto& other : taken) {
             if (base::isSamePath(path, base::pathOf(other.path)))
-                return option + " and " + std::string(other.option) + ": the same file, " + output.path;
+                return option + " and " + std::string(other.option) + ": the same file, " +
+                       shown(output.path);
         }
         auto* const component = componentOf(project, path);
         if (component
                 ? !mayReplace(*component, output, settings)
                 : project.isUnread(path) && !(settings.replaceModule && output.option == "--module-file"))
-            return option + ": " + output.path + " is a module of the project";
+            return option + ": " + shown(output.path) + " is a module of the project";
         if (companions.hold(path) || isResourceOrDocument(project, path))
-            return option + ": " + output.path + " belongs to a file of the project";
+            return option + ": " + shown(output.path) + " belongs to a file of the project";
         taken.push_back(output);
     }
-    if (settings.moduleFile && isThere(*settings.moduleFile) &&
-        !holdsModule(*settings.moduleFile, base::trimSpaces(*settings.module)))
-        return "--module-file: " + *settings.moduleFile + " is no module named " + *settings.module +
-               "; it is not written over";
-    if (settings.text && isThere(*settings.text)) return whatForbidsTexts(*settings.text);
     return {};
+}
+
+std::vector<std::string> outputPaths(const IndexSettings& settings) {
+    std::vector<std::string> paths;
+    for (const auto& output : outputsOf(settings)) paths.push_back(output.path);
+    return paths;
+}
+
+std::optional<std::string> IndexFiles::readOld(const IndexSettings& settings) {
+    for (const auto& output : outputsOf(settings)) {
+        const auto path = base::pathOf(output.path);
+        auto& old = old_[path];
+        try {
+            old.how.onlyNew = !base::stampIfThere(path);
+            if (!old.how.onlyNew) old.bytes = base::readFile(path, &old.how.stamp.emplace());
+        } catch (const base::FileError& error) {
+            return shown(output.path) + ": " + error.reason();
+        }
+        const auto [isOurs, what] = recognise(output, old.bytes, settings);
+        if (!isOurs && !settings.overwrite)
+            return std::string(output.option) + ": " + shown(output.path) + " is no " + what +
+                   " that corvelle has written; it is replaced with --overwrite only";
+    }
+    return {};
+}
+
+std::string_view IndexFiles::oldBytes(const std::string& path) const {
+    return old_.at(base::pathOf(path)).bytes;
+}
+
+void IndexFiles::put(const fs::path& path, std::string bytes, base::ReplaceOptions how) {
+    const auto old = old_.find(path);
+    if (!how.stamp && old != old_.end()) how = old->second.how;
+    new_.push_back({path, std::move(bytes), how});
+}
+
+std::string_view IndexFiles::newBytes(const std::string& path) const {
+    const auto wanted = base::pathOf(path);
+    return std::find_if(new_.begin(), new_.end(), [&](const NewFile& file) { return file.path == wanted; })
+        ->bytes;
+}
+
+std::optional<std::string> IndexFiles::write() {
+    base::FileBatch batch;
+    fs::path path;
+    const auto reason = [&](const std::exception& error) {
+        return shown(base::textOf(path)) + ": " + base::reasonOf(error);
+    };
+    try {
+        for (const auto& file : new_) {
+            path = file.path;
+            batch.add(file.path, file.bytes, file.how);
+        }
+    } catch (const base::FileError& error) {
+        return reason(error);
+    }
+    try {
+        batch.commit();
+    } catch (const base::FileError& error) {
+        path = batch.failedFile();
+        return reason(error);
+    }
+    return {};
+}
+
+std::vector<std::string> IndexFiles::paths() const {
+    std::vector<std::string> result;
+    for (const auto& file : new_) result.push_back(base::textOf(file.path));
+    return result;
 }
 
 } // namespace corvelle::cli

@@ -25,6 +25,7 @@ struct IndexSettings {
     std::optional<std::string> defaultText;
     std::optional<std::string> report;
     std::optional<std::string> projectFile;
+    bool overwrite = false; ///< whether outputs replace files that are none of ours
 };
 
 /// A word of a list and the check box that it stands for.

@@ -1,6 +1,6 @@
 #include "indexer/create_index.h"
 
-#include "base/file.h"
+#include "base/file_error.h"
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
@@ -12,6 +12,7 @@
 #include "indexer/mapping_module.h"
 #include "indexer/module_name.h"
 
+#include <algorithm>
 #include <new>
 #include <optional>
 
@@ -21,6 +22,23 @@ using base::RunTimeError;
 using ide::required;
 
 namespace {
+
+std::string nameOf(ide::VBControl& control) {
+    return required(required(control.Properties()).Item("Name")).Value();
+}
+
+bool isMadeOfNameCharacters(std::string_view text) {
+    return !text.empty() && std::all_of(text.begin(), text.end(), base::isNameCharacter);
+}
+
+bool isName(std::string_view text) {
+    return isMadeOfNameCharacters(text) && text[0] != '_' && (text[0] < '0' || text[0] > '9');
+}
+
+// Of a class only that it cannot be taken for something else: libraries may name theirs as they like.
+bool hasNames(ide::VBControl& control) {
+    return isName(nameOf(control)) && isMadeOfNameCharacters(control.ClassName());
+}
 
 // One Create command, from the reset of the generator to the last line of the report.
 class Creation {
@@ -87,21 +105,21 @@ class Creation {
     // False if it was stopped. That is between two designers: half a procedure would not compile.
     bool writeFiles() {
         filesOpened_ = true;
-        base::OutputFile header(base::pathOf(job_.headerPath));
+        const auto header = job_.openOutput(job_.headerPath);
         append("Created header file: " + job_.headerPath);
-        writeDefine(header, newIDH(), number_++);
+        writeDefine(*header, newIDH(), number_++);
         requireClosed(job_.configurationPath);
-        base::OutputFile configuration(base::pathOf(job_.configurationPath));
+        const auto configuration = job_.openOutput(job_.configurationPath);
         append("Created Configuration file: " + job_.configurationPath);
         bool stopped = false;
         for (const auto& component : job_.SelectedDesigners) {
             observer_.doEvents();
             stopped = observer_.isStopped();
             if (stopped) break;
-            writeDesigner(required(component), header, configuration);
+            writeDesigner(required(component), *header, *configuration);
         }
-        header.close();
-        configuration.close();
+        header->close();
+        configuration->close();
         return !stopped;
     }
 
@@ -111,8 +129,9 @@ class Creation {
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
     }
 
-    void writeDesigner(ide::VBComponent& component, base::OutputFile& header,
-                       base::OutputFile& configuration) {
+    void writeDesigner(ide::VBComponent& component, IndexOutput& header, IndexOutput& configuration) {
+        if (job_.leavesOutWhatIsNoName && !isName(component.Name()))
+            return observer_.leftOut(component.Name(), {});
         component.Activate();
         const auto name = component.Name();
         observer_.setLblProcModule("Processing module: " + name);
@@ -121,7 +140,11 @@ class Creation {
         if (autoLoads()) mapping_->beginProcedure(name);
         const auto count = required(controls).Count();
         for (std::int32_t j = 1; j <= count; ++j) {
-            if (isIndexable(required(controls->Item(j)).ClassName(), job_.excludeList, job_.options))
+            if (!isIndexable(required(controls->Item(j)).ClassName(), job_.excludeList, job_.options))
+                continue;
+            if (job_.leavesOutWhatIsNoName && !hasNames(*controls->Item(j)))
+                observer_.leftOut(name, nameOf(*controls->Item(j)));
+            else
                 writeControl(*controls, j, header, configuration);
         }
         if (autoLoads()) mapping_->endProcedure();
@@ -129,11 +152,11 @@ class Creation {
     }
 
     // What is written of a control is what the IDE tells of it now, not when its class was looked at.
-    void writeControl(ide::VBControls& controls, std::int32_t j, base::OutputFile& header,
-                      base::OutputFile& configuration) {
+    void writeControl(ide::VBControls& controls, std::int32_t j, IndexOutput& header,
+                      IndexOutput& configuration) {
         const auto idh = newIDH();
         const auto control = controls.Item(j);
-        const auto name = required(required(required(control).Properties()).Item("Name")).Value();
+        const auto name = nameOf(required(control));
         const auto className = control->ClassName();
         indexer::writeControl(configuration, name, className, idh);
         writeDefine(header, idh, number_);

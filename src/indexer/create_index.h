@@ -3,6 +3,7 @@
 #include "ide/vb_project.h"
 #include "indexer/exclude_list.h"
 #include "indexer/index_options.h"
+#include "indexer/index_output.h"
 #include "indexer/indexer_observer.h"
 #include "indexer/report.h"
 
@@ -23,6 +24,10 @@ struct IndexJob {
     std::string configurationPath;
     std::string modulePath;
     std::string txtModule; ///< the mapping module's name as it was typed
+    OpenIndexOutput openOutput = openInPlace;
+    /// Whether designers and controls are left out whose names are no names of the language, which would
+    /// break the lines of an index and of code apart. An IDE has none, files may have any.
+    bool leavesOutWhatIsNoName = false;
 };
 
 /// How the Create command ended.
@@ -33,7 +38,7 @@ enum class IndexOutcome {
     Failed,        ///< lines already written stay in the files; an added module stays in the project
 };
 
-/// How many lines the mapping module of the job will hold, if it is new and empty.
+/// How many lines the mapping module of the job will hold, if it is new and empty and nothing is left out.
 std::int64_t mappingModuleLines(const IndexJob& job);
 
 /// The Create command: gives the controls of the selected designers names and numbers, and writes the header

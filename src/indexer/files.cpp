@@ -19,14 +19,16 @@ std::string_view getFilePath(std::string_view path) {
     return path.substr(0, path.rfind('\\') + 1); // npos + 1 is 0
 }
 
+std::string fileOfLines(const std::vector<std::string>& lines) {
+    std::string bytes;
+    for (const auto& line : lines) bytes.append(line).append("\r\n");
+    return bytes;
+}
+
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines) {
     return base::ignoringErrors([&] {
-        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) {
-            for (const auto& line : lines) {
-                file.write(line);
-                file.write("\r\n");
-            }
-        });
+        base::replaceFile(base::pathOf(path),
+                          [&](base::FileWriter& file) { file.write(fileOfLines(lines)); });
     });
 }
 

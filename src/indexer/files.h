@@ -14,6 +14,9 @@ bool fileExists(std::string_view path);
 /// The path up to and including its last backslash; empty when it has none.
 std::string_view getFilePath(std::string_view path);
 
+/// The lines, each ended by CR LF.
+std::string fileOfLines(const std::vector<std::string>& lines);
+
 /// Writes the lines, each ended by CR LF, into the file, which is created or replaced. False on any failure;
 /// the old file is as it was then.
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines);

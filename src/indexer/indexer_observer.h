@@ -29,6 +29,9 @@ class IndexerObserver {
     /// The busy indicator.
     virtual void StartNow() {}
     virtual void stopNow() {}
+    /// A designer or, where a control is named, one of its controls is left out of the index: what it is
+    /// called is no name.
+    virtual void leftOut(std::string_view /*designer*/, std::string_view /*control*/) {}
     /// A message box with an OK button only.
     virtual void msgBox(const Message&) {}
 };

@@ -27,14 +27,22 @@ PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view
     return result;
 }
 
-SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index) {
+void setDefaultEntry(HelpIndex& index, std::string_view defaultText) {
     index.entries.front().HelpText = defaultText;
     index.entries.front().IDHName = defaultIDH;
+}
+
+std::string createdTextFile(std::string_view textPath) {
+    return std::string("Created Text file: ").append(textPath);
+}
+
+SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index) {
+    setDefaultEntry(index, defaultText);
     SavedEntries result;
     result.saved = SaveTextFile(textPath, index);
     if (result.saved) {
         result.message = {"File was saved successfully.", forms::box::information};
-        result.reportLine = std::string("Created Text file: ").append(textPath);
+        result.reportLine = createdTextFile(textPath);
     } else {
         result.message = {"Errors occured while saving file. ", forms::box::exclamation};
     }

@@ -42,6 +42,12 @@ struct SavedEntries {
     std::string reportLine; ///< what the report gets; empty after a failure
 };
 
+/// Gives the default entry its text and its name.
+void setDefaultEntry(HelpIndex& index, std::string_view defaultText);
+
+/// What the report gets of a text file that was saved.
+std::string createdTextFile(std::string_view textPath);
+
 /// Gives the default entry its text and saves the text file.
 SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index);
 

@@ -6,6 +6,7 @@
 #include "base/path_text.h"
 #include "base/same_path.h"
 #include "base/text.h"
+#include "indexer/index_lines.h"
 #include "indexer/space_pairs.h"
 #include "indexer/text_lines.h"
 
@@ -107,7 +108,8 @@ bool isMissing(std::string_view path) {
     return missing;
 }
 
-void writeTopics(base::FileWriter& file, const HelpIndex& index) {
+template <class File>
+void writeTopics(File& file, const HelpIndex& index) {
     const auto& defaultName = index.entries.front().IDHName;
     for (std::size_t i = 0; i <= index.count(); ++i) {
         const auto& entry = index.entries[i];
@@ -161,6 +163,12 @@ void readTextEntries(std::string_view bytes, HelpIndex& index, LastDefault lastD
     TopicReader topics(index, lastDefault);
     for (TextLines lines(bytes); lines.next();) topics.readLine(base::trimSpaces(lines.line()));
     topics.end();
+}
+
+std::string textFileOf(const HelpIndex& index) {
+    LinesInMemory file;
+    writeTopics(file, index);
+    return std::move(file.bytes);
 }
 
 bool SaveTextFile(std::string_view path, const HelpIndex& index,

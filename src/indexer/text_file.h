@@ -32,6 +32,9 @@ bool holdsTopicLine(std::string_view text);
 /// replaced.
 bool isUnread(std::string_view path, const HelpIndex& index);
 
+/// The text file of the index: the default entry and all entries that have a topic of their own.
+std::string textFileOf(const HelpIndex& index);
+
 /// Writes the default entry and all entries that have a topic of their own. False on any failure, which an
 /// unread file is too; the old file, and so its texts, is as it was then. `beforeReplacing` runs when the new
 /// file is complete but for its name.

@@ -27,10 +27,8 @@ Files filesIn(const std::filesystem::path& folder);
 /// Empties the folder and writes the files, with permissions that a new file does not have.
 void put(const std::filesystem::path& folder, const Files& files);
 
-/// Whether every file is as it was or as it is to become, whole, and no other is there. Those that
-/// `mayBreakOff` may also hold a beginning of what is to become.
-void expectOldOrNew(const Files& before, const Files& whole, const Files& now,
-                    const std::set<std::string>& mayBreakOff = {});
+/// Whether every file is as it was or as it is to become, whole, and no other is there.
+void expectOldOrNew(const Files& before, const Files& whole, const Files& now);
 
 /// Whether the files that were put there have the permissions still.
 void expectPermissionsKept(const std::filesystem::path& folder, const Files& before);

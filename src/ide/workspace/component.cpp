@@ -103,7 +103,7 @@ void Component::SaveAs(std::string_view fileName) {
     if (!isNew()) throw RunTimeError(ErrorNumber::MemberNotSupported);
     const auto path = base::pathOf(fileName);
     auto bytes = "Attribute VB_Name = \"" + name_ + "\"\r\n" + module_.bytes();
-    base::replaceFile(path, [&](base::FileWriter& writer) { writer.write(bytes); });
+    project_->writeFile(path, bytes);
     project_->enter(name_, path);
     path_ = path;
     module_ = EditedModule(ModuleFile(std::move(bytes), Type()));

@@ -14,9 +14,20 @@ namespace corvelle::workspace {
 using base::ErrorNumber;
 using base::RunTimeError;
 
+namespace {
+
+void replaceAtOnce(const std::filesystem::path& path, std::string_view bytes,
+                   const base::ReplaceOptions& how) {
+    base::replaceFile(
+        path, [&](base::FileWriter& writer) { writer.write(bytes); }, how);
+}
+
+} // namespace
+
 Project::Project(std::weak_ptr<void> whole, std::filesystem::path path, std::string name,
                  ide::ProjectType type)
-    : whole_(std::move(whole)), path_(std::move(path)), name_(std::move(name)), type_(type) {}
+    : whole_(std::move(whole)), path_(std::move(path)), name_(std::move(name)), type_(type),
+      write_(replaceAtOnce) {}
 
 std::string Project::FileName() {
     return base::textOf(path_);
@@ -75,7 +86,7 @@ void Project::enter(std::string_view name, const std::filesystem::path& path) {
     if (path_.empty()) return;
     auto bytes = withModule(bytes_, path_.parent_path(), name, path);
     if (bytes == bytes_) return;
-    base::replaceFile(path_, [&](base::FileWriter& writer) { writer.write(bytes); }, {.stamp = stamp_});
+    write_(path_, bytes, {.stamp = stamp_});
     bytes_ = std::move(bytes);
     base::stampOf(path_, stamp_);
 }

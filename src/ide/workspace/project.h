@@ -5,12 +5,18 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace corvelle::workspace {
+
+/// Puts the bytes into a file that is there or new; throws base::FileError.
+using WriteFile = std::function<void(const std::filesystem::path& path, std::string_view bytes,
+                                     const base::ReplaceOptions& how)>;
 
 /// A project on disk.
 class Project : public ide::VBProject {
@@ -32,6 +38,13 @@ class Project : public ide::VBProject {
     void add(std::unique_ptr<Component> component);
     /// Who is told of its components, new ones included; nobody with a null pointer.
     void setObserver(WorkspaceObserver* observer);
+    /// Who writes the files of new modules and of the project in place of the project, which replaces them at
+    /// once.
+    void setWriteFile(WriteFile write) { write_ = std::move(write); }
+    /// Writes a file of a new module.
+    void writeFile(const std::filesystem::path& path, std::string_view bytes) const {
+        write_(path, bytes, {});
+    }
     /// Whether the name is the project's, or a component's other than the given one, letter case aside. Of
     /// components that could not be read the names in the project's file count.
     bool hasName(std::string_view name, const Component& except) const;
@@ -80,6 +93,7 @@ class Project : public ide::VBProject {
     std::vector<Unread> unread_;
     std::vector<std::unique_ptr<Component>> components_;
     WorkspaceObserver* observer_ = nullptr;
+    WriteFile write_;
     Components collection_{*this};
 };
 

@@ -1,6 +1,7 @@
 #include "ide/workspace/project_file_edit.h"
 
 #include "base/path_text.h"
+#include "base/text.h"
 #include "ide/workspace/line_reader.h"
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
@@ -25,8 +26,12 @@ fs::path realFolder(const fs::path& folder) {
 
 bool isSameFile(const fs::path& folder, const std::string& written, const fs::path& file) {
     std::error_code ignored;
-    const auto found = PathResolver().resolve(folder, written);
-    return found && fs::equivalent(*found, file, ignored);
+    if (const auto found = PathResolver().resolve(folder, written))
+        return fs::equivalent(*found, file, ignored);
+    // It may not be there yet.
+    const auto path = pathInProject(folder, written);
+    return base::equalIgnoringCase(base::textOf(path.filename()), base::textOf(file.filename())) &&
+           realFolder(path.parent_path()) == realFolder(file.parent_path());
 }
 
 struct Place {
