@@ -14,7 +14,7 @@ InstallDirRegKey HKLM "${UNINSTALL}" "InstallLocation"
 RequestExecutionLevel admin
 SetCompressor /SOLID lzma
 ManifestDPIAware true
-VIProductVersion "1.0.0.7"
+VIProductVersion "${VERSION}.0"
 VIAddVersionKey ProductName "Corvelle"
 VIAddVersionKey ProductVersion "${VERSION}"
 VIAddVersionKey FileDescription "Corvelle set-up"

@@ -35,13 +35,17 @@ need_packages() {
   rm -f "$log"
 }
 
+# is_here FOLDER: whether it was configured where it stands, and not moved here.
+is_here() { grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$1/CMakeCache.txt"; }
+
+# is_configured PRESET: whether build/PRESET can be built as it is.
+is_configured() { [ -e "$root/build/$1/build.ninja" ] && is_here "$root/build/$1"; }
+
 # configure PRESET [CMAKE-ARGS]: configures build/PRESET; a tree that was moved here is made anew.
 configure() {
   local preset=$1 folder=$root/build/$1
   shift
-  if [ -e "$folder/CMakeCache.txt" ] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
-    rm -rf "$folder"
-  fi
+  if [ -e "$folder/CMakeCache.txt" ] && ! is_here "$folder"; then rm -rf "$folder"; fi
   mkdir -p "$folder"
   (cd "$root" && cmake --preset "$preset" "$@") >"$folder/configure.log" 2>&1 || {
     cat "$folder/configure.log" >&2

@@ -3,6 +3,7 @@
 #include "cli/format_command.h"
 #include "cli/index_command.h"
 #include "cli/text_command.h"
+#include "version.h"
 
 #include <CLI/CLI.hpp>
 #include <array>

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "version.h"
+
 #include <string>
 
 namespace corvelle::forms {
@@ -10,9 +12,9 @@ struct Application {
     std::string productName = "Trellis";
     /// The help file that F1 and "&Help" show.
     std::string helpFile;
-    int major = 1;
-    int minor = 0;
-    int revision = 7;
+    int major = ADD_INS_VERSION_MAJOR;
+    int minor = ADD_INS_VERSION_MINOR;
+    int revision = ADD_INS_VERSION_REVISION;
 };
 
 } // namespace corvelle::forms

@@ -1,4 +1,5 @@
 #include "base/path_text.h"
+#include "version.h"
 #include "workbench/main_window.h"
 #include "workbench/resource.h"
 #include "workbench/title.h"
@@ -60,11 +61,11 @@ bool MainWindow::runDialog(int command) {
         if (commands.manageAddIns) commands.manageAddIns();
         return true;
     case IDM_ABOUT:
-        MessageBoxA(
-            window_,
-            "Corvelle Workbench 1.00.0007\n\nA small stand-in for the Visual Basic 6 IDE: it opens a project "
-            "and runs add-ins on it.",
-            "About Corvelle Workbench", MB_OK | MB_ICONINFORMATION);
+        MessageBoxA(window_,
+                    "Corvelle Workbench " ADD_INS_FILE_VERSION_TEXT
+                    "\n\nA small stand-in for the Visual Basic 6 IDE: it opens a project "
+                    "and runs add-ins on it.",
+                    "About Corvelle Workbench", MB_OK | MB_ICONINFORMATION);
         return true;
     default:
         return false;

@@ -2,6 +2,7 @@
 
 #include "cli/format_fixture.h"
 #include "cli/format_settings.h"
+#include "version.h"
 
 #include <algorithm>
 #include <thread>
@@ -37,7 +38,7 @@ class Arguments : public FormatTest {
 TEST(Program, PrintsItsVersion) {
     const Outcome outcome = runCorvelle({"--version"});
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_EQ(outcome.out, "corvelle 1.0.7\n");
+    EXPECT_EQ(outcome.out, "corvelle " CORVELLE_VERSION "\n");
     EXPECT_EQ(outcome.err, "");
 }
 

@@ -1,0 +1,1 @@
+// Nothing of its own: the headers that are compiled once for every test program belong to its library.
