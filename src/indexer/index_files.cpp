@@ -60,17 +60,26 @@ std::vector<std::vector<std::size_t>> entriesOfDesigners(const HelpIndex& index)
     return result;
 }
 
-void writeIndexFiles(base::FileWriter& configuration, base::FileWriter& header, const HelpIndex& index) {
+void writeHeader(base::FileWriter& header, const HelpIndex& index) {
     std::int32_t number = defaultHelpContextID;
     writeDefine(header, defaultIDH, number);
+    const auto entries = entriesOfDesigners(index);
+    for (std::size_t designer = 1; designer <= index.designers.size(); ++designer) {
+        for (const auto i : entries[designer]) {
+            const auto& name = index.entries[i].IDHName;
+            if (!name.empty() && name != index.entries.front().IDHName) writeDefine(header, name, ++number);
+        }
+    }
+}
+
+void writeConfiguration(base::FileWriter& configuration, const HelpIndex& index) {
     const auto entries = entriesOfDesigners(index);
     for (std::size_t designer = 1; designer <= index.designers.size(); ++designer) {
         writeDesigner(configuration, index.designers[designer - 1]);
         for (const auto i : entries[designer]) {
             const auto& entry = index.entries[i];
-            if (entry.IDHName.empty()) continue;
-            writeControl(configuration, entry.CtlName, entry.CtlClass, entry.IDHName);
-            if (entry.IDHName != index.entries.front().IDHName) writeDefine(header, entry.IDHName, ++number);
+            if (!entry.IDHName.empty())
+                writeControl(configuration, entry.CtlName, entry.CtlClass, entry.IDHName);
         }
     }
 }
@@ -105,10 +114,19 @@ bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerP
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
         base::replaceFile(path, [&](base::FileWriter& configuration) {
             base::replaceFile(base::pathOf(headerPath), [&](base::FileWriter& header) {
-                writeIndexFiles(configuration, header, index);
+                writeHeader(header, index);
+                writeConfiguration(configuration, index);
                 configuration.flush(); // while the old header is there
             });
         });
+    });
+}
+
+bool saveConfiguration(std::string_view path, const HelpIndex& index) {
+    if (index.isUnread) return false;
+    return base::ignoringErrors([&] {
+        base::replaceFile(base::pathOf(path),
+                          [&](base::FileWriter& configuration) { writeConfiguration(configuration, index); });
     });
 }
 
