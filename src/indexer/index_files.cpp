@@ -13,13 +13,12 @@ namespace corvelle::indexer {
 
 namespace {
 
-constexpr std::size_t markSize = 3; // "<P>"
-
 // What stands between the mark at the line's start and the last end mark; whether there is one.
-bool takeValue(std::string_view line, std::string_view endMark, std::string_view& value) {
+bool takeValue(std::string_view line, std::string_view mark, std::string_view endMark,
+               std::string_view& value) {
     const auto end = base::findLastIgnoringCase(line, endMark);
     if (end == std::string_view::npos) return false;
-    value = line.substr(markSize, end - markSize);
+    value = line.substr(mark.size(), end - mark.size());
     return true;
 }
 
@@ -34,7 +33,7 @@ std::string takePart(std::string_view& value) {
 void readDesigner(std::string_view line, Mappings& mappings) {
     auto& name = mappings.index.designers.emplace_back();
     std::string_view value;
-    if (!takeValue(line, "</P>", value)) return;
+    if (!takeValue(line, designerMark, designerEndMark, value)) return;
     name = value;
     mappings.rows.push_back(name);
 }
@@ -42,7 +41,7 @@ void readDesigner(std::string_view line, Mappings& mappings) {
 void readControl(std::string_view line, HelpIndex& index) {
     auto& entry = index.entries.emplace_back();
     std::string_view value;
-    if (!takeValue(line, "</C>", value)) return;
+    if (!takeValue(line, controlMark, controlEndMark, value)) return;
     entry.CtlName = takePart(value);
     entry.CtlClass = takePart(value);
     entry.IDHName = takePart(value);
@@ -98,9 +97,9 @@ Mappings readMappings(std::string_view bytes) {
     mappings.index.entries.reserve(base::countBytes(bytes, [](char c) { return c == '\n'; }) + 1);
     for (TextLines lines(bytes); lines.next();) {
         const auto line = base::trimSpaces(lines.line());
-        if (base::startsWithIgnoringCase(line, "<P>"))
+        if (base::startsWithIgnoringCase(line, designerMark))
             readDesigner(line, mappings);
-        else if (base::startsWithIgnoringCase(line, "<C>"))
+        else if (base::startsWithIgnoringCase(line, controlMark))
             readControl(line, mappings.index);
     }
     return mappings;
