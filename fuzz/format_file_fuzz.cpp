@@ -174,6 +174,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.options.bNoAllCmnt = data[1] >> 2 & 1;
     settings.force = (data[1] >> 3 & 1) != 0;
     settings.options.mTab = data[2] % 11;
+    settings.layout.layout = corvelle::settings::Layout::Classic;
     const bool removes = (data[1] & 7) != 0;
 
     const WorkFolder folder;

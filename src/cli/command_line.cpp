@@ -53,6 +53,49 @@ CLI::Validator wholeNumber(unsigned lowest, unsigned highest) {
     return CLI::Validator(read, "");
 }
 
+// KEY=VALUE, several times; the last value of a key holds.
+CLI::Validator styleValue() {
+    const auto check = [](std::string& text) -> std::string {
+        const std::size_t equals = text.find('=');
+        if (equals == std::string::npos) return "\"" + text + "\" is not KEY=VALUE";
+        return settings::wrongStyle(text.substr(0, equals), text.substr(equals + 1));
+    };
+    return CLI::Validator(check, "");
+}
+
+void addLayout(CLI::App& format, settings::LayoutOptions& layout) {
+    const auto choose = [&layout](const std::string& word) {
+        layout.layout = word == "classic" ? settings::Layout::Classic : settings::Layout::Structured;
+    };
+    format
+        .add_option_function<std::string>(
+            "--layout", choose,
+            "structured: by the language's blocks, in the module's own style; classic: by the rules of the add-in")
+        ->take_last()
+        ->option_text("structured|classic")
+        ->check(CLI::IsMember({"structured", "classic"}));
+    const auto setStyle = [&layout](const std::vector<std::string>& values) {
+        for (const auto& value : values) {
+            const std::size_t equals = value.find('=');
+            layout.style[value.substr(0, equals)] = value.substr(equals + 1);
+        }
+    };
+    format
+        .add_option_function<std::vector<std::string>>(
+            "--style", setStyle,
+            "One key of the structured layout's style, as in an .editorconfig behind corvelle_: case=flush, unit=tab, ...; several times")
+        ->allow_extra_args(false)
+        ->option_text("KEY=VALUE")
+        ->check(styleValue());
+    format.add_flag("--trim", layout.trim, "Structured layout: remove the blanks at the ends of lines");
+    format
+        .add_option("--max-empty-lines", layout.maxEmptyLines,
+                    "Structured layout: fold longer runs of empty lines")
+        ->take_last()
+        ->option_text("N")
+        ->transform(wholeNumber(0, 65534));
+}
+
 void addFormat(CLI::App& app, FormatSettings& settings) {
     CLI::App& format = *app.add_subcommand("format", "Re-indent Visual Basic 6 modules block by block");
     format.footer(
@@ -73,7 +116,9 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
         ->required()
         ->option_text("...")
         ->transform(asGiven());
-    option("--tab-width", settings.options.mTab, "N", "Spaces per level, 0 to 10; default 2")
+    addLayout(format, settings.layout);
+    option("--tab-width", settings.layout.tabWidth, "N",
+           "Spaces per level, 0 to 10; default: the module's own, with --layout classic 2")
         ->transform(wholeNumber(0, 10));
     removal("--remove-empty-lines", settings.options.bNoEmpty, "Remove all empty lines");
     removal("--remove-comment-lines", settings.options.bNoCmntLn, "Remove lines that have only comments");
@@ -84,6 +129,8 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
     format.add_flag("--diff", settings.diff,
                     "Write nothing; print a unified diff of every file that would change");
     format.add_flag("--stdout", settings.toStandardOutput, "Write nothing; print the formatted file");
+    format.add_flag("--show-settings", settings.showSettings,
+                    "Write nothing; print what holds for each module, and where each value comes from");
     format.add_flag("--force", settings.force,
                     "Write or print the result although structural errors or unsafe lines were found");
     option("--backup-dir", settings.backupDir, "DIR", "Save a file's code there before it is rewritten")
@@ -95,6 +142,9 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
         ->transform(wholeNumber(1, mostJobs));
     format.add_flag("--quiet", settings.quiet, "No lines but errors and results");
     format.callback([&settings] {
+        if (settings.showSettings && (settings.check || settings.diff || settings.toStandardOutput)) {
+            throw CLI::ValidationError("--show-settings", "cannot be used with --check, --diff or --stdout");
+        }
         if (settings.toStandardOutput && (settings.check || settings.diff)) {
             throw CLI::ValidationError("--stdout", "cannot be used with --check or --diff");
         }

@@ -14,6 +14,8 @@
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <set>
+#include <string>
 #include <thread>
 
 namespace corvelle::cli {
@@ -26,13 +28,13 @@ class Run {
   public:
     Run(const FormatSettings& settings, const SourceList& list)
         : settings_(settings), list_(list), sources_(list.sources), slots_(settings.jobs),
-          progress_(sources_.size(), settings.quiet) {}
+          moduleSettings_(settings.stdinName), progress_(sources_.size(), settings.quiet) {}
 
     int run() {
         std::vector<std::thread> threads = startHelpers();
         work();
         for (std::thread& thread : threads) thread.join();
-        if (list_.moduleCount() > 1 && !settings_.quiet) printTotals();
+        if (list_.moduleCount() > 1 && !settings_.quiet && !settings_.showSettings) printTotals();
         return status_;
     }
 
@@ -63,7 +65,7 @@ class Run {
                     failed = true;
                 }
             };
-            step([&] { job.emplace(sources_[i], settings_); });
+            step([&] { job.emplace(sources_[i], settings_, &moduleSettings_); });
             step([&] { slots_.use([&] { job->format(); }); });
             if (settings_.backupDir) naming_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
             step([&] { job->save(list_.realPaths); });
@@ -75,6 +77,11 @@ class Run {
     void print(const FormatJob& job) {
         progress_.clear();
         try {
+            // One file can be wrong for many modules.
+            if (const auto& problem = job.settingsProblem();
+                !problem.empty() && toldProblems_.insert(problem).second) {
+                err_.write(problem + "\n");
+            }
             job.printMessages(err_);
         } catch (const std::exception&) {
             // Nobody reads the messages; what was asked for is done all the same.
@@ -120,6 +127,8 @@ class Run {
     base::FileWriter out_{1, outName_};
     base::FileWriter err_{2, errName_};
     Slots slots_;
+    ModuleSettings moduleSettings_;
+    std::set<std::string> toldProblems_;
     Progress progress_;
     std::atomic<std::size_t> next_ = 0;
     Turnstile naming_, output_;

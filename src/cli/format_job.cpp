@@ -25,8 +25,9 @@ bool isPlainName(std::string_view name) {
            std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
 
-formatter::ModuleCode codeOf(const ModuleFile& file) {
-    formatter::ModuleCode code{.lines = {}, .lineEnd = file.newLine()};
+// With no line end given each line keeps its own.
+formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
+    formatter::ModuleCode code{.lines = {}, .lineEnd = lineEnd};
     code.lines.reserve(file.codeLineCount());
     for (std::uint32_t line = 0; line < file.codeLineCount(); ++line) {
         code.lines.push_back(file.codeLine(line));
@@ -51,11 +52,14 @@ void FormatJob::format() {
             fate_ = Fate::Failed;
             return;
         }
-        code_ = formatter::formatCode(codeOf(*file_), settings_.options);
-        judge();
+        layOut();
     } catch (const workspace::HeaderNeverEnds& error) {
         diagnose(exitLookAt, error.line(), "the header that begins here never ends");
         fate_ = Fate::Refused;
+    } catch (const settings::SettingsError& error) {
+        settingsProblem_ = error.what();
+        note_ = "left alone, since its settings are wrong";
+        status_ = exitFailed;
     } catch (const base::RunTimeError& error) {
         diagnose(exitFailed, error.description());
     } catch (const std::bad_alloc&) {
@@ -77,6 +81,38 @@ void FormatJob::read() {
     file_.emplace(std::move(bytes), type);
 }
 
+void FormatJob::layOut() {
+    layout_ = settings::resolveLayout(settings_.layout,
+                                      onDisk_ ? onDisk_->propertiesOf(source_) : settings::Properties());
+    if (layout_.layout == settings::Layout::Off) {
+        note_ = "left alone, as " + layout_.from.at("layout") + " says";
+        return;
+    }
+    formatter::FormatOptions options = settings_.options;
+    if (isStructured()) {
+        auto& structured = layout_.structured;
+        structured.removeEmptyLines = options.bNoEmpty == 1;
+        structured.removeCommentLines = options.bNoCmntLn == 1;
+        structured.removeTrailingComments = options.bNoAllCmnt == 1;
+        structured.force = settings_.force;
+        code_ = formatter::formatCode(codeOf(*file_, {}), structured);
+    } else {
+        options.mTab = layout_.classicTab.value_or(options.mTab);
+        code_ = formatter::formatCode(codeOf(*file_, file_->newLine()), options);
+    }
+    if (!settings_.showSettings) judge();
+}
+
+FormattedFile FormatJob::formatted() const {
+    const auto ends = isStructured() ? FormattedFile::LineEnds::OfLine : FormattedFile::LineEnds::OfFile;
+    return {*file_, code_.lines, code_.kept, ends};
+}
+
+std::string FormatJob::textOf(const formatter::Finding& finding) const {
+    if (finding.other == formatter::Finding::noLine) return finding.text;
+    return finding.text + " in line " + std::to_string(file_->fileLine(finding.other));
+}
+
 void FormatJob::judge() {
     if (!code_.holdsLines()) {
         note_ = "no line would be kept; left as it is";
@@ -87,7 +123,18 @@ void FormatJob::judge() {
         fate_ = Fate::Refused;
         return;
     }
-    for (const auto& fault : code_.faults) diagnose(exitLookAt, file_->fileLine(fault.line), fault.text);
+    for (const auto& fault : code_.faults) {
+        diagnose(exitLookAt, file_->fileLine(fault.line), textOf(fault));
+    }
+    // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
+    const bool wrong = status_ != exitDone && !isStructured();
+    for (const auto& notice : code_.notices) {
+        notices_.append(source_.shownPath)
+            .append(1, ':')
+            .append(std::to_string(file_->fileLine(notice.line)));
+        notices_.append(": ").append(textOf(notice)) += '\n';
+    }
+    const std::size_t saidBefore = diagnostics_.size();
     for (const auto& found : code_.unsafe) diagnoseUnsafe(file_->fileLine(found.line), found.text);
     if (const auto loss = formatter::lossAtLineEnd(file_->bytes(), formatted().missingLineEnd())) {
         const auto& bytes = file_->bytes();
@@ -97,7 +144,8 @@ void FormatJob::judge() {
     if (code_.level != 0) note_ = "the level ends at " + std::to_string(code_.level);
     summary_ = "Module contains " + std::to_string(file_->codeLineCount()) +
                " Lines | Formatted code contains:  " + std::to_string(code_.lines.maxIndx() + 1) + " Lines";
-    if (status_ != exitDone && !settings_.force) {
+    const bool harmful = diagnostics_.size() != saidBefore;
+    if ((wrong || harmful) && !settings_.force) {
         fate_ = Fate::Refused;
     } else if (formatted().changed()) {
         fate_ = Fate::Rewritten;
@@ -151,6 +199,7 @@ void FormatJob::save(const RealPaths& inUse) {
 
 void FormatJob::printMessages(base::FileWriter& err) const {
     err.write(diagnostics_);
+    if (!settings_.quiet) err.write(notices_);
     if (!settings_.quiet && !note_.empty()) err.write(source_.shownPath + ": " + note_ + "\n");
     if (!settings_.quiet && !summary_.empty() && fate_ != Fate::Failed) {
         err.write(source_.shownPath + ": " + summary_ + "\n");
@@ -159,6 +208,9 @@ void FormatJob::printMessages(base::FileWriter& err) const {
 }
 
 void FormatJob::printResult(base::FileWriter& out) const {
+    if (settings_.showSettings && file_ && fate_ != Fate::Failed) {
+        out.write(source_.shownPath + "\n" + settings::shownSettings(layout_, code_.style));
+    }
     if (settings_.check && fate_ == Fate::Rewritten) out.write(source_.shownPath + "\n");
     if (settings_.diff && fate_ == Fate::Rewritten) printDiff(out);
     if (printsModule()) {
@@ -174,7 +226,7 @@ void FormatJob::printResult(base::FileWriter& out) const {
 bool FormatJob::printsModule() const {
     const bool wanted = settings_.toStandardOutput || source_.isStandardInput();
     const bool done = fate_ == Fate::Rewritten || fate_ == Fate::Unchanged;
-    return wanted && done && !settings_.check && !settings_.diff;
+    return wanted && done && !settings_.check && !settings_.diff && !settings_.showSettings;
 }
 
 void FormatJob::printDiff(base::FileWriter& out) const {
@@ -201,7 +253,7 @@ void FormatJob::printDiff(base::FileWriter& out) const {
             if (formatted.same(line, bufferIndex)) return diff.same(whole(line));
             newLine.clear();
             StringWriter writer{newLine};
-            formatted.writeLine(writer, bufferIndex);
+            formatted.writeLine(writer, line, bufferIndex);
             diff.replaced(whole(line), newLine);
         }
         void dropped(std::uint32_t line) { diff.removed(whole(line)); }

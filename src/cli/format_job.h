@@ -3,6 +3,7 @@
 #include "base/file.h"
 #include "cli/backup_names.h"
 #include "cli/format_settings.h"
+#include "cli/module_settings.h"
 #include "cli/source_list.h"
 #include "formatter/format_code.h"
 #include "ide/workspace/formatted_file.h"
@@ -22,9 +23,9 @@ class FormatJob {
     /// What became of the module.
     enum class Fate { Rewritten, Unchanged, Refused, Failed, Noted };
 
-    /// Refers to its arguments.
-    FormatJob(const ModuleSource& source, const FormatSettings& settings)
-        : source_(source), settings_(settings) {}
+    /// Refers to its arguments. Without `onDisk` the options alone say what holds.
+    FormatJob(const ModuleSource& source, const FormatSettings& settings, ModuleSettings* onDisk = nullptr)
+        : source_(source), settings_(settings), onDisk_(onDisk) {}
 
     /// Reads and formats the module and finds what is wrong with the result.
     void format();
@@ -39,11 +40,16 @@ class FormatJob {
 
     Fate fate() const { return fate_; }
     ExitStatus status() const { return status_; }
+    /// What is wrong with a settings file, so that the module was left alone; empty if nothing is.
+    const std::string& settingsProblem() const { return settingsProblem_; }
 
   private:
     void read();
+    void layOut();
     void judge();
-    workspace::FormattedFile formatted() const { return {*file_, code_.lines, code_.kept}; }
+    bool isStructured() const { return layout_.layout == settings::Layout::Structured; }
+    workspace::FormattedFile formatted() const;
+    std::string textOf(const formatter::Finding& finding) const;
     void saveBackup(const RealPaths& inUse) const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
@@ -53,12 +59,16 @@ class FormatJob {
 
     const ModuleSource& source_;
     const FormatSettings& settings_;
+    ModuleSettings* onDisk_;
+    settings::LayoutSettings layout_;
     base::FileStamp stamp_{};
     std::optional<workspace::ModuleFile> file_;
     formatter::FormattedCode code_;
     std::string backupName_;
     std::string diagnostics_; // lines
+    std::string notices_;     // lines
     std::string note_;
+    std::string settingsProblem_;
     std::string summary_;
     Fate fate_ = Fate::Unchanged;
     ExitStatus status_ = exitDone;

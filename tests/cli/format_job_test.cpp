@@ -13,11 +13,17 @@ using testing::UnorderedElementsAre;
 
 constexpr std::string_view untidy = "Sub a()\r\nb\r\nEnd Sub\r\n";
 
+FormatSettings classic() {
+    FormatSettings result;
+    result.layout.layout = settings::Layout::Classic;
+    return result;
+}
+
 TEST(FormatJob, RefusesAFileThatChangedSinceItWasRead) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", untidy);
     const ModuleSource source{.shownPath = "a.bas", .path = path, .type = ide::ComponentType::StdModule};
-    const FormatSettings settings;
+    const FormatSettings settings = classic();
     FormatJob job(source, settings);
     job.format();
     ASSERT_EQ(job.fate(), FormatJob::Fate::Rewritten);
@@ -33,7 +39,7 @@ TEST(FormatJob, RefusesAFileThatWentAway) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", untidy);
     const ModuleSource source{.shownPath = "a.bas", .path = path, .type = ide::ComponentType::StdModule};
-    const FormatSettings settings;
+    const FormatSettings settings = classic();
     FormatJob job(source, settings);
     job.format();
     std::filesystem::remove(path);
@@ -46,7 +52,7 @@ TEST(FormatJob, WritesNothingBeforeItIsToldTo) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", untidy);
     const ModuleSource source{.shownPath = "a.bas", .path = path, .type = ide::ComponentType::StdModule};
-    FormatSettings settings;
+    FormatSettings settings = classic();
     settings.backupDir = (folder.path() / "backups").string();
     FormatJob job(source, settings);
     BackupNames names;

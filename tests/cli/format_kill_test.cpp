@@ -49,14 +49,14 @@ void expectHarmless(const Files& before, const std::vector<std::string>& argumen
 }
 
 TEST(FormatKill, LeavesTheModuleOldOrNew) {
-    expectHarmless({{"a.bas", untidy}}, {"format", "a.bas"}, 5);
+    expectHarmless({{"a.bas", untidy}}, {"format", "--layout", "classic", "a.bas"}, 5);
 }
 
 TEST(FormatKill, LeavesEachModuleOfAProjectOldOrNew) {
     expectHarmless({{"p.vbp", "Type=Exe\r\nModule=A; a.bas\r\nModule=B; b.bas\r\nName=\"P\"\r\n"},
                     {"a.bas", untidy},
                     {"b.bas", untidy}},
-                   {"format", "p.vbp"}, 10);
+                   {"format", "--layout", "classic", "p.vbp"}, 10);
 }
 
 } // namespace
