@@ -1,0 +1,40 @@
+#include "base/new_file.h"
+
+#include "base/file_descriptor.h"
+#include "base/file_error.h"
+#include "base/temporary_file.h"
+
+#include <cerrno>
+
+namespace corvelle::base {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void giveRights(int file, const fs::path& like) {
+    try {
+        FileProperties::of(like, fs::status(like)).giveTo(file, like);
+    } catch (const std::exception&) {
+        // It stays its maker's alone, as it was created.
+    }
+}
+
+} // namespace
+
+bool writeNewFile(const fs::path& path, std::string_view bytes, const fs::path& like) {
+    constexpr unsigned ownersAlone = 0600;
+    FileDescriptor file = openNew(path, ownersAlone);
+    if (!file.isOpen() && errno == EEXIST) return false;
+    if (!file.isOpen()) throw fileErrorOfErrno(path);
+    const bool written = writeAll(file.number(), bytes.data(), bytes.size());
+    if (written) giveRights(file.number(), like);
+    if (written && flushToDisk(file.number()) && file.close()) return true;
+    const FileError error = fileErrorOfErrno(path);
+    file.close();
+    std::error_code ignored;
+    fs::remove(path, ignored);
+    throw error;
+}
+
+} // namespace corvelle::base
