@@ -48,10 +48,11 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         activated(LOWORD(wParam) != WA_INACTIVE, reinterpret_cast<HWND>(lParam));
         break;
     case activateLater:
-        if (state_.mayRaise(desktop_.boxIsOpen())) form_->userActivated();
+        activationWaits_ = desktop_.boxIsOpen();
+        if (!activationWaits_) form_->userActivated();
         return 0;
     case WM_SETFOCUS:
-        if (!state_.isShowing()) form_->keyboard().restore();
+        if (!showing_) restoreFocus();
         return 0;
     case WM_SIZE:
         if (wParam != SIZE_MINIMIZED) sized(LOWORD(lParam), HIWORD(lParam));
@@ -148,12 +149,17 @@ bool FormWindow::belongsToThread(HWND window) const {
 
 void FormWindow::activated(bool active, HWND other) {
     const bool another = belongsToThread(other) && !desktop_.boxIsOpen();
-    if (!active) return state_.left(another);
-    if (state_.came(another)) PostMessageA(window_, activateLater, 0, 0);
+    if (!active) {
+        leftForAnother_ = leftForAnother_ || another;
+        return;
+    }
+    if ((another || leftForAnother_ || focusDue_) && !showing_) PostMessageA(window_, activateLater, 0, 0);
+    leftForAnother_ = focusDue_ = false;
 }
 
 void FormWindow::boxesClosed() {
-    if (state_.boxesClosed()) PostMessageA(window_, activateLater, 0, 0);
+    if (activationWaits_) PostMessageA(window_, activateLater, 0, 0);
+    activationWaits_ = false;
     if (waitsForFocus()) SetActiveWindow(window_);
 }
 

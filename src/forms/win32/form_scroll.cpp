@@ -39,10 +39,10 @@ LONG towards(LONG begin, LONG end, LONG room) {
 void FormWindow::setClientSize() {
     const Scale& scale = desktop_.scale();
     SIZE size = outsideOf(window_, {scale.pixels(form_->size().width), scale.pixels(form_->size().height)});
-    if (state_.wasShown()) size = within(size, workAreaOf(window_));
+    if (placed_) size = within(size, workAreaOf(window_));
     SetWindowPos(window_, nullptr, 0, 0, static_cast<int>(size.cx), static_cast<int>(size.cy),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (state_.wasShown()) fitScrollBars();
+    if (placed_) fitScrollBars();
 }
 
 void FormWindow::placeOver(HWND owner) {

@@ -30,9 +30,7 @@ class Win32Peer : public FormPeer {
         window_->controlChanged(control, aspect);
     }
     void focus(Control& control) override { window_->focus(control); }
-    void focusNone() override { window_->focusNone(); }
-    void focusMoved() override { window_->focusMoved(); }
-    bool isActive() override { return window_->isActive(); }
+    Control* focused() override { return window_->focused(); }
 
   private:
     std::shared_ptr<FormWindow> window_;
