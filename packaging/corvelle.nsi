@@ -3,6 +3,9 @@
 Unicode true
 !include MUI2.nsh
 !include LogicLib.nsh
+!include StrFunc.nsh
+${StrStr}
+${UnStrStr}
 
 !define SETTINGS "Software\VB and VBA Program Settings"
 !define UNINSTALL "Software\Microsoft\Windows\CurrentVersion\Uninstall\Corvelle"
@@ -35,9 +38,11 @@ VIAddVersionKey LegalCopyright "MIT licence"
 !insertmacro MUI_LANGUAGE English
 
 Var older ; the folder of the version that is installed already, or empty
+Var stage ; where the new version is made complete before the older one goes
+Var shared ; 1 where the folder was there and holds more than an older version
 
-; What set-up and removal share; the names of a removal's functions begin with "un."
-!macro SHARED un
+; What set-up and removal share; the names of a removal's functions begin with "un.", of the search "Un".
+!macro SHARED un search
 
 ; Goes on only when nothing in the folder $R0 is in use.
 Function ${un}RequireUnused
@@ -63,6 +68,21 @@ Function ${un}RequireUnused
   ${Next}
 FunctionEnd
 
+; $R4 becomes 1 where the name $R2 says one thing below the folder that it is meant in, else 0.
+Function ${un}LookAtName
+  StrCpy $R4 1
+  StrCpy $R5 $R2 1
+  ${If} $R2 == ""
+  ${OrIf} $R5 == "\"
+    StrCpy $R4 0
+  ${EndIf}
+  !insertmacro REFUSE "${search}" ".."
+  !insertmacro REFUSE "${search}" ":"
+  !insertmacro REFUSE "${search}" "/"
+  !insertmacro REFUSE "${search}" "*"
+  !insertmacro REFUSE "${search}" "?"
+FunctionEnd
+
 ; Takes away from the folder $R0 what its installed.txt lists, and folders that are then empty.
 Function ${un}RemoveFiles
   ClearErrors
@@ -75,7 +95,10 @@ Function ${un}RemoveFiles
       ${EndIf}
       StrCpy $R2 $R2 -2 ; without the line's end
       StrCpy $R3 $R2 1 -1
-      ${If} $R3 == "\"
+      Call ${un}LookAtName
+      ${If} $R4 = 0
+        Nop
+      ${ElseIf} $R3 == "\"
         RMDir "$R0\$R2"
       ${Else}
         Delete "$R0\$R2"
@@ -101,8 +124,16 @@ Function ${un}AskToCloseTheIde
 FunctionEnd
 
 !macroend
-!insertmacro SHARED ""
-!insertmacro SHARED "un."
+
+!macro REFUSE search part
+  ${${search}StrStr} $R5 $R2 "${part}"
+  ${If} $R5 != ""
+    StrCpy $R4 0
+  ${EndIf}
+!macroend
+
+!insertmacro SHARED "" ""
+!insertmacro SHARED "un." "Un"
 
 Function .onInit
   SetShellVarContext all
@@ -126,6 +157,91 @@ FunctionEnd
   DeleteRegKey /ifnosubkeys /ifnovalues HKCU "${key}"
 !macroend
 
+; In the file or folder $R0 users read and run, and nobody but administrators changes anything: what is registered for
+; the whole computer must not be anybody's to exchange. Windows XP has no tool that says this in every language.
+Function Protect
+  System::Call 'advapi32::ConvertStringSecurityDescriptorToSecurityDescriptorW(w \
+    "D:PAI(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)(A;OICI;0x1200a9;;;BU)", i 1, *p .R1, p 0) i .R2'
+  ${If} $R2 <> 0
+    System::Call 'advapi32::GetSecurityDescriptorDacl(p R1, *i .R3, *p .R4, *i .R5) i .R2'
+    System::Call 'advapi32::SetNamedSecurityInfoW(w R0, i 1, i 0x80000004, p 0, p 0, p R4, p 0) i .R2'
+    ${If} $R2 <> 0
+      DetailPrint "The permissions of $R0 could not be set: error $R2"
+    ${EndIf}
+    System::Call 'kernel32::LocalFree(p R1)'
+  ${EndIf}
+FunctionEnd
+
+; Unpacks everything into $stage; until it is complete nothing else has changed.
+Function Unpack
+  RMDir /r $stage ; of a set-up that was broken off
+  ClearErrors
+  SetOutPath $stage
+  File /r /x install.cmd /x uninstall.cmd "${FILES}/*"
+  ${If} ${Errors}
+    SetOutPath $TEMP
+    RMDir /r $stage
+    RMDir $INSTDIR
+    MessageBox MB_OK|MB_ICONSTOP "The files could not be written into $INSTDIR. Nothing was changed." /SD IDOK
+    Abort "The files could not be written into $INSTDIR. Nothing was changed."
+  ${EndIf}
+  SetOutPath $TEMP ; a current folder could not be removed
+FunctionEnd
+
+; Moves what stands in $stage to its place and lists it. A file that is there and none of the programs is somebody's
+; own: it stays, and no removal will take it.
+Function Place
+  FileOpen $R1 "$stage\installed.txt" r
+  ${Do}
+    ClearErrors
+    FileRead $R1 $R2
+    ${If} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    StrCpy $R2 $R2 -2
+    StrCpy $R3 $R2 1 -1
+    ${If} $R3 == "\"
+      CreateDirectory "$INSTDIR\$R2"
+    ${EndIf}
+  ${Loop}
+  FileSeek $R1 0
+  FileOpen $R6 "$INSTDIR\installed.txt" w
+  ${Do}
+    ClearErrors
+    FileRead $R1 $R2
+    ${If} ${Errors}
+      ${ExitDo}
+    ${EndIf}
+    StrCpy $R2 $R2 -2
+    StrCpy $R3 $R2 1 -1
+    ${If} $R3 == "\"
+      FileWrite $R6 "$R2$\r$\n"
+    ${Else}
+      StrCpy $R3 $R2 4 -4
+      ${If} $R3 == ".dll"
+      ${OrIf} $R3 == ".exe"
+      ${OrIf} $R3 == ".chm"
+        Delete "$INSTDIR\$R2"
+      ${EndIf}
+      ${IfNot} ${FileExists} "$INSTDIR\$R2"
+        Rename "$stage\$R2" "$INSTDIR\$R2"
+        FileWrite $R6 "$R2$\r$\n"
+        ${If} $shared = 1
+          StrCpy $R0 "$INSTDIR\$R2"
+          Push $R1
+          Push $R2
+          Call Protect
+          Pop $R2
+          Pop $R1
+        ${EndIf}
+      ${EndIf}
+    ${EndIf}
+  ${Loop}
+  FileClose $R6
+  FileClose $R1
+  RMDir /r $stage
+FunctionEnd
+
 Section "Corvelle"
   ReadRegStr $older HKLM "${UNINSTALL}" "InstallLocation"
   StrCpy $R0 $INSTDIR
@@ -133,6 +249,24 @@ Section "Corvelle"
   ${If} $older != ""
     StrCpy $R0 $older
     Call RequireUnused
+  ${EndIf}
+  StrCpy $shared 0
+  ${If} $older != $INSTDIR
+    FindFirst $R1 $R2 "$INSTDIR\*.*"
+    ${DoWhile} $R2 != ""
+      ${If} $R2 != "."
+      ${AndIf} $R2 != ".."
+        StrCpy $shared 1
+      ${EndIf}
+      FindNext $R1 $R2
+    ${Loop}
+    FindClose $R1
+  ${EndIf}
+  StrCpy $stage "$INSTDIR\Corvelle.new"
+  Call Unpack
+
+  ${If} $older != ""
+    StrCpy $R0 $older
     UnRegDLL "$older\Corvelle.dll"
     !insertmacro FORGET_SETTING "Configurations" "Help File" "FormatterHelp.chm"
     !insertmacro FORGET_SETTING "Indexer" "ExcludeList_Path" "exclude.lst"
@@ -141,8 +275,8 @@ Section "Corvelle"
     RMDir $older
   ${EndIf}
 
+  Call Place
   SetOutPath $INSTDIR
-  File /r /x install.cmd /x uninstall.cmd "${FILES}/*"
   WriteUninstaller "$INSTDIR\uninstall.exe"
   WriteRegStr HKLM "${UNINSTALL}" "DisplayName" "Corvelle ${VERSION}"
   WriteRegStr HKLM "${UNINSTALL}" "DisplayVersion" "${VERSION}"
@@ -153,6 +287,16 @@ Section "Corvelle"
   WriteRegStr HKLM "${UNINSTALL}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
   WriteRegDWORD HKLM "${UNINSTALL}" "NoModify" 1
   WriteRegDWORD HKLM "${UNINSTALL}" "NoRepair" 1
+
+  ; The folder of programs has these permissions from Windows; a folder chosen elsewhere gets them, unless it was there
+  ; with things of others: then each file of ours has got them.
+  StrLen $R3 $PROGRAMFILES
+  StrCpy $R3 $INSTDIR $R3
+  ${If} $shared = 0
+  ${AndIf} $R3 != $PROGRAMFILES
+    StrCpy $R0 $INSTDIR
+    Call Protect
+  ${EndIf}
 
   ; The DLL also enters itself in the IDE's lists, and the settings, where the user has no values of his own.
   ExecWait '"$SYSDIR\regsvr32.exe" /s /i "$INSTDIR\Corvelle.dll"' $0

@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034
 # Sourced by the commands in the repository's root: installs what is missing, configures, builds.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)

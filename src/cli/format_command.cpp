@@ -1,10 +1,8 @@
 #include "cli/format_command.h"
 
 #include "base/file.h"
-#include "base/path_text.h"
 #include "cli/format_job.h"
 #include "cli/progress.h"
-#include "cli/shown_text.h"
 #include "cli/slots.h"
 #include "cli/source_list.h"
 #include "cli/standard_streams.h"
@@ -16,6 +14,8 @@
 #include <exception>
 #include <iostream>
 #include <optional>
+#include <set>
+#include <string>
 #include <thread>
 
 namespace corvelle::cli {
@@ -28,13 +28,13 @@ class Run {
   public:
     Run(const FormatSettings& settings, const SourceList& list)
         : settings_(settings), list_(list), sources_(list.sources), slots_(settings.jobs),
-          progress_(sources_.size(), settings.quiet) {}
+          moduleSettings_(settings.stdinName), progress_(sources_.size(), settings.quiet) {}
 
     int run() {
         std::vector<std::thread> threads = startHelpers();
         work();
         for (std::thread& thread : threads) thread.join();
-        if (list_.moduleCount() > 1 && !settings_.quiet) printTotals();
+        if (list_.moduleCount() > 1 && !settings_.quiet && !settings_.showSettings) printTotals();
         return status_;
     }
 
@@ -57,19 +57,19 @@ class Run {
         for (std::size_t i = next_++; i < sources_.size(); i = next_++) {
             std::optional<FormatJob> job;
             // What a step throws ends this module's work; the turns of the others come all the same.
-            std::exception_ptr failure;
-            const auto step = [&failure](const auto& function) {
+            bool failed = false;
+            const auto step = [&failed](const auto& function) {
                 try {
-                    if (!failure) function();
+                    if (!failed) function();
                 } catch (const std::exception&) {
-                    failure = std::current_exception();
+                    failed = true;
                 }
             };
-            step([&] { job.emplace(sources_[i], settings_); });
+            step([&] { job.emplace(sources_[i], settings_, &moduleSettings_); });
             step([&] { slots_.use([&] { job->format(); }); });
             if (settings_.backupDir) naming_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
-            step([&] { job->save(); });
-            output_.pass(i, [&] { failure ? printFailure(sources_[i], failure) : print(*job); });
+            step([&] { job->save(list_.realPaths); });
+            output_.pass(i, [&] { failed ? printLackOfMemory(sources_[i]) : print(*job); });
         }
     }
 
@@ -77,6 +77,11 @@ class Run {
     void print(const FormatJob& job) {
         progress_.clear();
         try {
+            // One file can be wrong for many modules.
+            if (const auto& problem = job.settingsProblem();
+                !problem.empty() && toldProblems_.insert(problem).second) {
+                err_.write(problem + "\n");
+            }
             job.printMessages(err_);
         } catch (const std::exception&) {
             // Nobody reads the messages; what was asked for is done all the same.
@@ -84,7 +89,7 @@ class Run {
         try {
             if (!outputFailed_) job.printResult(out_);
         } catch (const std::exception& error) {
-            std::cerr << "standard output: " << base::reasonOf(error) << std::endl;
+            std::cerr << "standard output: " << error.what() << std::endl;
             outputFailed_ = true;
             status_ = exitFailed;
         }
@@ -93,13 +98,11 @@ class Run {
         status_ = std::max(status_, static_cast<int>(job.status()));
     }
 
-    void printFailure(const ModuleSource& source, const std::exception_ptr& failure) {
+    void printLackOfMemory(const ModuleSource& source) {
         progress_.clear();
-        try {
-            std::rethrow_exception(failure);
-        } catch (const std::exception& error) {
-            std::cerr << shown(source.shownPath) << ": " << shown(base::reasonOf(error)) << std::endl;
-        }
+        std::cerr << source.shownPath << ": "
+                  << base::describeError(static_cast<std::int32_t>(base::ErrorNumber::OutOfMemory))
+                  << std::endl;
         progress_.step();
         ++fates_[static_cast<std::size_t>(FormatJob::Fate::Failed)];
         status_ = exitFailed;
@@ -124,10 +127,12 @@ class Run {
     base::FileWriter out_{1, outName_};
     base::FileWriter err_{2, errName_};
     Slots slots_;
+    ModuleSettings moduleSettings_;
+    std::set<std::string> toldProblems_;
     Progress progress_;
     std::atomic<std::size_t> next_ = 0;
     Turnstile naming_, output_;
-    BackupNames backupNames_{base::pathOf(settings_.backupDir.value_or(std::string()))};
+    BackupNames backupNames_;
     std::array<std::size_t, 5> fates_{};
     int status_ = exitDone;
     bool outputFailed_ = false;
@@ -136,7 +141,7 @@ class Run {
 } // namespace
 
 int runFormat(const FormatSettings& settings) {
-    const SourceList list = listSources(settings.paths, settings.stdinName, settings.backupDir);
+    const SourceList list = listSources(settings.paths, settings.stdinName);
     if (settings.toStandardOutput && list.moduleCount() > 1) {
         std::cerr << "--stdout: takes one module, not " << list.moduleCount() << std::endl;
         return exitFailed;

@@ -1,12 +1,13 @@
 #include "cli/format_job.h"
 
 #include "base/binary_check.h"
-#include "base/new_file.h"
 #include "base/path_text.h"
+#include "base/run_time_error.h"
 #include "cli/unified_diff.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <new>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -24,18 +25,9 @@ bool isPlainName(std::string_view name) {
            std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
 
-void requireText(std::string_view bytes) {
-    const auto what = base::whatInsteadOfText(bytes);
-    if (!what.empty()) throw std::runtime_error("this is " + std::string(what) + ", not a module");
-}
-
-// To the rules such a file is one line, which would be given an end of another kind.
-bool endsLinesInReturns(std::string_view bytes) {
-    return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
-}
-
-formatter::ModuleCode codeOf(const ModuleFile& file) {
-    formatter::ModuleCode code{.lines = {}, .lineEnd = file.newLine()};
+// With no line end given each line keeps its own.
+formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
+    formatter::ModuleCode code{.lines = {}, .lineEnd = lineEnd};
     code.lines.reserve(file.codeLineCount());
     for (std::uint32_t line = 0; line < file.codeLineCount(); ++line) {
         code.lines.push_back(file.codeLine(line));
@@ -46,45 +38,79 @@ formatter::ModuleCode codeOf(const ModuleFile& file) {
 } // namespace
 
 void FormatJob::format() {
-    if (!source_.isModule()) return tellInstead();
+    if (!source_.isModule()) {
+        note_ = source_.note;
+        fate_ = Fate::Noted;
+        if (source_.problem.empty()) return;
+        diagnose(exitFailed, source_.problem);
+        fate_ = Fate::Failed;
+        return;
+    }
     try {
         read();
-        if (endsLinesInReturns(file_->bytes())) {
-            diagnose(exitLookAt, "its lines end in a carriage return alone; left as it is");
-            fate_ = Fate::Refused;
+        if (!file_) {
+            fate_ = Fate::Failed;
             return;
         }
-        code_ = formatter::formatCode(codeOf(*file_), settings_.options);
-        judge();
+        layOut();
     } catch (const workspace::HeaderNeverEnds& error) {
         diagnose(exitLookAt, error.line(), "the header that begins here never ends");
         fate_ = Fate::Refused;
-    } catch (const std::exception& error) {
-        diagnose(exitFailed, base::reasonOf(error));
+    } catch (const settings::SettingsError& error) {
+        settingsProblem_ = error.what();
+        note_ = "left alone, since its settings are wrong";
+        status_ = exitFailed;
+    } catch (const base::RunTimeError& error) {
+        diagnose(exitFailed, error.description());
+    } catch (const std::bad_alloc&) {
+        diagnose(exitFailed, base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)));
     }
     if (status_ == exitFailed) fate_ = Fate::Failed;
 }
 
-void FormatJob::tellInstead() {
-    note_ = source_.note;
-    fate_ = Fate::Noted;
-    if (!source_.skipped.empty()) {
-        diagnose(exitLookAt, "skipped: " + source_.skipped);
-        fate_ = Fate::Refused;
-    } else if (!source_.problem.empty()) {
-        diagnose(exitFailed, source_.problem);
-        fate_ = Fate::Failed;
-    }
-}
-
 void FormatJob::read() {
-    std::string bytes = source_.isStandardInput() ? base::readStandardInput()
-                                                  : base::readFile(source_.path, &stamp_, requireText);
-    requireText(bytes);
+    std::string bytes =
+        source_.isStandardInput() ? base::readStandardInput() : base::readFile(source_.path, &stamp_);
+    if (const std::string_view what = base::whatInsteadOfText(bytes); !what.empty()) {
+        diagnose(exitFailed, "this is " + std::string(what) + ", not a module");
+        return;
+    }
     // Of an unnamed module the first line tells: a header behind VERSION is read whatever the type.
     const bool unnamed = source_.type == ide::ComponentType{};
     const auto type = unnamed ? ide::ComponentType::StdModule : source_.type;
     file_.emplace(std::move(bytes), type);
+}
+
+void FormatJob::layOut() {
+    layout_ = settings::resolveLayout(settings_.layout,
+                                      onDisk_ ? onDisk_->propertiesOf(source_) : settings::Properties());
+    if (layout_.layout == settings::Layout::Off) {
+        note_ = "left alone, as " + layout_.from.at("layout") + " says";
+        return;
+    }
+    formatter::FormatOptions options = settings_.options;
+    if (isStructured()) {
+        auto& structured = layout_.structured;
+        structured.removeEmptyLines = options.bNoEmpty == 1;
+        structured.removeCommentLines = options.bNoCmntLn == 1;
+        structured.removeTrailingComments = options.bNoAllCmnt == 1;
+        structured.force = settings_.force;
+        code_ = formatter::formatCode(codeOf(*file_, {}), structured);
+    } else {
+        options.mTab = layout_.classicTab.value_or(options.mTab);
+        code_ = formatter::formatCode(codeOf(*file_, file_->newLine()), options);
+    }
+    if (!settings_.showSettings) judge();
+}
+
+FormattedFile FormatJob::formatted() const {
+    const auto ends = isStructured() ? FormattedFile::LineEnds::OfLine : FormattedFile::LineEnds::OfFile;
+    return {*file_, code_.lines, code_.kept, ends};
+}
+
+std::string FormatJob::textOf(const formatter::Finding& finding) const {
+    if (finding.other == formatter::Finding::noLine) return finding.text;
+    return finding.text + " in line " + std::to_string(file_->fileLine(finding.other));
 }
 
 void FormatJob::judge() {
@@ -97,7 +123,18 @@ void FormatJob::judge() {
         fate_ = Fate::Refused;
         return;
     }
-    for (const auto& fault : code_.faults) diagnose(exitLookAt, file_->fileLine(fault.line), fault.text);
+    for (const auto& fault : code_.faults) {
+        diagnose(exitLookAt, file_->fileLine(fault.line), textOf(fault));
+    }
+    // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
+    const bool wrong = status_ != exitDone && !isStructured();
+    for (const auto& notice : code_.notices) {
+        notices_.append(source_.shownPath)
+            .append(1, ':')
+            .append(std::to_string(file_->fileLine(notice.line)));
+        notices_.append(": ").append(textOf(notice)) += '\n';
+    }
+    const std::size_t saidBefore = diagnostics_.size();
     for (const auto& found : code_.unsafe) diagnoseUnsafe(file_->fileLine(found.line), found.text);
     if (const auto loss = formatter::lossAtLineEnd(file_->bytes(), formatted().missingLineEnd())) {
         const auto& bytes = file_->bytes();
@@ -107,7 +144,8 @@ void FormatJob::judge() {
     if (code_.level != 0) note_ = "the level ends at " + std::to_string(code_.level);
     summary_ = "Module contains " + std::to_string(file_->codeLineCount()) +
                " Lines | Formatted code contains:  " + std::to_string(code_.lines.maxIndx() + 1) + " Lines";
-    if (status_ != exitDone && !settings_.force) {
+    const bool harmful = diagnostics_.size() != saidBefore;
+    if ((wrong || harmful) && !settings_.force) {
         fate_ = Fate::Refused;
     } else if (formatted().changed()) {
         fate_ = Fate::Rewritten;
@@ -120,52 +158,60 @@ void FormatJob::chooseBackup(BackupNames& names) {
     std::string name = base::textOf(source_.path.stem());
     if (isPlainName(file_->name())) name = file_->name();
     if (!file_->hasNameAttribute() && isPlainName(source_.projectName)) name = source_.projectName;
-    backup_ = names.next(name, file_->type());
+    backupName_ = names.next(name, file_->type());
 }
 
-void FormatJob::saveBackup() const {
+void FormatJob::saveBackup(const RealPaths& inUse) const {
     const std::filesystem::path folder = base::pathOf(*settings_.backupDir);
-    const auto fail = [&](const std::filesystem::path& path, const std::string& reason) {
-        throw std::runtime_error("not rewritten, its backup " + base::textOf(path) +
+    const std::filesystem::path backup = folder / base::pathOf(backupName_);
+    const auto fail = [&](const std::string& reason) {
+        throw std::runtime_error("not rewritten, its backup " + base::textOf(backup) +
                                  " could not be saved: " + reason);
     };
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (error) fail(folder / base::pathOf(backup_->text()), base::fileErrorOf(error, folder).reason());
-    // Another run may have taken the name since it was chosen.
-    for (BackupName name = *backup_;; ++name.copy) {
-        const auto path = folder / base::pathOf(name.text());
-        try {
-            if (base::writeNewFile(path, file_->bytes(), source_.path)) return;
-        } catch (const base::FileError& failure) {
-            fail(path, failure.reason());
-        }
+    if (error) fail(base::fileErrorOf(error, folder).description());
+    const auto real = std::filesystem::canonical(backup, error);
+    if (!error && inUse.count(real.native()) != 0) fail("that file is one of those to format");
+    try {
+        base::replaceFile(backup, [&](base::FileWriter& out) {
+            for (std::uint32_t line = 0; line < file_->codeLineCount(); ++line) {
+                out.write(file_->codeLine(line));
+                out.write("\r\n");
+            }
+        });
+    } catch (const base::FileError& failure) {
+        fail(failure.description());
     }
 }
 
-void FormatJob::save() {
+void FormatJob::save(const RealPaths& inUse) {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
-        if (backup_) saveBackup();
+        if (!backupName_.empty()) saveBackup(inUse);
         base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
                           {.stamp = stamp_});
     } catch (const std::exception& error) {
-        diagnose(exitFailed, base::reasonOf(error));
+        diagnose(exitFailed, error.what());
         fate_ = Fate::Failed;
     }
 }
 
 void FormatJob::printMessages(base::FileWriter& err) const {
     err.write(diagnostics_);
-    if (!settings_.quiet && !note_.empty()) err.write(name_ + ": " + shown(note_) + "\n");
+    if (!settings_.quiet) err.write(notices_);
+    if (!settings_.quiet && !note_.empty()) err.write(source_.shownPath + ": " + note_ + "\n");
     if (!settings_.quiet && !summary_.empty() && fate_ != Fate::Failed) {
-        err.write(name_ + ": " + summary_ + "\n");
+        err.write(source_.shownPath + ": " + summary_ + "\n");
     }
     err.flush();
 }
 
 void FormatJob::printResult(base::FileWriter& out) const {
-    if (settings_.check && fate_ == Fate::Rewritten) out.write(name_ + "\n");
+    if (settings_.showSettings && file_ && fate_ != Fate::Failed) {
+        out.write(source_.shownPath + "\n" + settings::shownSettings(layout_, code_.style));
+    }
+    if (settings_.check && fate_ == Fate::Rewritten) out.write(source_.shownPath + "\n");
     if (settings_.diff && fate_ == Fate::Rewritten) printDiff(out);
     if (printsModule()) {
         if (!summary_.empty()) {
@@ -180,7 +226,7 @@ void FormatJob::printResult(base::FileWriter& out) const {
 bool FormatJob::printsModule() const {
     const bool wanted = settings_.toStandardOutput || source_.isStandardInput();
     const bool done = fate_ == Fate::Rewritten || fate_ == Fate::Unchanged;
-    return wanted && done && !settings_.check && !settings_.diff;
+    return wanted && done && !settings_.check && !settings_.diff && !settings_.showSettings;
 }
 
 void FormatJob::printDiff(base::FileWriter& out) const {
@@ -207,7 +253,7 @@ void FormatJob::printDiff(base::FileWriter& out) const {
             if (formatted.same(line, bufferIndex)) return diff.same(whole(line));
             newLine.clear();
             StringWriter writer{newLine};
-            formatted.writeLine(writer, bufferIndex);
+            formatted.writeLine(writer, line, bufferIndex);
             diff.replaced(whole(line), newLine);
         }
         void dropped(std::uint32_t line) { diff.removed(whole(line)); }
@@ -235,13 +281,13 @@ void FormatJob::diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss) {
 }
 
 void FormatJob::diagnose(ExitStatus status, std::string_view message) {
-    diagnostics_.append(name_).append(": ").append(shown(message)) += '\n';
+    diagnostics_.append(source_.shownPath).append(": ").append(message) += '\n';
     status_ = std::max(status_, status);
 }
 
 void FormatJob::diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message) {
-    diagnostics_.append(name_).append(1, ':').append(std::to_string(fileLine));
-    diagnostics_.append(": ").append(shown(message)) += '\n';
+    diagnostics_.append(source_.shownPath).append(1, ':').append(std::to_string(fileLine));
+    diagnostics_.append(": ").append(message) += '\n';
     status_ = std::max(status_, status);
 }
 

@@ -3,8 +3,8 @@
 #include "base/file.h"
 #include "cli/backup_names.h"
 #include "cli/format_settings.h"
-#include "cli/module_source.h"
-#include "cli/shown_text.h"
+#include "cli/module_settings.h"
+#include "cli/source_list.h"
 #include "formatter/format_code.h"
 #include "ide/workspace/formatted_file.h"
 #include "ide/workspace/module_file.h"
@@ -23,29 +23,34 @@ class FormatJob {
     /// What became of the module.
     enum class Fate { Rewritten, Unchanged, Refused, Failed, Noted };
 
-    /// Refers to its arguments.
-    FormatJob(const ModuleSource& source, const FormatSettings& settings)
-        : source_(source), settings_(settings), name_(shown(source.shownPath)) {}
+    /// Refers to its arguments. Without `onDisk` the options alone say what holds.
+    FormatJob(const ModuleSource& source, const FormatSettings& settings, ModuleSettings* onDisk = nullptr)
+        : source_(source), settings_(settings), onDisk_(onDisk) {}
 
     /// Reads and formats the module and finds what is wrong with the result.
     void format();
     /// Chooses the backup's name if the file is to be rewritten with a backup.
     void chooseBackup(BackupNames& names);
-    /// Saves the backup and rewrites the file, if that is what is to be done.
-    void save();
+    /// Saves the backup and rewrites the file, if that is what is to be done. No backup may take the place
+    /// of one of the files `inUse`.
+    void save(const RealPaths& inUse);
     void printMessages(base::FileWriter& err) const;
     /// Prints what goes to standard output.
     void printResult(base::FileWriter& out) const;
 
     Fate fate() const { return fate_; }
     ExitStatus status() const { return status_; }
+    /// What is wrong with a settings file, so that the module was left alone; empty if nothing is.
+    const std::string& settingsProblem() const { return settingsProblem_; }
 
   private:
-    void tellInstead();
     void read();
+    void layOut();
     void judge();
-    workspace::FormattedFile formatted() const { return {*file_, code_.lines, code_.kept}; }
-    void saveBackup() const;
+    bool isStructured() const { return layout_.layout == settings::Layout::Structured; }
+    workspace::FormattedFile formatted() const;
+    std::string textOf(const formatter::Finding& finding) const;
+    void saveBackup(const RealPaths& inUse) const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
     void diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss);
@@ -54,13 +59,16 @@ class FormatJob {
 
     const ModuleSource& source_;
     const FormatSettings& settings_;
-    std::string name_; // the module's, in messages
+    ModuleSettings* onDisk_;
+    settings::LayoutSettings layout_;
     base::FileStamp stamp_{};
     std::optional<workspace::ModuleFile> file_;
     formatter::FormattedCode code_;
-    std::optional<BackupName> backup_;
+    std::string backupName_;
     std::string diagnostics_; // lines
+    std::string notices_;     // lines
     std::string note_;
+    std::string settingsProblem_;
     std::string summary_;
     Fate fate_ = Fate::Unchanged;
     ExitStatus status_ = exitDone;

@@ -2,22 +2,31 @@
 
 #include "base/binary_check.h"
 #include "base/file.h"
+#include "base/file_batch.h"
+#include "base/folder_lock.h"
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "base/text.h"
 #include "cli/exit_status.h"
-#include "cli/line_ends.h"
+#include "cli/interrupted_changes.h"
+#include "cli/shown_text.h"
 #include "cli/standard_streams.h"
 #include "indexer/entry_edits.h"
 #include "indexer/existing_index.h"
 #include "indexer/index_files.h"
+#include "indexer/mapping_edit.h"
+#include "indexer/recognise.h"
 #include "indexer/text_file.h"
+#include "indexer/topic_edit.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <filesystem>
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvelle::cli {
 
@@ -32,14 +41,14 @@ struct Refusal {
     std::string message;
 };
 
-std::string readText(const std::string& path) {
+std::string readText(const std::string& path, base::FileStamp* stamp = nullptr) {
     try {
-        auto bytes = base::readFile(base::pathOf(path));
+        auto bytes = base::readFile(base::pathOf(path), stamp);
         const auto what = base::whatInsteadOfText(bytes);
-        if (!what.empty()) throw Refusal{exitFailed, path + ": this is " + std::string(what)};
+        if (!what.empty()) throw Refusal{exitFailed, shown(path) + ": this is " + std::string(what)};
         return bytes;
     } catch (const base::FileError& error) {
-        throw Refusal{exitFailed, path + ": " + error.description()};
+        throw Refusal{exitFailed, shown(path) + ": " + error.description()};
     }
 }
 
@@ -70,28 +79,54 @@ struct ControlName {
     }
 };
 
+// One of the index's files as it was read, and as it is to be.
+struct EditedFile {
+    std::string path, before, after;
+    base::FileStamp stamp;
+
+    void read(const std::string& from) {
+        path = from;
+        before = after = readText(path, &stamp);
+    }
+    bool isChanged() const { return after != before; }
+};
+
 class TextRun {
   public:
     explicit TextRun(const TextSettings& settings) : settings_(settings) {}
 
     ExitStatus run() {
-        open();
-        if (settings_.action == TextAction::List)
+        if (!indexer::readProjectInfo(readText(settings_.project), info_))
+            throw Refusal{exitLookAt, std::string(indexer::invalidProjectFile)};
+        info_ = indexer::withPathsFound(info_, settings_.project);
+        if (settings_.action == TextAction::List) {
+            read();
             list();
-        else
+        } else {
+            // Held until the files are written.
+            const base::FolderLock lock(indexFiles(), settings_.longestWait);
+            completeInterruptedChanges(indexFiles());
+            read();
             edit();
+        }
         if (!std::cout.flush()) throw standardOutputFailed();
         return exitDone;
     }
 
   private:
-    void open() {
-        if (!indexer::readProjectInfo(readText(settings_.project), info_))
-            throw Refusal{exitLookAt, std::string(indexer::invalidProjectFile)};
-        info_ = indexer::withPathsFound(info_, settings_.project);
+    std::vector<std::filesystem::path> indexFiles() const {
+        std::vector<std::filesystem::path> result;
+        for (const auto which : {indexer::slot::header, indexer::slot::configuration, indexer::slot::text})
+            result.push_back(base::pathOf(info_[which]));
+        return result;
+    }
+
+    void read() {
         if (!indexer::indexFilesExist(info_)) throw Refusal{exitLookAt, indexer::indexFilesMissing().text};
-        index_ = indexer::readMappings(readText(info_[indexer::slot::configuration])).index;
-        indexer::readTextEntries(readText(info_[indexer::slot::text]), index_, indexer::LastDefault::Read);
+        configuration_.read(info_[indexer::slot::configuration]);
+        texts_.read(info_[indexer::slot::text]);
+        index_ = indexer::readMappings(configuration_.before).index;
+        indexer::readTextEntries(texts_.before, index_, indexer::LastDefault::Read);
     }
 
     // Not through std::cout, which locks itself for each piece.
@@ -103,10 +138,10 @@ class TextRun {
             for (std::size_t i = 1; i <= index_.count(); ++i) {
                 const auto& entry = index_.entries[i];
                 if (entry.DsrIndex == 0) continue; // of no designer: no control
-                line = index_.designers[static_cast<std::size_t>(entry.DsrIndex) - 1];
-                line.append(1, '\t').append(entry.CtlName).append(1, '\t').append(entry.CtlClass);
-                line.append(1, '\t').append(entry.IDHName).append(1, '\t');
-                line.append(onOneLine(indexer::shownText(index_, i))) += '\n';
+                line = shown(index_.designers[static_cast<std::size_t>(entry.DsrIndex) - 1]);
+                for (const auto* name : {&entry.CtlName, &entry.CtlClass, &entry.IDHName})
+                    line.append(1, '\t').append(shown(*name));
+                line.append(1, '\t').append(shown(onOneLine(indexer::shownText(index_, i)))) += '\n';
                 out.write(line);
             }
             out.flush();
@@ -118,21 +153,46 @@ class TextRun {
     static Refusal standardOutputFailed() { return {exitFailed, "standard output: could not be written"}; }
 
     void edit() {
+        requireFilesOfTheirOwn();
         const auto entry = findControl();
         switch (settings_.action) {
         case TextAction::Set:
             setText(entry);
             break;
         case TextAction::Default:
-            indexer::setDefault(index_, entry);
+            removeTopicOf(entry);
+            configuration_.after =
+                indexer::withControlNamed(configuration_.before, entry, indexer::defaultIDH);
             break;
         case TextAction::Delete:
-            indexer::deleteEntry(index_, entry);
+            removeTopicOf(entry);
+            configuration_.after = indexer::withoutControl(configuration_.before, entry);
             break;
         case TextAction::List:
             return;
         }
         save();
+    }
+
+    // A project file can name any file: what is written must be what the project file says it is.
+    void requireFilesOfTheirOwn() const {
+        using namespace indexer::slot;
+        struct Named {
+            const char* key;
+            const std::string& path;
+        };
+        const std::array<Named, 4> files{{{"the project file", settings_.project},
+                                          {"Header file", info_[header]},
+                                          {"Configuration File", info_[configuration]},
+                                          {"Text File", info_[text]}}};
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            for (std::size_t other = 0; other < i; ++other) {
+                if (!base::isSamePath(base::pathOf(files[i].path), base::pathOf(files[other].path))) continue;
+                throw Refusal{exitFailed, shown(settings_.project) + ": " + files[other].key + " and " +
+                                              files[i].key + " are one file, " + shown(files[i].path) +
+                                              nothingWritten};
+            }
+        }
     }
 
     std::size_t findControl() const {
@@ -141,7 +201,7 @@ class TextRun {
             return base::equalIgnoringCase(name, settings_.designer);
         });
         if (designer == designers.end())
-            throw Refusal{exitLookAt, settings_.designer + ": the index has no such designer"};
+            throw Refusal{exitLookAt, shown(settings_.designer) + ": the index has no such designer"};
         const ControlName wanted(settings_.control);
         std::size_t met = 0;
         for (const auto entry :
@@ -149,37 +209,72 @@ class TextRun {
             if (!base::equalIgnoringCase(index_.entries[entry].CtlName, wanted.name)) continue;
             if (++met == wanted.occurrence) return entry;
         }
-        throw Refusal{exitLookAt, settings_.control + ": " + *designer + " has no such control"};
+        throw Refusal{exitLookAt,
+                      shown(settings_.control) + ": " + shown(*designer) + " has no such control"};
     }
 
     void setText(std::size_t entry) {
         const auto refuse = [this](const char* reason) {
-            throw Refusal{exitLookAt, settings_.control + ": " + reason};
+            throw Refusal{exitLookAt, shown(settings_.control) + ": " + reason};
         };
         const auto state = indexer::stateOf(index_.entries[entry]);
         if (state == EntryState::DefaultText) refuse("the control shows the default text");
         if (state == EntryState::Deleted) refuse("the control is deleted from the index");
-        const auto text = withFileLineEnds(settings_.text);
-        if (indexer::holdsTopicLine(text))
+        if (indexer::holdsTopicLine(settings_.text))
             refuse("a line of the text that begins with .topic would begin another topic");
-        indexer::UpdateInfo(index_, static_cast<std::int32_t>(entry), text);
+        texts_.after = indexer::withTopicText(texts_.before, index_.entries[entry].IDHName, settings_.text);
+    }
+
+    // Unless it is the default topic or another control has it too.
+    void removeTopicOf(std::size_t entry) {
+        const auto& name = index_.entries[entry].IDHName;
+        if (indexer::stateOf(index_.entries[entry]) != EntryState::OwnText) return;
+        const auto uses = std::count_if(index_.entries.begin(), index_.entries.end(),
+                                        [&](const auto& other) { return other.IDHName == name; });
+        if (uses == 1) texts_.after = indexer::withoutTopic(texts_.before, name);
     }
 
     void save() {
+        requireOfOurs(configuration_, indexer::isConfigurationOfOurs,
+                      ": this is no configuration file, which has lines of designers and controls alone");
+        requireOfOurs(texts_, indexer::isTextFileOfOurs,
+                      ": this is no text file of an index, whose first topic is IDH_AAAA");
         outliveReaders(); // half a saving is not what they wanted
-        const bool mappingsToo = settings_.action != TextAction::Set;
-        const auto saved = indexer::saveExistingIndex(info_, index_, mappingsToo, [](std::string_view) {});
-        if (!saved.texts) throw Refusal{exitFailed, info_[indexer::slot::text] + ": " + saved.message.text};
-        if (!saved.indexFiles) {
-            throw Refusal{exitFailed,
-                          info_[indexer::slot::configuration] +
-                              ": the configuration file could not be written; the texts were saved"};
+        base::FileBatch files;
+        addTo(files, configuration_, ": the configuration file could not be written");
+        addTo(files, texts_, textsNotSaved);
+        try {
+            files.commit();
+        } catch (const base::FileError& error) {
+            throw notSaved(base::textOf(files.failedFile()), textsNotSaved, error);
         }
-        std::cout << saved.message.text << '\n';
+        std::cout << "File was saved successfully.\n";
     }
+
+    static void requireOfOurs(const EditedFile& file, bool (*isOurs)(std::string_view), const char* words) {
+        if (file.isChanged() && !isOurs(file.before))
+            throw Refusal{exitFailed, shown(file.path) + words + nothingWritten};
+    }
+
+    static void addTo(base::FileBatch& files, const EditedFile& file, const char* words) {
+        if (!file.isChanged()) return;
+        try {
+            files.add(base::pathOf(file.path), file.after, {.stamp = file.stamp});
+        } catch (const base::FileError& error) {
+            throw notSaved(file.path, words, error);
+        }
+    }
+
+    static Refusal notSaved(const std::string& path, const char* words, const base::FileError& error) {
+        return {exitFailed, shown(path) + words + " (" + error.description() + ")" + nothingWritten};
+    }
+
+    static constexpr const char* nothingWritten = "; nothing was changed";
+    static constexpr const char* textsNotSaved = ": Errors occured while saving file ..";
 
     const TextSettings& settings_;
     indexer::ProjectInfo info_;
+    EditedFile configuration_, texts_;
     HelpIndex index_;
 };
 
@@ -189,10 +284,10 @@ int runText(const TextSettings& settings) {
     try {
         return TextRun(settings).run();
     } catch (const Refusal& refusal) {
-        std::cerr << withTerminalLineEnds(refusal.message) << std::endl;
+        std::cerr << refusal.message << std::endl;
         return refusal.status;
     } catch (const base::RunTimeError& error) {
-        std::cerr << settings.project << ": " << error.description() << std::endl;
+        std::cerr << shown(settings.project) << ": " << error.description() << std::endl;
         return exitFailed;
     }
 }

@@ -47,10 +47,19 @@ void indent(Engine& engine, FormattedCode& result) {
     }
     Origins origins(result.kept);
     for (const auto& error : engine.errors()) {
-        result.faults.push_back({origins.lineOf(error.position), error.text()});
+        result.faults.push_back({origins.lineOf(error.position), error.text(), Finding::noLine});
     }
     result.position = Origins(result.kept).lineOf(engine.position());
     result.level = engine.indentLevel();
+}
+
+std::vector<Finding> findingsOf(std::vector<structured::Fault> faults) {
+    std::vector<Finding> findings;
+    findings.reserve(faults.size());
+    for (auto& fault : faults) {
+        findings.push_back({fault.line, std::string(fault.code) + " " + fault.words, fault.other});
+    }
+    return findings;
 }
 
 } // namespace
@@ -71,6 +80,37 @@ FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObse
     return result;
 }
 
+FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOptions& options) {
+    auto laidOut = structured::formatStructured(code.lines, options);
+    FormattedCode result;
+    std::size_t bytes = 0;
+    for (const auto& line : laidOut.lines) bytes += line.dropped ? 0 : line.size();
+    result.lines.beginLoading(code.lines.size(), bytes);
+    result.kept.reserve(code.lines.size());
+    std::string text;
+    for (std::size_t i = 0; i < code.lines.size(); ++i) {
+        const auto& line = laidOut.lines[i];
+        result.kept.push_back(!line.dropped);
+        if (line.dropped) continue;
+        if (line.tabs == 0) {
+            result.lines.append(code.lines[i].substr(line.begin, line.end - line.begin));
+            result.lines.setSpaces(result.lines.maxIndx(), static_cast<std::int16_t>(line.spaces));
+        } else {
+            text.clear();
+            line.appendTo(text, code.lines[i]);
+            result.lines.append(text);
+        }
+    }
+    result.faults = findingsOf(std::move(laidOut.faults));
+    result.notices = findingsOf(std::move(laidOut.notices));
+    result.style = std::move(laidOut.style);
+    if (result.holdsLines()) {
+        const bool commentsMayGo = options.removeCommentLines || options.removeTrailingComments;
+        result.unsafe = findUnsafeLines(code, result, commentsMayGo);
+    }
+    return result;
+}
+
 std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode& formatted,
                                      bool commentsMayGo) {
     std::vector<Finding> found;
@@ -79,7 +119,7 @@ std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode
     std::int32_t index = 0;
     for (std::uint32_t line = 0; line < code.lines.size(); ++line) {
         const auto report = [&](std::optional<std::string> loss) {
-            if (loss) found.push_back({line, std::move(*loss)});
+            if (loss) found.push_back({line, std::move(*loss), Finding::noLine});
         };
         if (formatted.kept[line]) {
             report(check.kept(code.lines[line], lines.text(index), lines.spaces(index)));

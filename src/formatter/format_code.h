@@ -3,6 +3,7 @@
 #include "base/line_buffer.h"
 #include "base/run_time_error.h"
 #include "formatter/engine.h"
+#include "formatter/structured/structured.h"
 
 #include <cstdint>
 #include <optional>
@@ -22,8 +23,11 @@ struct ModuleCode {
 
 /// Something to be told of a line of the code.
 struct Finding {
+    static constexpr std::uint32_t noLine = 0xFFFFFFFF;
+
     std::uint32_t line; ///< 0-based, of the code before it was formatted
     std::string text;
+    std::uint32_t other = noLine; ///< a second line that belongs to it
 };
 
 /// What a layout makes of a module's code.
@@ -31,10 +35,12 @@ struct FormattedCode {
     base::LineBuffer lines;                  ///< the lines that are kept, as they are to be written
     std::vector<bool> kept;                  ///< of each line of the code, whether `lines` holds it
     std::vector<Finding> faults;             ///< of the code's structure, in the order in which they were met
+    std::vector<Finding> notices;            ///< what could not be done, which harms nothing
     std::vector<Finding> unsafe;             ///< where the formatted code does not say what the code said
     std::int16_t level = 0;                  ///< of blocks after the last line; 0 when all were closed
     std::uint32_t position = 0;              ///< the line of the code that was worked on last
     std::optional<base::RunTimeError> error; ///< ended the run: the lines are good for nothing
+    structured::Style style;                 ///< that the structured layout wrote the lines in
 
     /// Whether any line is left; where none is, nothing was looked for.
     bool holdsLines() const { return lines.maxIndx() >= 0; }
@@ -43,6 +49,9 @@ struct FormattedCode {
 /// Formats the code by the tables' rules, with the safety check behind it. An observer that is given is told
 /// what a pass tells.
 FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObserver* observer = nullptr);
+
+/// Formats the code by the language's blocks, in the module's own style, with the same check behind it.
+FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOptions& options);
 
 /// The lines of the code that the formatted one would harm. The check that each layout's result has to pass.
 std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode& formatted,

@@ -16,6 +16,8 @@ class Captioned : public Control {
     const std::string& caption() const { return touch(), caption_; }
     void setCaption(const std::string& caption) { change(caption_, caption, Aspect::Text); }
     virtual bool useMnemonic() const { return true; }
+    /// Whether Alt and the letter, small or capital, stand for the control.
+    bool hasAccelerator(char letter) const;
 
     void reset() override {
         Control::reset();

@@ -11,6 +11,18 @@ Control::Control(Form& form, ControlKind kind, std::string name, Control* contai
     form.add(*this);
 }
 
+bool Control::takesFocus() const {
+    switch (kind_) {
+    case ControlKind::Label:
+    case ControlKind::Frame:
+    case ControlKind::Image:
+    case ControlKind::Surface:
+        return false;
+    default:
+        return true;
+    }
+}
+
 void Control::setFocus() {
     touch();
     if (reachable()) form_.focus(*this);

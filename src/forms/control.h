@@ -73,6 +73,11 @@ class Control {
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
 
+    /// Whether the keyboard can be in a control of its kind.
+    bool takesFocus() const;
+    /// Whether the control itself has a use for Enter, which then presses no button.
+    virtual bool takesEnter() const { return false; }
+
     /// Whether the user can reach the control when its form takes input: it and its containers are visible
     /// and enabled.
     bool reachable() const;

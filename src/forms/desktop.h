@@ -9,9 +9,11 @@
 #include "forms/settings.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace corvelle::forms {
 
@@ -46,7 +48,9 @@ class Desktop {
     virtual void handlerEnded() noexcept {}
     /// Shows the form above all other windows of the thread, which are disabled meanwhile, and returns when
     /// it is hidden or unloaded or the program quits.
-    virtual void runModal(Form& form) = 0;
+    virtual void runModal(Form& form);
+    /// The form is hidden or goes: if it was modal the others take input again.
+    void endModal(const Form& form);
 
     /// Shows a message box and returns the answer; an empty title stands for the application's. A lone
     /// carriage return in the text breaks the line.
@@ -69,7 +73,30 @@ class Desktop {
     virtual void stopTimer(Timer& timer) = 0;
 
   protected:
+    /// Windows that take no input as long as this lives.
+    class Disabled {
+      public:
+        virtual ~Disabled() = default;
+    };
+
+    /// Disables every other window for a form that is about to be shown modally.
+    virtual std::unique_ptr<Disabled> disableOthers(Form& form) = 0;
+    /// Serves a modal form that stands there, until it is no more or the program quits.
+    virtual void serveModal(Form& form, const std::function<bool()>& isOpen) = 0;
+    /// The topmost modal form; null if there is none.
+    Form* topModal() const { return modals_.empty() ? nullptr : modals_.back().form; }
+
     virtual int showMessageBox(const std::string& text, int flags, const std::string& title) = 0;
+
+  private:
+    struct Modal {
+        int number;
+        Form* form;
+        std::unique_ptr<Disabled> disabled;
+    };
+
+    std::vector<Modal> modals_; // each above the one before
+    int lastModal_ = 0;
 };
 
 /// Stands on the stack while a handler runs.

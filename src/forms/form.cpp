@@ -92,6 +92,7 @@ void Form::close() {
         if (peer_) peer_->hide();
     }
     peer_.reset();
+    keyboard_.forget();
     resetControls();
     window_ = Window();
     state_ = State::NotLoaded;
@@ -131,7 +132,7 @@ void Form::setEnabled(bool enabled) {
 
 Control* Form::activeControl() {
     load();
-    return peer_ ? peer_->focused() : nullptr;
+    return peer_ ? keyboard_.focused() : nullptr;
 }
 
 bool Form::run(const std::function<void()>& handler) {
@@ -186,11 +187,13 @@ void Form::userResized(Size clientArea) {
 }
 
 void Form::controlChanged(Control& control, Aspect aspect) {
-    if (peer_) peer_->controlChanged(control, aspect);
+    if (!peer_) return;
+    peer_->controlChanged(control, aspect);
+    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) keyboard_.leaveUnreachable();
 }
 
 void Form::focus(Control& control) {
-    if (peer_) peer_->focus(control);
+    if (peer_ && control.takesFocus()) peer_->focus(control);
 }
 
 void Form::resetControls() {

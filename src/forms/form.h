@@ -3,6 +3,7 @@
 #include "forms/control.h"
 #include "forms/form_peer.h"
 #include "forms/geometry.h"
+#include "forms/keyboard.h"
 #include "forms/picture.h"
 
 #include <functional>
@@ -84,6 +85,7 @@ class Form : public std::enable_shared_from_this<Form> {
 
     /// In the order of their creation, which is the tab order.
     const std::vector<Control*>& controls() const { return controls_; }
+    Keyboard& keyboard() { return keyboard_; }
     FormPeer* peer() { return peer_.get(); }
 
     /// Runs a handler: keeps the form alive meanwhile, and shows an error that leaves it in a message box.
@@ -154,6 +156,7 @@ class Form : public std::enable_shared_from_this<Form> {
     std::vector<Control*> controls_;
     State state_ = State::NotLoaded;
     Window window_;
+    Keyboard keyboard_{*this};
     std::unique_ptr<FormPeer> peer_;
 };
 

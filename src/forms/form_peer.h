@@ -20,10 +20,15 @@ class FormPeer {
     virtual void bringToFront() = 0;
     virtual void formChanged(FormAspect aspect) = 0;
     virtual void controlChanged(Control& control, Aspect aspect) = 0;
-    /// Moves the keyboard focus to a control that can be reached.
+    /// Whether it is the window that gets the keys.
+    virtual bool isActive() = 0;
+    /// Brings the keyboard to a control that can be reached, or has it there when the window becomes the
+    /// active one. Tells the form's Keyboard once it has arrived.
     virtual void focus(Control& control) = 0;
-    /// The control that has the keyboard focus; null if none has.
-    virtual Control* focused() = 0;
+    /// Takes the keyboard away from all controls.
+    virtual void focusNone() {}
+    /// The keyboard has come to another control, which its events are about to tell.
+    virtual void focusMoved() {}
 };
 
 } // namespace corvelle::forms

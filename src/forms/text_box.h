@@ -29,6 +29,8 @@ class TextBox : public Control {
     bool multiLine() const { return touch(), multiLine_; }
     void setMultiLine(bool multiLine) { change(multiLine_, multiLine, Aspect::Bounds); }
 
+    bool takesEnter() const override { return multiLine(); }
+
     /// The user's editing: like setText, but the window has the text already.
     void userTyped(const std::string& text) {
         if (text == this->text()) return;

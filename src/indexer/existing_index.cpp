@@ -1,8 +1,8 @@
 #include "indexer/existing_index.h"
 
-#include "base/file.h"
 #include "base/ignoring_errors.h"
 #include "base/path_text.h"
+#include "base/same_path.h"
 #include "indexer/files.h"
 #include "indexer/index_files.h"
 #include "indexer/text_file.h"
@@ -11,14 +11,14 @@ namespace corvelle::indexer {
 
 namespace {
 
-// Gives a file that may have been replaced its old bytes back.
-void restore(std::string_view path, std::string_view bytes) {
-    std::string now;
-    const bool isRead = base::ignoringErrors([&] { now = base::readFile(base::pathOf(path)); });
-    if (isRead && now == bytes) return;
-    const auto isDone = base::ignoringErrors(
-        [&] { base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { file.write(bytes); }); });
-    if (isRead && !isDone) base::ignoringErrors([&] { base::writeFile(base::pathOf(path), bytes); });
+// The header's lines would go where the text file then takes their place at once, so they are not written at
+// all: whatever happens meanwhile, there are texts.
+bool saveMappings(const ProjectInfo& info, const HelpIndex& index) {
+    const auto& path = info[slot::configuration];
+    bool isTextFile = true;
+    base::ignoringErrors(
+        [&] { isTextFile = base::isSamePath(base::pathOf(path), base::pathOf(info[slot::text])); });
+    return !isTextFile && saveConfiguration(path, index);
 }
 
 } // namespace
@@ -49,25 +49,20 @@ SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bo
                              const std::function<void(std::string_view)>& setStatus) {
     const auto& textPath = info[slot::text];
     SavedIndex result;
-    std::string oldTexts;
-    bool mustRestore = false;
-    const bool isUnread = indexer::isUnread(textPath, index); // no line may replace its texts
+    const bool mappingsToo = bFilesPrompted && !isUnread(textPath, index);
     if (bFilesPrompted) result.indexFiles = false;
-    if (bFilesPrompted && !isUnread) {
-        mustRestore = base::ignoringErrors([&] { oldTexts = base::readFile(base::pathOf(textPath)); });
-        setStatus("Status: Saving Configuration and Index file..");
-    }
+    if (mappingsToo) setStatus("Status: Saving Configuration and Index file..");
     const auto goOn = [&] {
-        if (bFilesPrompted && !isUnread)
+        if (mappingsToo)
             setStatus(result.indexFiles ? "Status: Configuration and Index files saved.."
                                         : "Status: Error while saving header or configuration file..");
         setStatus("Status: Saving Text file..");
     };
-    // The new texts have their place on the disk before the header lines take that of the old ones.
+    // The new texts have their place on the disk before anything is replaced.
     bool complete = false;
     result.texts = SaveTextFile(textPath, index, [&] {
         complete = true;
-        if (bFilesPrompted) result.indexFiles = SaveIndexFiles(info[slot::configuration], textPath, index);
+        if (mappingsToo) result.indexFiles = saveMappings(info, index);
         goOn();
     });
     if (!complete) goOn();
@@ -75,8 +70,6 @@ SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bo
         result.message = {"File was saved successfully.", forms::box::information};
         result.status = "Status: Text file saved..";
     } else {
-        // Header lines in place of the texts would be the loss of all texts.
-        if (mustRestore) restore(textPath, oldTexts);
         result.message = {"Errors occured while saving file ..", forms::box::exclamation};
         result.status = "Status: Error while saving text file..";
     }

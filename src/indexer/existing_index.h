@@ -32,7 +32,7 @@ struct SavedIndex {
 };
 
 /// Saves the text file and before it, if the index files need updating, the configuration file. The header
-/// file stays as it is: the lines that it would get go where the text file then replaces them. Tells a status
+/// file stays as it is. Each of the two holds at every moment its old lines or its new ones. Tells a status
 /// text before each step.
 SavedIndex saveExistingIndex(const ProjectInfo& info, const HelpIndex& index, bool bFilesPrompted,
                              const std::function<void(std::string_view)>& setStatus);

@@ -13,13 +13,12 @@ namespace corvelle::indexer {
 
 namespace {
 
-constexpr std::size_t markSize = 3; // "<P>"
-
 // What stands between the mark at the line's start and the last end mark; whether there is one.
-bool takeValue(std::string_view line, std::string_view endMark, std::string_view& value) {
+bool takeValue(std::string_view line, std::string_view mark, std::string_view endMark,
+               std::string_view& value) {
     const auto end = base::findLastIgnoringCase(line, endMark);
     if (end == std::string_view::npos) return false;
-    value = line.substr(markSize, end - markSize);
+    value = line.substr(mark.size(), end - mark.size());
     return true;
 }
 
@@ -34,7 +33,7 @@ std::string takePart(std::string_view& value) {
 void readDesigner(std::string_view line, Mappings& mappings) {
     auto& name = mappings.index.designers.emplace_back();
     std::string_view value;
-    if (!takeValue(line, "</P>", value)) return;
+    if (!takeValue(line, designerMark, designerEndMark, value)) return;
     name = value;
     mappings.rows.push_back(name);
 }
@@ -42,7 +41,7 @@ void readDesigner(std::string_view line, Mappings& mappings) {
 void readControl(std::string_view line, HelpIndex& index) {
     auto& entry = index.entries.emplace_back();
     std::string_view value;
-    if (!takeValue(line, "</C>", value)) return;
+    if (!takeValue(line, controlMark, controlEndMark, value)) return;
     entry.CtlName = takePart(value);
     entry.CtlClass = takePart(value);
     entry.IDHName = takePart(value);
@@ -60,17 +59,26 @@ std::vector<std::vector<std::size_t>> entriesOfDesigners(const HelpIndex& index)
     return result;
 }
 
-void writeIndexFiles(base::FileWriter& configuration, base::FileWriter& header, const HelpIndex& index) {
+void writeHeader(base::FileWriter& header, const HelpIndex& index) {
     std::int32_t number = defaultHelpContextID;
     writeDefine(header, defaultIDH, number);
+    const auto entries = entriesOfDesigners(index);
+    for (std::size_t designer = 1; designer <= index.designers.size(); ++designer) {
+        for (const auto i : entries[designer]) {
+            const auto& name = index.entries[i].IDHName;
+            if (!name.empty() && name != index.entries.front().IDHName) writeDefine(header, name, ++number);
+        }
+    }
+}
+
+void writeConfiguration(base::FileWriter& configuration, const HelpIndex& index) {
     const auto entries = entriesOfDesigners(index);
     for (std::size_t designer = 1; designer <= index.designers.size(); ++designer) {
         writeDesigner(configuration, index.designers[designer - 1]);
         for (const auto i : entries[designer]) {
             const auto& entry = index.entries[i];
-            if (entry.IDHName.empty()) continue;
-            writeControl(configuration, entry.CtlName, entry.CtlClass, entry.IDHName);
-            if (entry.IDHName != index.entries.front().IDHName) writeDefine(header, entry.IDHName, ++number);
+            if (!entry.IDHName.empty())
+                writeControl(configuration, entry.CtlName, entry.CtlClass, entry.IDHName);
         }
     }
 }
@@ -89,9 +97,9 @@ Mappings readMappings(std::string_view bytes) {
     mappings.index.entries.reserve(base::countBytes(bytes, [](char c) { return c == '\n'; }) + 1);
     for (TextLines lines(bytes); lines.next();) {
         const auto line = base::trimSpaces(lines.line());
-        if (base::startsWithIgnoringCase(line, "<P>"))
+        if (base::startsWithIgnoringCase(line, designerMark))
             readDesigner(line, mappings);
-        else if (base::startsWithIgnoringCase(line, "<C>"))
+        else if (base::startsWithIgnoringCase(line, controlMark))
             readControl(line, mappings.index);
     }
     return mappings;
@@ -105,10 +113,19 @@ bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerP
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
         base::replaceFile(path, [&](base::FileWriter& configuration) {
             base::replaceFile(base::pathOf(headerPath), [&](base::FileWriter& header) {
-                writeIndexFiles(configuration, header, index);
+                writeHeader(header, index);
+                writeConfiguration(configuration, index);
                 configuration.flush(); // while the old header is there
             });
         });
+    });
+}
+
+bool saveConfiguration(std::string_view path, const HelpIndex& index) {
+    if (index.isUnread) return false;
+    return base::ignoringErrors([&] {
+        base::replaceFile(base::pathOf(path),
+                          [&](base::FileWriter& configuration) { writeConfiguration(configuration, index); });
     });
 }
 

@@ -29,4 +29,7 @@ Mappings readMappings(std::string_view bytes);
 /// and so is an index that was not read.
 bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerPath, const HelpIndex& index);
 
+/// Writes the configuration file alone. False on any failure, after which the old one is as it was.
+bool saveConfiguration(std::string_view path, const HelpIndex& index);
+
 } // namespace corvelle::indexer

@@ -7,6 +7,10 @@
 // The lines of the header file (.h) and of the configuration file (.hcnf), with their line ends.
 namespace corvelle::indexer {
 
+/// What stands around a designer and around a control, in any letter case.
+inline constexpr std::string_view designerMark = "<P>", designerEndMark = "</P>";
+inline constexpr std::string_view controlMark = "<C>", controlEndMark = "</C>";
+
 /// A file of these lines that is kept in memory.
 struct LinesInMemory {
     std::string bytes;
@@ -26,22 +30,24 @@ void writeDefine(File& header, std::string_view idhName, std::int32_t number) {
 /// "<P>frmMain</P>"; the file as above.
 template <class File>
 void writeDesigner(File& configuration, std::string_view name) {
-    configuration.write("<P>");
+    configuration.write(designerMark);
     configuration.write(name);
-    configuration.write("</P>\r\n");
+    configuration.write(designerEndMark);
+    configuration.write("\r\n");
 }
 
 /// "<C>cmdOK CommandButton IDH_AAAB</C>"; the file as above.
 template <class File>
 void writeControl(File& configuration, std::string_view name, std::string_view className,
                   std::string_view idhName) {
-    configuration.write("<C>");
+    configuration.write(controlMark);
     configuration.write(name);
     configuration.write(" ");
     configuration.write(className);
     configuration.write(" ");
     configuration.write(idhName);
-    configuration.write("</C>\r\n");
+    configuration.write(controlEndMark);
+    configuration.write("\r\n");
 }
 
 } // namespace corvelle::indexer

@@ -21,16 +21,6 @@ namespace {
 
 constexpr std::size_t none = static_cast<std::size_t>(-1);
 
-bool beginsTopic(std::string_view trimmedLine) {
-    return base::startsWithIgnoringCase(trimmedLine, ".TOPIC");
-}
-
-// What stands behind the last space of the line; empty where none stands in it.
-std::string_view topicName(std::string_view trimmedLine) {
-    const auto space = trimmedLine.rfind(' ');
-    return space == std::string_view::npos ? std::string_view() : trimmedLine.substr(space + 1);
-}
-
 // Finds entries by their names. Of several with one name the first one has it.
 class EntryNames {
   public:
@@ -75,8 +65,8 @@ class TopicReader {
         : index_(index), names_(index), lastDefault_(lastDefault) {}
 
     void readLine(std::string_view line) {
-        if (beginsTopic(line))
-            beginTopic(line);
+        if (const auto topic = topicOf(line))
+            beginTopic(*topic);
         else if (entry_ != none)
             text_.append(1, ' ').append(line);
     }
@@ -85,9 +75,9 @@ class TopicReader {
     }
 
   private:
-    void beginTopic(std::string_view line) {
+    void beginTopic(std::string_view name) {
         store();
-        entry_ = names_.find(topicName(line));
+        entry_ = names_.find(name);
         text_.clear();
     }
     void store() {
@@ -144,17 +134,23 @@ bool isUnread(std::string_view path, const HelpIndex& index) {
            });
 }
 
+std::optional<std::string_view> topicOf(std::string_view line) {
+    line = base::trimSpaces(line);
+    if (!base::startsWithIgnoringCase(line, ".TOPIC")) return std::nullopt;
+    const auto space = line.rfind(' ');
+    return space == std::string_view::npos ? std::string_view() : line.substr(space + 1);
+}
+
 std::string_view firstTopic(std::string_view bytes) {
     for (TextLines lines(bytes); lines.next();) {
-        const auto line = base::trimSpaces(lines.line());
-        if (beginsTopic(line)) return topicName(line);
+        if (const auto topic = topicOf(lines.line())) return *topic;
     }
     return {};
 }
 
 bool holdsTopicLine(std::string_view text) {
     for (TextLines lines(text); lines.next();) {
-        if (beginsTopic(base::trimSpaces(lines.line()))) return true;
+        if (topicOf(lines.line())) return true;
     }
     return false;
 }

@@ -3,6 +3,7 @@
 #include "indexer/help_index.h"
 
 #include <functional>
+#include <optional>
 #include <string_view>
 
 // The text pop-up file (.txt) of the help compiler: ".topic  IDH_AAAB" and the topic's text below it, in
@@ -21,6 +22,10 @@ void LoadTextEntries(std::string_view path, HelpIndex& index, LastDefault lastDe
 /// The same, of the file's bytes.
 void readTextEntries(std::string_view bytes, HelpIndex& index,
                      LastDefault lastDefault = LastDefault::Ignored);
+
+/// The name of the topic that begins with the line, what stands behind its last space: empty if it names
+/// none, nothing for any other line.
+std::optional<std::string_view> topicOf(std::string_view line);
 
 /// The name of the file's first topic; empty if it has none.
 std::string_view firstTopic(std::string_view bytes);

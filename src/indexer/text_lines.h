@@ -23,8 +23,17 @@ class TextLines {
         return true;
     }
 
-    /// The line without its line end.
+    /// The line without its line end. This and what follows is of the line that the last `next` went to.
     std::string_view line() const { return line_; }
+    /// Where the line begins in the text.
+    std::size_t begin() const { return static_cast<std::size_t>(line_.data() - text_.data()); }
+    /// Where it ends: behind its line end, if it has one.
+    std::size_t end() const { return next_ < text_.size() ? next_ : text_.size(); }
+    /// Its line end; empty for a last line without one.
+    std::string_view lineEnd() const {
+        const auto at = begin() + line_.size();
+        return text_.substr(at, end() - at);
+    }
     /// How many lines have been read: the line's number from 1.
     std::uint32_t number() const { return number_; }
 

@@ -1,6 +1,7 @@
 #include "settings/editor_config.h"
 
 #include "base/binary_check.h"
+#include "base/file_error.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -63,7 +64,7 @@ std::shared_ptr<EditorConfig::Folder> EditorConfig::lookInto(const std::string& 
         }
         found->file = readEditorConfig(*bytes);
     } catch (const std::exception& error) {
-        found->problem.emplace(found->path, 0, error.what());
+        found->problem.emplace(found->path, 0, base::reasonOf(error));
     }
     return found;
 }

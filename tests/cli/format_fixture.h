@@ -15,11 +15,11 @@ namespace corvelle::test {
 constexpr std::string_view untidy = "Sub Greet()\r\nIf a Then\r\nb\r\nEnd If\r\nEnd Sub\r\n";
 constexpr std::string_view tidy = "Sub Greet()\r\n  If a Then\r\n    b\r\n  End If\r\nEnd Sub\r\n";
 
-/// `corvelle format` in a fresh folder, which is the current one for the program.
+/// `corvelle format --layout classic` in a fresh folder, which is the current one for the program.
 class FormatTest : public testing::Test {
   protected:
     Outcome format(std::vector<std::string> arguments, Surroundings surroundings = {}) const {
-        arguments.insert(arguments.begin(), "format");
+        arguments.insert(arguments.begin(), {"format", "--layout", "classic"});
         surroundings.folder = folder.path();
         return runCorvelle(arguments, surroundings);
     }

@@ -49,31 +49,14 @@ void expectHarmless(const Files& before, const std::vector<std::string>& argumen
 }
 
 TEST(FormatKill, LeavesTheModuleOldOrNew) {
-    expectHarmless({{"a.bas", untidy}}, {"format", "a.bas"}, 5);
+    expectHarmless({{"a.bas", untidy}}, {"format", "--layout", "classic", "a.bas"}, 5);
 }
 
 TEST(FormatKill, LeavesEachModuleOfAProjectOldOrNew) {
     expectHarmless({{"p.vbp", "Type=Exe\r\nModule=A; a.bas\r\nModule=B; b.bas\r\nName=\"P\"\r\n"},
                     {"a.bas", untidy},
                     {"b.bas", untidy}},
-                   {"format", "p.vbp"}, 10);
-}
-
-TEST(FormatKill, LeavesModulesAndBackupsThatWereThereOldOrNew) {
-    const test::InMemory inMemory;
-    const test::TemporaryFolder folder;
-    const Files before{{"a.bas", untidy}, {"old/Greeting_bak.bas", "an older one"}};
-    const std::vector<std::string> arguments{"format", "--backup-dir", "old", "a.bas"};
-    test::killAtEachCall(
-        5, folder.path(), arguments, [&] { test::put(folder.path(), before); },
-        [&](const std::string&) {
-            const Files now = modulesIn(folder.path());
-            EXPECT_EQ(now.at("old/Greeting_bak.bas"), "an older one");
-            // A module that is new has a backup that is whole.
-            if (now.at("a.bas") != untidy) {
-                EXPECT_EQ(now.at("old/Greeting_bak2.bas"), untidy);
-            }
-        });
+                   {"format", "--layout", "classic", "p.vbp"}, 10);
 }
 
 } // namespace

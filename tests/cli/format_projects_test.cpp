@@ -70,7 +70,7 @@ void writeManyModules(const TemporaryFolder& folder) {
 Result resultOf(const std::vector<std::string>& options) {
     const TemporaryFolder folder;
     writeManyModules(folder);
-    std::vector<std::string> arguments{"format"};
+    std::vector<std::string> arguments{"format", "--layout", "classic"};
     arguments.insert(arguments.end(), options.begin(), options.end());
     arguments.insert(arguments.end(), {"odd.vbp", "empty", "-", "even.vbp", "7.bas", "."});
     Surroundings surroundings;

@@ -17,7 +17,6 @@
 #include <sys/wait.h>
 #include <system_error>
 #include <termios.h>
-#include <thread>
 #include <unistd.h>
 
 namespace corvelle::test {
@@ -116,12 +115,10 @@ void enter(const Surroundings& surroundings, const Stream& in, const Stream& out
     put(surroundings.errorsHaveReader ? err : pipeWithoutReader(), 2);
     for (const int stream : surroundings.closed) close(stream);
     std::signal(SIGPIPE, SIG_DFL);
-    const auto limit = [](auto resource, const std::optional<std::uint64_t>& most) {
-        const rlimit value{most.value_or(0), RLIM_INFINITY};
-        if (most && setrlimit(resource, &value) != 0) giveUp("limit");
-    };
-    limit(RLIMIT_FSIZE, surroundings.largestFile);
-    limit(RLIMIT_AS, surroundings.largestMemory);
+    if (surroundings.largestFile) {
+        const rlimit limit{*surroundings.largestFile, RLIM_INFINITY};
+        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) giveUp("limit");
+    }
 }
 
 // The program may stand in a folder that is root's alone: it is opened before.
@@ -154,10 +151,6 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
         if (surroundings.asNobody) executeAsNobody(argv.data());
         execvp(argv[0], argv.data());
         giveUp(argv[0]);
-    }
-    if (surroundings.killedAfter) {
-        std::this_thread::sleep_for(*surroundings.killedAfter);
-        kill(child, SIGKILL);
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0) {

@@ -1,6 +1,9 @@
 // Runs the program, which is found in CORVELLE_BINARY.
+#include "base/folder_lock.h"
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
+#include "cli/text_command.h"
+#include "cli/text_settings.h"
 #include "places.h"
 
 #include <gmock/gmock.h>
@@ -23,10 +26,6 @@ const std::string mappings = "<P>frmMain</P>\r\n<C>cmdOK CommandButton IDH_AAAB<
 const std::string texts =
     ".topic  IDH_AAAA\r\nNothing  is known.\r\n.topic  IDH_AAAB\r\nCloses\r\nthe window.\r\n"
     ".topic  IDH_AAAD\r\n\tsecond \r\n.topic  IDH_AAAE\r\nSaves.\r\n";
-// Every text of a file that was read begins with a space.
-const std::string textsAsSaved =
-    ".topic  IDH_AAAA\r\n Nothing is known.\r\n.topic  IDH_AAAB\r\n Closes the window.\r\n"
-    ".topic  IDH_AAAC\r\n\r\n.topic  IDH_AAAD\r\n \tsecond\r\n.topic  IDH_AAAE\r\n Saves.\r\n";
 const std::string saved = "File was saved successfully.\n";
 
 std::string replaced(std::string text, const std::string& what, const std::string& with) {
@@ -113,7 +112,7 @@ TEST_F(TextCommand, TakesTheFirstOfTwoDesignersOfOneName) {
 
 TEST_F(TextCommand, SetsATextAndLeavesTheMappingsAlone) {
     expectSaved({"set", "frmMain", "cmdOK", "Closes the dialog."});
-    EXPECT_EQ(folder.read("a.txt"), replaced(textsAsSaved, " Closes the window.", "Closes the dialog."));
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, "Closes\r\nthe window.", "Closes the dialog."));
     EXPECT_EQ(folder.read("a.hcnf"), mappings);
     EXPECT_EQ(folder.read("a.h"), "header");
     EXPECT_THAT(run({"list"}).out,
@@ -124,7 +123,7 @@ TEST_F(TextCommand, TakesATextOfAnyKind) {
     for (const std::string text : {"", "delete", "[a, b]", "a \"b\" \\ ,c", "\xE4\xF6", "a\tb"}) {
         expectSaved({"set", "frmMain", "cmdOK", text});
         EXPECT_THAT(folder.read("a.txt"),
-                    HasSubstr(".topic  IDH_AAAB\r\n" + text + "\r\n.topic  IDH_AAAC\r\n"));
+                    HasSubstr(".topic  IDH_AAAB\r\n" + text + "\r\n.topic  IDH_AAAD\r\n"));
     }
     expectSaved({"set", "frmMain", "cmdOK", "--", "-x"});
     EXPECT_THAT(folder.read("a.txt"), HasSubstr(".topic  IDH_AAAB\r\n-x\r\n"));
@@ -135,9 +134,9 @@ TEST_F(TextCommand, TakesATextOfAnyKind) {
 
 TEST_F(TextCommand, TellsControlsOfOneNameApart) {
     expectSaved({"set", "frmMain", "opt#2", "2nd"});
-    EXPECT_EQ(folder.read("a.txt"), replaced(textsAsSaved, " \tsecond", "2nd"));
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, "\tsecond ", "2nd"));
     expectSaved({"set", "FRMMAIN", "Opt", "1st"}); // names have no letter case
-    EXPECT_THAT(folder.read("a.txt"), HasSubstr(".topic  IDH_AAAC\r\n1st\r\n"));
+    EXPECT_THAT(folder.read("a.txt"), EndsWith("Saves.\r\n.topic  IDH_AAAC\r\n1st\r\n"));
     expectSaved({"set", "frmMain", "opt#1", "first"});
     EXPECT_THAT(folder.read("a.txt"), HasSubstr(".topic  IDH_AAAC\r\nfirst\r\n"));
     for (const auto* name :
@@ -149,7 +148,7 @@ TEST_F(TextCommand, TellsControlsOfOneNameApart) {
 TEST_F(TextCommand, PutsAControlOnTheDefaultText) {
     expectSaved({"default", "frmPart", "cmdOK"});
     EXPECT_EQ(folder.read("a.hcnf"), replaced(mappings, "IDH_AAAE", "IDH_AAAA"));
-    EXPECT_EQ(folder.read("a.txt"), replaced(textsAsSaved, ".topic  IDH_AAAE\r\n Saves.\r\n", ""));
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, ".topic  IDH_AAAE\r\nSaves.\r\n", ""));
     EXPECT_EQ(folder.read("a.h"), "header");
     EXPECT_THAT(run({"list"}).out, EndsWith("frmPart\tcmdOK\tCommandButton\tIDH_AAAA\tNothing is known.\n"));
     // Once more changes nothing.
@@ -160,19 +159,22 @@ TEST_F(TextCommand, PutsAControlOnTheDefaultText) {
 TEST_F(TextCommand, TakesAControlOutOfTheIndex) {
     expectSaved({"delete", "frmMain", "opt"});
     EXPECT_EQ(folder.read("a.hcnf"), replaced(mappings, "<C>opt OptionButton IDH_AAAC</C>\r\n", ""));
-    EXPECT_EQ(folder.read("a.txt"), replaced(textsAsSaved, ".topic  IDH_AAAC\r\n\r\n", ""));
+    EXPECT_EQ(folder.read("a.txt"), texts); // it had no topic
     EXPECT_EQ(folder.read("a.h"), "header");
     expectSaved({"delete", "frmMain", "opt"}); // the second is the first now
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, ".topic  IDH_AAAD\r\n\tsecond \r\n", ""));
     expectRefused({"delete", "frmMain", "opt"}, 1, "opt: frmMain has no such control");
 }
 
-TEST_F(TextCommand, KeepsTheDefaultTextWhenNoOtherIsLeft) {
-    folder.write("a.hcnf", "<P>f</P>\r\n<C>a Label IDH_AAAB</C>\r\n");
-    expectSaved({"delete", "f", "a"});
-    EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\n Nothing is known.\r\n");
-    folder.write("a.hcnf", "<P>f</P>\r\n<C>a Label IDH_AAAA</C>\r\n");
+TEST_F(TextCommand, KeepsTheDefaultTopicAndTheTopicOfAnotherControl) {
+    folder.write("a.hcnf", "<P>f</P>\r\n<C>a Label IDH_AAAA</C>\r\n<C>b Label IDH_AAAB</C>\r\n"
+                           "<C>c Label IDH_AAAB</C>\r\n");
     expectSaved({"default", "f", "a"});
-    EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\n Nothing is known.\r\n");
+    expectSaved({"delete", "f", "a"});
+    expectSaved({"delete", "f", "b"});
+    EXPECT_EQ(folder.read("a.txt"), texts);
+    expectSaved({"delete", "f", "c"}); // the last one that shows it
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, ".topic  IDH_AAAB\r\nCloses\r\nthe window.\r\n", ""));
 }
 
 TEST_F(TextCommand, RefusesATextWhereTheWindowsBoxIsDisabled) {
@@ -238,7 +240,7 @@ TEST_F(TextCommand, TellsWhatCannotBeRead) {
     expectRefused({"set", "frmMain", "cmdOK", "text"}, 2, "a.txt: this is UTF-16 text");
 }
 
-TEST_F(TextCommand, LosesNothingWhenItCannotSave) {
+TEST_F(TextCommand, WritesNothingWhenItCannotWriteAll) {
     const auto lock = [&](const char* name, bool locked) {
         fs::permissions(folder.path() / name, locked ? fs::perms(0444) : fs::perms(0644));
     };
@@ -247,14 +249,114 @@ TEST_F(TextCommand, LosesNothingWhenItCannotSave) {
     expectRefused({"delete", "frmMain", "cmdOK"}, 2, "a.txt: Errors occured while saving file ..");
     lock("a.txt", false);
     lock("a.hcnf", true);
-    const auto result = run({"delete", "frmMain", "cmdOK"});
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(result.err, "a.hcnf: the configuration file could not be written; the texts were saved\n");
-    EXPECT_EQ(result.out, "");
-    EXPECT_EQ(folder.read("a.hcnf"), mappings);
-    EXPECT_EQ(folder.read("a.txt"),
-              replaced(textsAsSaved, ".topic  IDH_AAAB\r\n Closes the window.\r\n", ""));
+    expectRefused({"delete", "frmMain", "cmdOK"}, 2, "a.hcnf: the configuration file could not be written");
     lock("a.hcnf", false);
+}
+
+TEST_F(TextCommand, ShowsNoControlCharacterOfAFile) {
+    folder.write("a.hcnf", "<P>f\x1B[2J</P>\r\n<C>a\tb Label\x7F IDH_AAAB</C>\r\n");
+    folder.write("a.txt", ".topic  IDH_AAAA\r\n.topic  IDH_AAAB\r\na\x1B]0;b\tc\x07\r\n");
+    EXPECT_EQ(run({"list"}).out, "f\\x1B[2J\ta\\x09b\tLabel\\x7F\tIDH_AAAB\ta\\x1B]0;b c\\x07\n");
+    expectRefused({"delete", "f\x1B[2J", "c\n\x1B"}, 1, "c\\x0A\\x1B: f\\x1B[2J has no such control\n");
+    expectRefused({"delete", "\x1B", "c"}, 1, "\\x1B: the index has no such designer\n");
+    writeProject("a.h", "a.hcnf", "\x1B.txt");
+    folder.write("\x1B.txt", std::string("\xFF\xFE.\0t\0o\0p\0i\0c\0 \0", 16));
+    EXPECT_THAT(run({"list"}).err, StartsWith("\\x1B.txt: this is UTF-16 text"));
+}
+
+TEST_F(TextCommand, KeepsEveryByteThatIsNotTheTopics) {
+    const std::string byHand = "; by hand\n.topic  IDH_AAAA\nNothing  is\n\n known. \n\n.TOPIC IDH_AAAB\r\n"
+                               "Closes\r\n\r\n \r\n.topic  Other.Program\n\ta   b\n.topic\nx\n"
+                               ".topic  IDH_AAAB\nlater\n\n.topic  IDH_AAAE\nno end";
+    folder.write("a.txt", byHand);
+    expectSaved({"set", "frmMain", "cmdOK", "new\nlines"});
+    const auto edited = replaced(byHand, "later", "new\nlines"); // the one of two that counts
+    EXPECT_EQ(folder.read("a.txt"), edited);
+    expectSaved({"set", "frmPart", "cmdOK", "end"});
+    EXPECT_EQ(folder.read("a.txt"), replaced(edited, "no end", "end"));
+    expectSaved({"set", "frmMain", "opt", "more"});
+    EXPECT_EQ(folder.read("a.txt"), replaced(edited, "no end", "end\n.topic  IDH_AAAC\nmore\n"));
+    folder.write("a.txt", byHand);
+    expectSaved({"delete", "frmMain", "cmdOK"});
+    EXPECT_EQ(folder.read("a.txt"), replaced(replaced(byHand, ".topic  IDH_AAAB\nlater\n\n", ""),
+                                             ".TOPIC IDH_AAAB\r\nCloses\r\n\r\n \r\n", ""));
+}
+
+TEST_F(TextCommand, KeepsEveryByteOfTheOtherControls) {
+    const std::string byHand =
+        "\n <p>frmMain</p> \n<C>cmdOK  CommandButton</C>\r\n\n<c>a Label IDH_AAAB</c> \n"
+        "<C>b Label IDH_AAAC more</C>\r\n<C>c Label IDH_AAAE</C>";
+    folder.write("a.hcnf", byHand);
+    expectSaved({"default", "frmMain", "a"});
+    EXPECT_EQ(folder.read("a.hcnf"), replaced(byHand, "IDH_AAAB", "IDH_AAAA"));
+    expectSaved({"delete", "frmMain", "b"});
+    EXPECT_EQ(folder.read("a.hcnf"),
+              replaced(replaced(byHand, "IDH_AAAB", "IDH_AAAA"), "<C>b Label IDH_AAAC more</C>\r\n", ""));
+}
+
+TEST_F(TextCommand, BeginsAnEmptyTextFile) {
+    folder.write("a.txt", "");
+    expectSaved({"set", "frmMain", "cmdOK", "first"});
+    EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\n\r\n.topic  IDH_AAAB\r\nfirst\r\n");
+    expectSaved({"set", "frmMain", "opt", "second"});
+    EXPECT_EQ(folder.read("a.txt"), ".topic  IDH_AAAA\r\n\r\n.topic  IDH_AAAB\r\nfirst\r\n"
+                                    ".topic  IDH_AAAC\r\nsecond\r\n");
+}
+
+TEST_F(TextCommand, WritesNoFileThatIsNotWhatTheProjectFileSays) {
+    const std::string code = "Attribute VB_Name = \"modMain\"\r\nSub Main()\r\nEnd Sub\r\n";
+    for (const auto& foreign : {code, std::string(".topic  IDH_AAAB\r\na\r\n.topic  IDH_AAAA\r\n")}) {
+        folder.write("a.txt", foreign);
+        for (const auto& edit :
+             {std::vector<std::string>{"set", "frmMain", "cmdOK", "x"}, {"delete", "frmMain", "opt#2"}}) {
+            if (edit[0] == "delete" && foreign == code) continue; // it has no topic to delete
+            if (edit[0] == "delete") folder.write("a.txt", foreign + ".topic  IDH_AAAD\r\n");
+            expectRefused(edit, 2, "a.txt: this is no text file of an index");
+        }
+    }
+    folder.write("a.txt", texts);
+    folder.write("a.hcnf", mappings + "Notes\r\n");
+    for (const auto* command : {"default", "delete"})
+        expectRefused({command, "frmMain", "cmdOK"}, 2, "a.hcnf: this is no configuration file");
+    expectSaved({"set", "frmMain", "cmdOK", "x"}); // which does not write it
+}
+
+TEST_F(TextCommand, WritesNoFileThatHasTwoPartsInTheIndex) {
+    folder.write("sub/b", "");
+    const auto expectOneFile = [&](const std::string& words) {
+        for (const auto& edit :
+             {std::vector<std::string>{"set", "frmMain", "cmdOK", "x"}, {"delete", "frmMain", "cmdOK"}})
+            expectRefused(edit, 2, words);
+    };
+    writeProject("a.h", "a.hcnf", "sub/../a.hcnf");
+    expectOneFile("p.icp: Configuration File and Text File are one file, sub/../a.hcnf");
+    writeProject("a.txt", "a.hcnf", "a.txt");
+    expectOneFile("p.icp: Header file and Text File are one file, a.txt");
+    writeProject("a.h", "a.hcnf", "p.icp");
+    expectOneFile("p.icp: the project file and Text File are one file, p.icp");
+}
+
+TEST_F(TextCommand, WaitsABoundedTimeForAnotherRun) {
+    for (const auto* name : {"one/a.h", "two/a.hcnf", "three/a.txt"}) {
+        const auto path = [&](const char* file) { return (folder.path() / file).string(); };
+        folder.write("one/a.h", "header");
+        folder.write("two/a.hcnf", mappings);
+        folder.write("three/a.txt", texts);
+        writeProject(path("one/a.h"), path("two/a.hcnf"), path("three/a.txt"));
+        const base::FolderLock other({path(name)});
+        TextSettings settings;
+        settings.project = path("p.icp");
+        settings.action = TextAction::Set;
+        settings.designer = "frmMain";
+        settings.control = "cmdOK";
+        settings.longestWait = std::chrono::milliseconds(20);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(runText(settings), 2);
+        EXPECT_THAT(testing::internal::GetCapturedStderr(),
+                    HasSubstr("another run of corvelle is at work in "));
+        EXPECT_EQ(folder.read("three/a.txt"), texts);
+        EXPECT_THAT(run({"list"}).out, StartsWith("frmMain\tcmdOK")) << "reading needs no turn";
+    }
 }
 
 TEST_F(TextCommand, TakesPathsFromTheCurrentFolderElseFromTheProjectFiles) {
@@ -262,7 +364,7 @@ TEST_F(TextCommand, TakesPathsFromTheCurrentFolderElseFromTheProjectFiles) {
     test::Surroundings elsewhere;
     elsewhere.folder = folder.path() / "other";
     EXPECT_EQ(test::runCorvelle({"text", "../p.icp", "set", "frmMain", "cmdOK", "new"}, elsewhere).status, 0);
-    EXPECT_EQ(folder.read("a.txt"), replaced(textsAsSaved, " Closes the window.", "new"));
+    EXPECT_EQ(folder.read("a.txt"), replaced(texts, "Closes\r\nthe window.", "new"));
     // One in the current folder comes first.
     folder.write("other/a.txt", ".topic  IDH_AAAE\r\nfrom here\r\n");
     EXPECT_THAT(test::runCorvelle({"text", "../p.icp", "list"}, elsewhere).out, EndsWith("\tfrom here\n"));

@@ -48,7 +48,7 @@ TEST(FormatCode, TellsFaultsByTheLinesOfTheCodeAndByTheirPlacesAmongTheKeptOnes)
 }
 
 TEST(FormatCode, TellsWhatTheLayoutWouldHarm) {
-    const auto code = formatCode({.lines = {"x", "a = \"1\t2\"", "y"}}, {});
+    const auto code = formatCode({.lines = {"x", "a = \"1\t2\"", "y"}}, FormatOptions());
     EXPECT_THAT(told(code.unsafe), ElementsAre("1: a tab in the literal \"1?2\""));
     FormatOptions options;
     options.bNoCmntLn = 1;
@@ -57,8 +57,8 @@ TEST(FormatCode, TellsWhatTheLayoutWouldHarm) {
 }
 
 TEST(FormatCode, TellsOfAReturnThatWouldBecomePartOfALineEnd) {
-    EXPECT_THAT(formatCode({.lines = {"a\r"}}, {}).unsafe, IsEmpty());
-    EXPECT_THAT(told(formatCode({.lines = {"a\r"}, .lineEnd = "\n"}, {}).unsafe),
+    EXPECT_THAT(formatCode({.lines = {"a\r"}}, FormatOptions()).unsafe, IsEmpty());
+    EXPECT_THAT(told(formatCode({.lines = {"a\r"}, .lineEnd = "\n"}, FormatOptions()).unsafe),
                 ElementsAre("0: the carriage return in front of the line's end"));
 }
 
@@ -77,7 +77,7 @@ TEST(FormatCode, EndsWithTheRunTimeErrorAndItsLine) {
 }
 
 TEST(FormatCode, OfNoLineLooksForNothing) {
-    EXPECT_FALSE(formatCode({}, {}).holdsLines());
+    EXPECT_FALSE(formatCode({}, FormatOptions()).holdsLines());
     const auto code = formatCode({.lines = {"", "' note"}}, removingAll());
     EXPECT_FALSE(code.holdsLines());
     EXPECT_THAT(code.kept, ElementsAre(false, false));

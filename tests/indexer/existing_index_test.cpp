@@ -63,13 +63,21 @@ TEST_F(ExistingIndex, SavesTheMappingsWithTheTextsButNoHeader) {
     EXPECT_THAT(statuses,
                 ElementsAre("Status: Saving Configuration and Index file..",
                             "Status: Configuration and Index files saved..", "Status: Saving Text file.."));
-    // The header's lines go to the text file, which its own lines replace at once.
-    const std::string defines = "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n";
-    EXPECT_THAT(textFiles, ElementsAre(oldTexts, defines, defines));
+    // No header line comes in place of the texts, not even for a moment.
+    EXPECT_THAT(textFiles, testing::Each(oldTexts));
     EXPECT_EQ(folder.read("a.txt"), newTexts);
     EXPECT_EQ(folder.read("a.hcnf"),
               "<P>frmA</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n<C>lbl Label IDH_AAAA</C>\r\n");
     EXPECT_EQ(folder.read("a.h"), "header");
+}
+
+TEST_F(ExistingIndex, WritesNoMappingsWhereTheTextsGo) {
+    info[slot::configuration] = path("sub/../a.txt");
+    folder.write("sub/b", "");
+    const auto saved = save(true);
+    EXPECT_FALSE(saved.indexFiles);
+    EXPECT_TRUE(saved.texts);
+    EXPECT_EQ(folder.read("a.txt"), newTexts);
 }
 
 TEST_F(ExistingIndex, SavesTheTextsWhenTheMappingsCannotBe) {

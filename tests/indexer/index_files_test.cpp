@@ -145,6 +145,7 @@ TEST(SaveIndexFiles, WalksDesignersThenEntries) {
     index.entries.push_back({1, "IDH_1", "a", "A", ""});
     index.entries.push_back({3, "IDH_3", "c", "C", ""}); // of no designer
     index.entries.push_back({-1, "IDH_4", "c", "C", ""});
+    index.entries.push_back({0, "IDH_5", "c", "C", ""});
     const auto saved = save(index);
     EXPECT_EQ(saved.configuration, "<P>f</P>\r\n<C>a A IDH_1</C>\r\n<P>g</P>\r\n<C>b B IDH_2</C>\r\n");
     EXPECT_EQ(saved.header, "#define IDH_AAAA  1000\r\n#define IDH_1  1001\r\n#define IDH_2  1002\r\n");

@@ -50,9 +50,9 @@ struct FormatterRoad : WithAddIns {
         const std::string file = component + ending;
         const corvelle::test::TemporaryFolder byCommand;
         byCommand.write(file, folder.read(file));
-        const auto outcome =
-            corvelle::test::runCorvelle({"format", "--remove-empty-lines", "--backup-dir",
-                                         byCommand.path().string(), (byCommand.path() / file).string()});
+        const auto outcome = corvelle::test::runCorvelle(
+            {"format", "--layout", "classic", "--remove-empty-lines", "--backup-dir",
+             byCommand.path().string(), (byCommand.path() / file).string()});
         ASSERT_EQ(0, outcome.status) << outcome.err;
         ASSERT_NE(folder.read(file), byCommand.read(file));
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <stdexcept>
 
 namespace corvelle::forms {
@@ -84,7 +83,7 @@ bool HeadlessDesktop::bringUp(Control& control) {
 }
 
 bool HeadlessDesktop::tabTo(Control& control) {
-    if (!HeadlessPeer::takesFocus(control)) return false;
+    if (!control.takesFocus()) return false;
     const auto alive = control.form().shared_from_this();
     return bringUp(control);
 }
@@ -140,20 +139,28 @@ bool HeadlessDesktop::press(ListControl& list, int keyCode) {
 
 bool HeadlessDesktop::pressEnter(Form& form) {
     if (!takesInput(form)) return false;
-    Control* const focused = form.activeControl();
-    Control* const button =
-        focused != nullptr && focused->kind() == ControlKind::CommandButton ? focused : form.defaultButton();
-    if (button == nullptr || !button->reachable()) return false;
-    button->userClicked();
-    return true;
+    const Control* const focused = form.activeControl();
+    if (focused != nullptr && focused->takesEnter()) return false;
+    return form.keyboard().pressEnter();
 }
 
 bool HeadlessDesktop::pressEscape(Form& form) {
+    return takesInput(form) && form.keyboard().pressEscape();
+}
+
+bool HeadlessDesktop::pressTab(Form& form, bool back) {
     if (!takesInput(form)) return false;
-    Control* const button = form.cancelButton();
-    if (button == nullptr || !button->reachable()) return false;
-    button->userClicked();
+    raise(form);
+    if (!takesInput(form)) return false;
+    form.keyboard().moveOn(back);
     return true;
+}
+
+bool HeadlessDesktop::pressAccelerator(Form& form, char letter) {
+    if (!takesInput(form)) return false;
+    const auto alive = form.shared_from_this();
+    raise(form);
+    return takesInput(form) && form.keyboard().pressAccelerator(letter);
 }
 
 bool HeadlessDesktop::moveMouse(Control& control) {
@@ -228,31 +235,44 @@ void HeadlessDesktop::activateTop() {
     if (next == nullptr) return;
     const auto alive = next->shared_from_this();
     next->userActivated();
-    if (active_ == next && next->peer() != nullptr) static_cast<HeadlessPeer*>(next->peer())->restoreFocus();
+    if (active_ == next && next->peer() != nullptr) next->keyboard().restore();
 }
 
 void HeadlessDesktop::runModal(Form& form) {
     modals_.push_back(form.name());
-    const int number = ++lastModal_;
-    Modal modal{number, &form, {}};
-    for (Form* window : loaded_) {
-        if (window == &form || !window->enabled()) continue;
-        window->setEnabled(false);
-        modal.disabled.push_back(window);
+    Desktop::runModal(form);
+}
+
+class HeadlessDesktop::OthersDisabled : public Disabled {
+  public:
+    OthersDisabled(HeadlessDesktop& desktop, const Form& except) : desktop_(desktop) {
+        for (Form* form : desktop.loaded_) {
+            if (form == &except || !form->enabled()) continue;
+            forms_.push_back(form);
+            form->setEnabled(false);
+        }
     }
-    modalStack_.push_back(modal);
-    const struct End { // in every case the windows are enabled again
-        HeadlessDesktop& desktop;
-        Form& form;
-        ~End() { desktop.endModal(form); }
-    } end{*this, form};
-    // Hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
-    const auto open = [&] {
-        return !quitting_ && std::any_of(modalStack_.begin(), modalStack_.end(),
-                                         [&](const Modal& shown) { return shown.number == number; });
-    };
-    form.show();
-    if (!open()) return; // gone in its own Form_Activate
+    ~OthersDisabled() override {
+        const auto& loaded = desktop_.loaded_;
+        for (Form* form : forms_) {
+            if (std::find(loaded.begin(), loaded.end(), form) != loaded.end()) form->setEnabled(true);
+        }
+    }
+    OthersDisabled(const OthersDisabled&) = delete;
+    OthersDisabled& operator=(const OthersDisabled&) = delete;
+
+  private:
+    HeadlessDesktop& desktop_;
+    std::vector<Form*> forms_;
+};
+
+std::unique_ptr<Desktop::Disabled> HeadlessDesktop::disableOthers(Form& form) {
+    return std::make_unique<OthersDisabled>(*this, form);
+}
+
+void HeadlessDesktop::serveModal(Form& form, const std::function<bool()>& isOpen) {
+    const auto serves = [&] { return !quitting_ && isOpen(); };
+    if (!serves()) return;
     if (modalActions_.empty()) {
         unexpected("modal window " + form.name() + " was not expected");
     } else {
@@ -260,21 +280,10 @@ void HeadlessDesktop::runModal(Form& form) {
         modalActions_.pop_front();
         action(form);
     }
-    while (open() && !yieldActions_.empty()) doEvents();
-    if (open()) {
+    while (serves() && !yieldActions_.empty()) doEvents();
+    if (serves()) {
         unexpected("modal window " + form.name() + " was left open");
         form.hide();
-    }
-}
-
-void HeadlessDesktop::endModal(Form& form) {
-    const auto found = std::find_if(modalStack_.rbegin(), modalStack_.rend(),
-                                    [&form](const Modal& modal) { return modal.form == &form; });
-    if (found == modalStack_.rend()) return;
-    const Modal modal = *found;
-    modalStack_.erase(std::next(found).base());
-    for (Form* window : modal.disabled) {
-        if (std::find(loaded_.begin(), loaded_.end(), window) != loaded_.end()) window->setEnabled(true);
     }
 }
 

@@ -87,10 +87,12 @@ class HeadlessDesktop : public Desktop {
     bool press(Form& form, int keyCode);
     /// A key in a list, which by itself does nothing with it here.
     bool press(ListControl& list, int keyCode);
-    /// Presses the button that has the focus, else the form's default button.
+    /// Enter, which presses a button unless the control with the focus has a use for it, Esc, Tab, with
+    /// Shift or without, and Alt with a letter: what the form's Keyboard does.
     bool pressEnter(Form& form);
-    /// Presses the form's cancel button.
     bool pressEscape(Form& form);
+    bool pressTab(Form& form, bool back = false);
+    bool pressAccelerator(Form& form, char letter);
     /// Moves the focus to the control, as Tab does.
     bool tabTo(Control& control);
     /// Moves the mouse over the control, be it enabled or not.
@@ -135,6 +137,8 @@ class HeadlessDesktop : public Desktop {
     void stopTimer(Timer& timer) override;
 
   protected:
+    std::unique_ptr<Disabled> disableOthers(Form& form) override;
+    void serveModal(Form& form, const std::function<bool()>& isOpen) override;
     int showMessageBox(const std::string& text, int flags, const std::string& title) override;
 
   private:
@@ -153,17 +157,12 @@ class HeadlessDesktop : public Desktop {
         int yieldsBefore;
         std::function<void()> action;
     };
-    struct Modal {
-        int number;
-        Form* form;
-        std::vector<Form*> disabled;
-    };
     class OpenBox;
+    class OthersDisabled;
 
     void unexpected(const std::string& what);
     void raise(Form& form);
     void remove(Form& form);
-    void endModal(Form& form);
     void activateTop();
     bool takesInput(const Form& form) const { return openBoxes_ == 0 && form.visible() && form.enabled(); }
     bool takesInput(const Control& control) const;
@@ -183,8 +182,6 @@ class HeadlessDesktop : public Desktop {
     std::vector<Form*> loaded_;  // forms with a window, in no order
     std::vector<Form*> windows_; // of these the visible ones
     Form* active_ = nullptr;
-    std::vector<Modal> modalStack_;
-    int lastModal_ = 0;
 
     std::vector<Box> boxes_;
     std::vector<FileDialog> fileDialogs_;

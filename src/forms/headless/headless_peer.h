@@ -17,22 +17,15 @@ class HeadlessPeer : public FormPeer {
     void bringToFront() override { desktop_.raise(form_); }
     void formChanged(FormAspect aspect) override;
     void controlChanged(Control& control, Aspect aspect) override;
-    void focus(Control& control) override;
-    Control* focused() override { return focused_; }
+    bool isActive() override { return desktop_.active() == &form_; }
+    void focus(Control& control) override { form_.keyboard().arrived(control); }
 
-    /// The window has become the active one: somewhere the focus has to be.
-    void restoreFocus();
     /// Gives a form's surfaces their size in pixels, at 96 DPI.
     static void sizeSurface(Control& control);
-    /// Whether the keyboard can be in a control of its kind.
-    static bool takesFocus(const Control& control);
 
   private:
-    void focusNext();
-
     HeadlessDesktop& desktop_;
     Form& form_;
-    Control* focused_ = nullptr;
     bool shown_ = false;
     // Lets a function that calls handlers see whether the window is still there.
     std::shared_ptr<const bool> life_ = std::make_shared<const bool>(true);

@@ -14,8 +14,6 @@ class ButtonWindow : public ControlWindow {
   public:
     ButtonWindow(FormWindow& form, CommandButton& button) : ControlWindow(form, button), button_(button) {}
 
-    bool takesFocus() const override { return true; }
-
     void commanded(int code) override {
         if (code == BN_CLICKED && button_.reachable()) button_.userClicked();
     }

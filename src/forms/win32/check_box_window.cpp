@@ -9,8 +9,6 @@ class CheckBoxWindow : public ControlWindow {
   public:
     CheckBoxWindow(FormWindow& form, CheckBox& box) : ControlWindow(form, box), box_(box) {}
 
-    bool takesFocus() const override { return true; }
-
     void update(Aspect aspect) override {
         if (aspect == Aspect::Value) {
             send(BM_SETCHECK, box_.value() == 0 ? BST_UNCHECKED : BST_CHECKED);

@@ -1,22 +1,12 @@
 #include "forms/win32/control_window.h"
 
 #include "base/run_time_error.h"
-#include "forms/captioned.h"
 #include "forms/win32/form_window.h"
 #include "forms/win32/win32_desktop.h"
 
 #include <algorithm>
 
 namespace corvelle::forms {
-
-namespace {
-
-char lowerCase(char letter) {
-    CharLowerBuffA(&letter, 1);
-    return letter;
-}
-
-} // namespace
 
 ControlWindow::~ControlWindow() {
     if (window_ == nullptr) return;
@@ -39,7 +29,7 @@ void ControlWindow::create(HWND parent, int number) {
     if ((kind.extendedStyle & WS_EX_TRANSPARENT) == 0) style |= WS_CLIPSIBLINGS;
     if (control_.visible()) style |= WS_VISIBLE;
     if (!control_.enabled()) style |= WS_DISABLED;
-    if (takesFocus()) style |= WS_TABSTOP;
+    if (control_.takesFocus()) style |= WS_TABSTOP;
     window_ = CreateWindowExA(
         kind.extendedStyle, kind.className, text().c_str(), style, at.left, at.top, at.right, at.bottom,
         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(number)), form_.desktop().module(), nullptr);
@@ -81,19 +71,8 @@ void ControlWindow::update(Aspect aspect) {
     }
 }
 
-bool ControlWindow::hasAccelerator(char letter) const {
-    const auto* const captioned = dynamic_cast<const Captioned*>(&control_);
-    if (captioned == nullptr || !captioned->useMnemonic()) return false;
-    const std::string& caption = captioned->caption();
-    for (std::size_t i = caption.find('&'); i != std::string::npos && i + 1 < caption.size();
-         i = caption.find('&', i + 2)) {
-        if (caption[i + 1] != '&') return lowerCase(caption[i + 1]) == lowerCase(letter);
-    }
-    return false;
-}
-
 bool ControlWindow::canTakeFocus() const {
-    return takesFocus() && window_ != nullptr && control_.reachable();
+    return control_.takesFocus() && window_ != nullptr && control_.reachable();
 }
 
 HBRUSH ControlWindow::colours(HDC device) const {
@@ -132,7 +111,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_SETFOCUS: {
         const LRESULT result = native();
-        form_.focusArrived(*this);
+        form_.focusArrived(control_);
         return result;
     }
     case WM_KEYUP:

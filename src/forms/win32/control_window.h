@@ -32,14 +32,10 @@ class ControlWindow {
     /// Brings to the screen what update() put off.
     virtual void writeLateText() {}
 
-    virtual bool takesFocus() const { return false; }
     /// Whether the user can bring the focus here now.
     bool canTakeFocus() const;
-    /// Whether the control itself wants the Enter or Esc that is pressed.
+    /// Whether the control, as it is now, wants the key that is pressed, Enter and Esc included.
     virtual bool wantsKey(int /*keyCode*/) const { return false; }
-
-    /// Whether Alt and the letter stand for the control.
-    bool hasAccelerator(char letter) const;
 
     // What the native control says.
     virtual void commanded(int /*code*/) {}

@@ -48,11 +48,10 @@ LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         activated(LOWORD(wParam) != WA_INACTIVE, reinterpret_cast<HWND>(lParam));
         break;
     case activateLater:
-        activationWaits_ = desktop_.boxIsOpen();
-        if (!activationWaits_) form_->userActivated();
+        if (state_.mayRaise(desktop_.boxIsOpen())) form_->userActivated();
         return 0;
     case WM_SETFOCUS:
-        if (!showing_) restoreFocus();
+        if (!state_.isShowing()) form_->keyboard().restore();
         return 0;
     case WM_SIZE:
         if (wParam != SIZE_MINIMIZED) sized(LOWORD(lParam), HIWORD(lParam));
@@ -149,17 +148,12 @@ bool FormWindow::belongsToThread(HWND window) const {
 
 void FormWindow::activated(bool active, HWND other) {
     const bool another = belongsToThread(other) && !desktop_.boxIsOpen();
-    if (!active) {
-        leftForAnother_ = leftForAnother_ || another;
-        return;
-    }
-    if ((another || leftForAnother_ || focusDue_) && !showing_) PostMessageA(window_, activateLater, 0, 0);
-    leftForAnother_ = focusDue_ = false;
+    if (!active) return state_.left(another);
+    if (state_.came(another)) PostMessageA(window_, activateLater, 0, 0);
 }
 
 void FormWindow::boxesClosed() {
-    if (activationWaits_) PostMessageA(window_, activateLater, 0, 0);
-    activationWaits_ = false;
+    if (state_.boxesClosed()) PostMessageA(window_, activateLater, 0, 0);
     if (waitsForFocus()) SetActiveWindow(window_);
 }
 

@@ -39,10 +39,10 @@ LONG towards(LONG begin, LONG end, LONG room) {
 void FormWindow::setClientSize() {
     const Scale& scale = desktop_.scale();
     SIZE size = outsideOf(window_, {scale.pixels(form_->size().width), scale.pixels(form_->size().height)});
-    if (placed_) size = within(size, workAreaOf(window_));
+    if (state_.wasShown()) size = within(size, workAreaOf(window_));
     SetWindowPos(window_, nullptr, 0, 0, static_cast<int>(size.cx), static_cast<int>(size.cy),
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    if (placed_) fitScrollBars();
+    if (state_.wasShown()) fitScrollBars();
 }
 
 void FormWindow::placeOver(HWND owner) {

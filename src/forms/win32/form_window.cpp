@@ -95,11 +95,11 @@ void FormWindow::detach() {
     if (form_ == nullptr) return;
     Form& form = *form_;
     form_ = nullptr;
-    focused_ = nullptr;
     late_.clear();
     desktop_.remove(*this);
-    if (countsAsModeless_) desktop_.modelessShown(-1);
-    countsAsModeless_ = false;
+    const bool wasModeless = state_.isModeless();
+    state_.hide();
+    countAsModeless(wasModeless);
     desktop_.endModal(form);
     if (window_ == nullptr || beingDestroyed_) return;
     releaseOwned();
@@ -149,52 +149,50 @@ HWND FormWindow::windowOf(const Control& control) const {
 
 // What the form asks for
 
-void FormWindow::setModal(HWND owner) {
-    modal_ = true;
-    modalOwner_ = owner;
-}
-
 void FormWindow::show() {
     if (window_ == nullptr) return;
     const Serving serving(*this);
     desktop_.flush();
-    HWND owner = modal_ ? modalOwner_ : desktop_.ownerNow(window_);
+    HWND owner = modalOwner_ ? *modalOwner_ : desktop_.ownerNow(window_);
     // A modeless window belongs to the host's, not to one of ours that may go before it.
-    if (!modal_ && owner != nullptr) owner = GetAncestor(owner, GA_ROOTOWNER);
+    if (!modalOwner_ && owner != nullptr) owner = GetAncestor(owner, GA_ROOTOWNER);
     if (owner != nullptr && owner != window_ && of(owner) == this) owner = nullptr;
     SetWindowLongPtrA(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
-    const bool first = !std::exchange(placed_, true);
+    const bool first = !state_.wasShown();
+    const bool wasModeless = state_.isModeless();
+    state_.show(modalOwner_.has_value());
+    countAsModeless(wasModeless);
     if (first) placeOver(owner);
-    if (!modal_ && !countsAsModeless_) {
-        countsAsModeless_ = true;
-        desktop_.modelessShown(1);
-    }
-    focusDue_ = !IsWindowEnabled(window_);
-    if (focusDue_) {
+    state_.activating(IsWindowEnabled(window_) != FALSE);
+    if (state_.focusIsDue()) {
         ShowWindow(window_, SW_SHOWNOACTIVATE);
         if (first) laidOut();
         return;
     }
-    showing_ = true;
     ShowWindow(window_, SW_SHOW);
     SetForegroundWindow(window_);
     SetActiveWindow(window_);
-    showing_ = false;
-    leftForAnother_ = activationWaits_ = false;
+    state_.activated();
     if (first && form_ != nullptr) laidOut();
     if (form_ != nullptr) form_->userActivated();
-    if (form_ != nullptr && GetFocus() == window_) restoreFocus();
+    if (form_ != nullptr && GetFocus() == window_) form_->keyboard().restore();
 }
 
 void FormWindow::hide() {
     if (window_ == nullptr) return;
     const Serving serving(*this);
-    if (countsAsModeless_) desktop_.modelessShown(-1);
-    countsAsModeless_ = false;
+    const bool wasModeless = state_.isModeless();
+    state_.hide();
+    countAsModeless(wasModeless);
     desktop_.endModal(*form_);
-    modal_ = false;
+    modalOwner_.reset();
     handFocusOn();
     ShowWindow(window_, SW_HIDE);
+}
+
+void FormWindow::countAsModeless(bool before) {
+    const int more = static_cast<int>(state_.isModeless()) - static_cast<int>(before);
+    if (more != 0) desktop_.modelessShown(more);
 }
 
 // Before this window goes another one gets the focus; they take input again already.
@@ -209,7 +207,7 @@ void FormWindow::handFocusOn() {
 }
 
 bool FormWindow::waitsForFocus() const {
-    return focusDue_ && IsWindowVisible(window_) && IsWindowEnabled(window_);
+    return state_.focusIsDue() && IsWindowVisible(window_) && IsWindowEnabled(window_);
 }
 
 void FormWindow::bringToFront() {
@@ -251,7 +249,6 @@ void FormWindow::controlChanged(Control& control, Aspect aspect) {
     if (found == nullptr || found->window() == nullptr) return;
     const Serving serving(*this);
     found->update(aspect);
-    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) leaveUnreachable();
 }
 
 void FormWindow::showIcon() {

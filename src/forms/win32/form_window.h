@@ -2,8 +2,10 @@
 
 #include "forms/form.h"
 #include "forms/win32/control_window.h"
+#include "forms/window_state.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 #include <windows.h>
 
@@ -41,11 +43,13 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void formChanged(FormAspect aspect);
     void controlChanged(Control& control, Aspect aspect);
     void focus(Control& control);
-    Control* focused() const { return focused_; }
+    bool isActive() const;
+    void focusNone();
+    void focusMoved();
 
     // For the desktop.
-    /// The next show is modal above that window.
-    void setModal(HWND owner);
+    /// The next show is modal above that window, or above none.
+    void setModal(HWND owner) { modalOwner_ = owner; }
     HWND window() const { return window_; }
     /// The control's window; the form's own for one that has none.
     HWND windowOf(const Control& control) const;
@@ -62,7 +66,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void textIsLate(ControlWindow& control);
     /// How far the inside has been scrolled.
     const POINT& scrolledBy() const { return scrolled_; }
-    void focusArrived(ControlWindow& control);
+    void focusArrived(Control& control);
     void keyReleased(int keyCode);
     /// The mouse over one of the windows. True: that was a press or a click on something that is no native
     /// control.
@@ -90,6 +94,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void showIcon();
     void setClientSize();
     void placeOver(HWND owner);
+    void countAsModeless(bool before);
     void limitSize(MINMAXINFO& limits) const;
     SIZE leastInside() const;
     void fitScrollBars();
@@ -98,13 +103,7 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     void scrollIntoView(HWND control);
     void handFocusOn();
     void activated(bool active, HWND other);
-    void restoreFocus();
-    void leaveUnreachable();
-    bool pressAccelerator(char letter);
-    void focusNext(const ControlWindow* from, bool back);
     void showDefaultButton();
-    bool pressEnter();
-    bool pressEscape();
     bool key(MSG& message);
     void sized(int width, int height);
     void laidOut();
@@ -120,19 +119,12 @@ class FormWindow : public std::enable_shared_from_this<FormWindow> {
     std::vector<std::unique_ptr<ControlWindow>> controls_; // in the order of the form's controls
     std::vector<ControlWindow*> late_;
 
-    bool modal_ = false;
-    HWND modalOwner_ = nullptr;
-    bool placed_ = false; // it has been on the screen
-    bool countsAsModeless_ = false;
-    bool showing_ = false; // show() tells the form itself that it is active
-    bool leftForAnother_ = false;
-    bool activationWaits_ = false; // for a box to be closed
-    bool focusDue_ = false;        // it was shown while a modal window or a box had disabled it
+    WindowState state_;
+    std::optional<HWND> modalOwner_; // while it is shown modally, or about to be
     int serving_ = 0;
     bool gone_ = false;                          // to be destroyed when nothing is served any more
     std::shared_ptr<FormWindow> beingDestroyed_; // itself, while somebody else destroys the window
 
-    Control* focused_ = nullptr;
     SIZE client_{};
     POINT scrolled_{};
     bool fitting_ = false; // scroll bars come and go

@@ -8,7 +8,6 @@ namespace corvelle::forms {
 /// What a list box's and a combo box's window share: they differ in the messages.
 class ListWindow : public ControlWindow {
   public:
-    bool takesFocus() const override { return true; }
     void update(Aspect aspect) override;
     void commanded(int code) override;
 

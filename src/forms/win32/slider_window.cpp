@@ -11,8 +11,6 @@ class SliderWindow : public ControlWindow {
   public:
     SliderWindow(FormWindow& form, Slider& slider) : ControlWindow(form, slider), slider_(slider) {}
 
-    bool takesFocus() const override { return true; }
-
     void update(Aspect aspect) override {
         switch (aspect) {
         case Aspect::Items:

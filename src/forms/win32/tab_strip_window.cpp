@@ -11,8 +11,6 @@ class TabStripWindow : public ControlWindow {
   public:
     TabStripWindow(FormWindow& form, TabStrip& tabs) : ControlWindow(form, tabs), tabs_(tabs) {}
 
-    bool takesFocus() const override { return true; }
-
     // Its area belongs to the form: whatever stands there is in front of it.
     void start() override {
         SetWindowPos(window(), HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -10,9 +10,6 @@ class TextBoxWindow : public ControlWindow {
   public:
     TextBoxWindow(FormWindow& form, TextBox& box) : ControlWindow(form, box), box_(box) {}
 
-    bool takesFocus() const override { return true; }
-    bool wantsKey(int keyCode) const override { return keyCode == VK_RETURN && box_.multiLine(); }
-
     void update(Aspect aspect) override {
         if (aspect == Aspect::Text) {
             const std::string wanted = text(); // there may be no memory for it

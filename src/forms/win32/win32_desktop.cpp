@@ -42,6 +42,10 @@ bool isMainWindowOfHost(HWND window) {
            FormWindow::of(window) == nullptr;
 }
 
+FormWindow& windowOf(Form& form) {
+    return *static_cast<Win32Peer*>(form.peer())->formWindow();
+}
+
 } // namespace
 
 // While a box is open it is modal to the program, and the focus that comes and goes with it is nobody's
@@ -103,15 +107,13 @@ HWND Win32Desktop::ownerNow(HWND except) const {
     HWND owner = GetActiveWindow();
     if (owner != nullptr && owner != except && IsWindowVisible(owner)) return owner;
     // The thread is in the background.
-    if (!modals_.empty() && topModal() != except && IsWindowVisible(topModal())) return topModal();
+    if (Form* const modal = topModal(); modal != nullptr && modal->peer() != nullptr) {
+        const HWND top = windowOf(*modal).window();
+        if (top != except && IsWindowVisible(top)) return top;
+    }
     const std::vector<HWND> windows = threadWindows();
     const auto found = std::find_if(windows.begin(), windows.end(), isMainWindowOfHost);
     return found == windows.end() ? nullptr : *found;
-}
-
-HWND Win32Desktop::topModal() const {
-    const FormPeer* const peer = modals_.back().form->peer();
-    return peer == nullptr ? nullptr : static_cast<const Win32Peer*>(peer)->formWindow()->window();
 }
 
 FormWindow* Win32Desktop::waitingForFocus() const {
@@ -129,33 +131,24 @@ void Win32Desktop::modelessShown(int more) {
     }
 }
 
-void Win32Desktop::runModal(Form& form) {
-    flush();
-    const auto window = static_cast<Win32Peer*>(form.peer())->formWindow();
-    window->setModal(ownerNow(window->window()));
-    const int number = ++lastModal_;
-    modals_.push_back({number, &form, std::make_unique<DisabledWindows>(window->window())});
-    const struct End { // in every case the windows are enabled again
-        Win32Desktop& desktop;
-        Form& form;
-        ~End() { desktop.endModal(form); }
-    } end{*this, form};
-    form.show();
-    // Once hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
-    const auto open = [this, number] {
-        return std::any_of(modals_.begin(), modals_.end(),
-                           [number](const Modal& modal) { return modal.number == number; });
-    };
-    while (open() && window->isThere() && waitForEvents()) {
-    }
+class Win32Desktop::OthersDisabled : public Disabled {
+  public:
+    explicit OthersDisabled(HWND except) : windows_(except) {}
+
+  private:
+    DisabledWindows windows_;
+};
+
+std::unique_ptr<Desktop::Disabled> Win32Desktop::disableOthers(Form& form) {
+    FormWindow& window = windowOf(form);
+    window.setModal(ownerNow(window.window()));
+    return std::make_unique<OthersDisabled>(window.window());
 }
 
-void Win32Desktop::endModal(Form& form) {
-    const auto found = std::find_if(modals_.rbegin(), modals_.rend(),
-                                    [&form](const Modal& modal) { return modal.form == &form; });
-    if (found == modals_.rend()) return;
-    const auto ended = std::move(found->disabled);
-    modals_.erase(std::next(found).base());
+void Win32Desktop::serveModal(Form& form, const std::function<bool()>& isOpen) {
+    const auto window = static_cast<Win32Peer*>(form.peer())->formWindow();
+    while (isOpen() && window->isThere() && waitForEvents()) {
+    }
 }
 
 // Messages
@@ -255,7 +248,7 @@ std::optional<std::string> Win32Desktop::chooseFile(const CommonDialog& dialog, 
 void Win32Desktop::showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) {
     HWND window = GetActiveWindow();
     if (caller != nullptr && caller->form().peer() != nullptr) {
-        window = static_cast<Win32Peer*>(caller->form().peer())->formWindow()->windowOf(*caller);
+        window = windowOf(caller->form()).windowOf(*caller);
     }
     help_.show(window, file, command, data);
 }

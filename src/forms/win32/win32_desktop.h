@@ -42,7 +42,6 @@ class Win32Desktop : public Desktop {
     }
     void handlerBegins() override { ++handlers_; }
     void handlerEnded() noexcept override;
-    void runModal(Form& form) override;
     std::optional<std::string> chooseFile(const CommonDialog& dialog, bool save) override;
     void showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) override;
     Size pictureSize(const Picture& picture) const override;
@@ -68,8 +67,6 @@ class Win32Desktop : public Desktop {
     FormWindow* waitingForFocus() const;
     /// A modeless window has appeared or gone: the hook for its keys is there as long as one is.
     void modelessShown(int more);
-    /// A modal window goes: the others take input again.
-    void endModal(Form& form);
     /// A window has text that it has not put on the screen yet. It may wait while a handler runs.
     void textIsLate();
     /// Writes it, so that it stands there before anybody looks.
@@ -93,19 +90,16 @@ class Win32Desktop : public Desktop {
     }
 
   protected:
+    std::unique_ptr<Disabled> disableOthers(Form& form) override;
+    void serveModal(Form& form, const std::function<bool()>& isOpen) override;
     int showMessageBox(const std::string& text, int flags, const std::string& title) override;
 
   private:
     class Box;
-    struct Modal {
-        int number;
-        Form* form;
-        std::unique_ptr<DisabledWindows> disabled;
-    };
+    class OthersDisabled;
 
     static LRESULT CALLBACK onTimerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void tick(UINT_PTR number);
-    HWND topModal() const;
     void flushInTime();
     void dispatch(MSG& message);
     void report(const char* text) noexcept;
@@ -121,9 +115,7 @@ class Win32Desktop : public Desktop {
     std::map<UINT_PTR, Timer*> timers_;
     UINT_PTR lastTimer_;
     std::vector<FormWindow*> windows_;
-    std::vector<Modal> modals_;
     std::optional<MessageHook> hook_;
-    int lastModal_ = 0;
     int modeless_ = 0;
     int openBoxes_ = 0;
     int loops_ = 0; // of our own on the stack

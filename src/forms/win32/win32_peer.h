@@ -30,7 +30,9 @@ class Win32Peer : public FormPeer {
         window_->controlChanged(control, aspect);
     }
     void focus(Control& control) override { window_->focus(control); }
-    Control* focused() override { return window_->focused(); }
+    void focusNone() override { window_->focusNone(); }
+    void focusMoved() override { window_->focusMoved(); }
+    bool isActive() override { return window_->isActive(); }
 
   private:
     std::shared_ptr<FormWindow> window_;

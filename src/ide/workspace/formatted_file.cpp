@@ -6,7 +6,7 @@ bool FormattedFile::same(std::uint32_t codeLine, std::int32_t bufferIndex) const
     const std::string_view old = file_.codeLine(codeLine);
     const std::string_view text = buffer_.text(bufferIndex);
     const auto spaces = static_cast<std::size_t>(buffer_.spaces(bufferIndex));
-    return old.size() == spaces + text.size() && file_.codeLineEnd(codeLine) == file_.newLine() &&
+    return old.size() == spaces + text.size() && file_.codeLineEnd(codeLine) == endOf(codeLine) &&
            old.substr(spaces) == text &&
            old.substr(0, spaces).find_first_not_of(' ') == std::string_view::npos;
 }
@@ -21,6 +21,7 @@ bool FormattedFile::changed() const {
 }
 
 std::string_view FormattedFile::missingLineEnd() const {
+    if (ends_ == LineEnds::OfLine) return {};
     // A code line is always written with its end; only a hidden last line can lack one.
     const std::string& bytes = file_.bytes();
     const auto& runs = file_.hiddenRuns();

@@ -13,9 +13,13 @@ namespace corvelle::workspace {
 /// their spaces and the file's line end. Nothing is composed before it is asked for.
 class FormattedFile {
   public:
+    /// How the code lines end: all in the file's line end, the last one too, or each as it did.
+    enum class LineEnds { OfFile, OfLine };
+
     /// `kept` tells for each code line whether the buffer holds it. Refers to its arguments.
-    FormattedFile(const ModuleFile& file, const base::LineBuffer& buffer, const std::vector<bool>& kept)
-        : file_(file), buffer_(buffer), kept_(kept) {}
+    FormattedFile(const ModuleFile& file, const base::LineBuffer& buffer, const std::vector<bool>& kept,
+                  LineEnds ends = LineEnds::OfFile)
+        : file_(file), buffer_(buffer), kept_(kept), ends_(ends) {}
 
     /// Visits the file from its first byte to its last: visitor.hidden(bytes) for hidden lines,
     /// visitor.kept(codeLine, bufferIndex) and visitor.dropped(codeLine) for code lines.
@@ -32,9 +36,9 @@ class FormattedFile {
     template <class Out>
     void write(Out& out) const;
 
-    /// Writes a line of the buffer with its spaces and its line end.
+    /// Writes a code line as that line of the buffer, with its spaces and its line end.
     template <class Out>
-    void writeLine(Out& out, std::int32_t bufferIndex) const;
+    void writeLine(Out& out, std::uint32_t codeLine, std::int32_t bufferIndex) const;
 
     /// The line end that the file's last line lacks when it is a hidden one; else empty.
     std::string_view missingLineEnd() const;
@@ -44,7 +48,12 @@ class FormattedFile {
   private:
     const ModuleFile& file_;
     const base::LineBuffer& buffer_;
+    std::string_view endOf(std::uint32_t codeLine) const {
+        return ends_ == LineEnds::OfFile ? file_.newLine() : file_.codeLineEnd(codeLine);
+    }
+
     const std::vector<bool>& kept_;
+    LineEnds ends_;
 };
 
 template <class Visitor>
@@ -66,14 +75,14 @@ void FormattedFile::visit(Visitor&& visitor) const {
 }
 
 template <class Out>
-void FormattedFile::writeLine(Out& out, std::int32_t bufferIndex) const {
+void FormattedFile::writeLine(Out& out, std::uint32_t codeLine, std::int32_t bufferIndex) const {
     static constexpr std::string_view blanks =
         "                                                                ";
     auto spaces = static_cast<std::size_t>(buffer_.spaces(bufferIndex));
     for (; spaces > blanks.size(); spaces -= blanks.size()) out.write(blanks);
     out.write(blanks.substr(0, spaces));
     out.write(buffer_.text(bufferIndex));
-    out.write(file_.newLine());
+    out.write(endOf(codeLine));
 }
 
 template <class Out>
@@ -82,7 +91,9 @@ void FormattedFile::write(Out& out) const {
         const FormattedFile& formatted;
         Out& out;
         void hidden(std::string_view bytes) { out.write(bytes); }
-        void kept(std::uint32_t, std::int32_t bufferIndex) { formatted.writeLine(out, bufferIndex); }
+        void kept(std::uint32_t codeLine, std::int32_t bufferIndex) {
+            formatted.writeLine(out, codeLine, bufferIndex);
+        }
         void dropped(std::uint32_t) {}
     };
     visit(Writer{*this, out});

@@ -1,5 +1,8 @@
 // Runs the program, which is found in CORVELLE_BINARY.
+#include "base/text.h"
 #include "cli/run_corvelle.h"
+#include "indexer/index_files.h"
+#include "indexer/text_file.h"
 #include "indexer/windows/text_editor_session.h"
 #include "places.h"
 
@@ -15,11 +18,17 @@ class TextEntryWindowAndCommandLine : public testing::Test {
   protected:
     using Files = std::map<std::string, std::string>;
 
-    static Files filesOf(const corvelle::test::TemporaryFolder& folder) {
+    static Files filesOf(const TextEditorSession& session) {
         Files files;
-        for (const auto& name : folder.names()) {
-            if (name != "p.icp") files[name] = folder.read(name); // it holds the folder's path
+        for (const auto& name : session.folder.names()) {
+            if (name != "p.icp") files[name] = session.folder.read(name); // it holds the folder's path
         }
+        auto index = readMappings(files.at("a.hcnf")).index;
+        readTextEntries(files.at("a.txt"), index, LastDefault::Read);
+        auto& texts = files["a.txt"];
+        texts.clear();
+        for (const auto& entry : index.entries)
+            texts.append(entry.IDHName).append("=").append(base::trimSpaces(entry.HelpText)).append("\n");
         return files;
     }
     static Files afterWindow(const std::function<void(TextEditorSession&)>& edit) {
@@ -27,7 +36,7 @@ class TextEntryWindowAndCommandLine : public testing::Test {
         session.showOpened();
         edit(session);
         session.save();
-        return filesOf(session.folder);
+        return filesOf(session);
     }
     static Files afterProgram(const std::vector<std::string>& command) {
         const TextEditorSession session;
@@ -36,11 +45,13 @@ class TextEntryWindowAndCommandLine : public testing::Test {
         const auto result = corvelle::test::runCorvelle(arguments);
         EXPECT_EQ(result.status, 0) << result.err;
         EXPECT_EQ(result.out, "File was saved successfully.\n");
-        return filesOf(session.folder);
+        return filesOf(session);
     }
 };
 
-TEST_F(TextEntryWindowAndCommandLine, WriteTheSameFilesForTheSameChange) {
+// The window writes each text anew, the program only the one that changes: what readers see is the same.
+
+TEST_F(TextEntryWindowAndCommandLine, ShowTheSameIndexAfterTheSameChange) {
     const auto set = [](TextEditorSession& session) {
         session.choose(2, 0);
         session.type("One line.\r\n  Another.");

@@ -1,0 +1,36 @@
+#include "forms/desktop.h"
+
+#include "forms/form.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace corvelle::forms {
+
+void Desktop::runModal(Form& form) {
+    const int number = ++lastModal_;
+    modals_.push_back({number, &form, disableOthers(form)});
+    const struct End { // in every case the windows are enabled again
+        Desktop& desktop;
+        Form& form;
+        ~End() { desktop.endModal(form); }
+    } end{*this, form};
+    // Once hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
+    const auto isOpen = [this, number] {
+        return std::any_of(modals_.begin(), modals_.end(),
+                           [number](const Modal& modal) { return modal.number == number; });
+    };
+    form.show();
+    if (isOpen()) serveModal(form, isOpen);
+}
+
+void Desktop::endModal(const Form& form) {
+    const auto found = std::find_if(modals_.rbegin(), modals_.rend(),
+                                    [&form](const Modal& modal) { return modal.form == &form; });
+    if (found == modals_.rend()) return;
+    const auto ended = std::move(found->disabled);
+    modals_.erase(std::next(found).base());
+}
+
+} // namespace corvelle::forms
