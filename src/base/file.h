@@ -58,8 +58,10 @@ class FileWriter {
 
 /// How an old file may be replaced.
 struct ReplaceOptions {
-    std::optional<FileStamp> stamp{}; ///< refused (70) unless the file is in the state of its stamp
-    bool onlyNew = false;             ///< refused (70) if there is a file
+    std::optional<FileStamp> stamp{};          ///< refused (70) unless the file is in the state of its stamp
+    std::optional<std::string_view> content{}; ///< with a stamp: and holds these bytes; they must live on
+    bool breakLinks = false;                   ///< what other hard links show stays old; else refused (75)
+    bool onlyNew = false;                      ///< refused (70) if there is a file
 };
 
 /// Puts a new file in the place of the old one at once: whoever reads the path sees the whole old file or the

@@ -109,6 +109,10 @@ void FileBatch::commit() {
     failedFile_ = members_.front().fresh->path();
     if (members_.size() == 1) return members_.front().fresh->commit();
     for (auto& member : members_) copyOldFile(member);
+    for (auto& member : members_) {
+        member.fresh->surviveSignals();
+        if (member.old) member.old->surviveSignals();
+    }
     Journal journal(members_);
     std::size_t renamed = 0;
     try {

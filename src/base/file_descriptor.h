@@ -10,9 +10,10 @@ namespace corvelle::base {
 /// What tells one state of a file from another. Two stamps are equal when nothing has written to the file
 /// or put another in its place, as far as the disk's clock can tell.
 struct FileStamp {
-    std::uint64_t device = 0, inode = 0; ///< 0 on Windows
+    std::uint64_t device = 0, inode = 0; ///< what makes it the file that it is, under any name
     std::uint64_t size = 0;
     std::int64_t seconds = 0, nanoseconds = 0; ///< when it was last written
+    std::int64_t changed = 0; ///< when it or its name, owner, permissions were last changed; 0 on Windows
 
     bool operator==(const FileStamp&) const = default;
 };

@@ -1,5 +1,7 @@
 #include "base/pending_file.h"
 
+#include "base/put_in_place.h"
+
 #include <cerrno>
 
 namespace corvelle::base {
@@ -28,26 +30,30 @@ fs::path folderOf(const fs::path& target) {
     return target.has_parent_path() ? target.parent_path() : fs::path(".");
 }
 
-FileProperties propertiesToKeep(const fs::path& target, const fs::path& path) {
+FileProperties propertiesToKeep(const fs::path& target, const fs::path& path, bool breakLinks) {
     std::error_code error;
     const auto status = fs::status(target, error);
     requireKnown(status, error, path);
     if (const auto what = whatInsteadOfFile(status); !what.empty()) throw notAFile(what);
     if (isReadOnly(status)) throw FileError(ErrorNumber::PathFileAccessError, "the file is read-only");
-    return FileProperties::of(target, status);
+    return FileProperties::of(target, status, breakLinks);
 }
 
 void requireUnchanged(const fs::path& target, const ReplaceOptions& options) {
     if (options.onlyNew ? !stampIfThere(target) : !options.stamp || stampIfThere(target) == options.stamp)
         return;
-    throw FileError(static_cast<std::int32_t>(ErrorNumber::PermissionDenied),
-                    "the file was changed meanwhile");
+    throw changedMeanwhile();
 }
 
 } // namespace
 
+FileError changedMeanwhile() {
+    return {static_cast<std::int32_t>(ErrorNumber::PermissionDenied), "the file was changed meanwhile"};
+}
+
 PendingFile::PendingFile(const fs::path& path, const ReplaceOptions& options)
-    : path_(path), target_(resolved(path)), options_(options), properties_(propertiesToKeep(target_, path)),
+    : path_(path), target_(resolved(path)), options_(options),
+      properties_(propertiesToKeep(target_, path, options.breakLinks)),
       temporary_(folderOf(target_), properties_.initialMode(), target_), writer_(temporary_.number(), path_) {
 }
 
@@ -55,14 +61,14 @@ void PendingFile::finish() {
     if (finished_) return;
     writer_.flush();
     properties_.giveTo(temporary_.number(), path_);
-    if (!flushToDisk(temporary_.number()) || !temporary_.close()) throw fileErrorOfErrno(path_);
+    if (!flushToDisk(temporary_.number())) throw fileErrorOfErrno(path_);
     finished_ = true;
 }
 
 void PendingFile::commit() {
     finish();
     requireUnchanged(target_, options_);
-    temporary_.renameTo(target_);
+    putInPlace(temporary_, target_, path_, options_);
     flushFolder(folderOf(target_));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/file.h"
+#include "base/file_properties.h"
 #include "base/temporary_file.h"
 
 #include <filesystem>
@@ -14,16 +15,16 @@ namespace corvelle::base {
 /// FileError, and then the old file is as it was.
 class PendingFile {
   public:
-    /// Refuses what may not be replaced: what is no file (75), nobody may write (75) or this user may not
-    /// write (70). A symbolic link stands for the file that it points to.
+    /// Refuses what may not be replaced: what is no file (75), has other hard links (75), nobody may write
+    /// (75) or this user may not write (70). A symbolic link stands for the file that it points to.
     explicit PendingFile(const std::filesystem::path& path, const ReplaceOptions& options = {});
     PendingFile(const PendingFile&) = delete;
     PendingFile& operator=(const PendingFile&) = delete;
 
     /// What the new file's bytes are written to.
     FileWriter& writer() { return writer_; }
-    /// Makes the new file whole: its bytes are on the disk, and it has the old one's permissions and, where
-    /// allowed, owner. Nothing can be written afterwards.
+    /// Makes the new file whole: its bytes are on the disk, and it has the old one's permissions, access
+    /// list, extended attributes and, where allowed, owner. Nothing can be written afterwards.
     void finish();
     /// Puts the file, which is finished first if it is not yet, in its place, unless the old one is not in
     /// the state of the stamp any more (70).
@@ -35,7 +36,10 @@ class PendingFile {
     /// What the new file is called until it is committed.
     const std::filesystem::path& temporary() const { return temporary_.path(); }
     /// Leaves the new file, which is finished, beside its place.
-    void keep() { temporary_.keep(); }
+    void keep() { temporary_.letGo(); }
+    /// A signal that ends the process does not remove the file from here on: somebody is told of it who puts
+    /// things right.
+    void surviveSignals() { temporary_.surviveSignals(); }
 
   private:
     std::filesystem::path path_;   // as given, for messages

@@ -190,7 +190,7 @@ void FormatJob::save(const RealPaths& inUse) {
     try {
         if (!backupName_.empty()) saveBackup(inUse);
         base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
-                          {.stamp = stamp_});
+                          {.stamp = stamp_, .content = file_->bytes()});
     } catch (const std::exception& error) {
         diagnose(exitFailed, error.what());
         fate_ = Fate::Failed;

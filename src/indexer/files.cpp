@@ -27,8 +27,8 @@ std::string fileOfLines(const std::vector<std::string>& lines) {
 
 bool WriteLines(std::string_view path, const std::vector<std::string>& lines) {
     return base::ignoringErrors([&] {
-        base::replaceFile(base::pathOf(path),
-                          [&](base::FileWriter& file) { file.write(fileOfLines(lines)); });
+        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) { file.write(fileOfLines(lines)); },
+                          {.breakLinks = true});
     });
 }
 

@@ -111,13 +111,17 @@ bool SaveIndexFiles(std::string_view configurationPath, std::string_view headerP
         const auto path = base::pathOf(configurationPath);
         if (base::isSamePath(path, base::pathOf(headerPath)))
             throw base::FileError(base::ErrorNumber::FileAlreadyOpen);
-        base::replaceFile(path, [&](base::FileWriter& configuration) {
-            base::replaceFile(base::pathOf(headerPath), [&](base::FileWriter& header) {
-                writeHeader(header, index);
-                writeConfiguration(configuration, index);
-                configuration.flush(); // while the old header is there
-            });
-        });
+        base::replaceFile(path,
+                          [&](base::FileWriter& configuration) {
+                              base::replaceFile(base::pathOf(headerPath),
+                                                [&](base::FileWriter& header) {
+                                                    writeHeader(header, index);
+                                                    writeConfiguration(configuration, index);
+                                                    configuration.flush(); // while the old header is there
+                                                },
+                                                {.breakLinks = true});
+                          },
+                          {.breakLinks = true});
     });
 }
 
@@ -125,7 +129,8 @@ bool saveConfiguration(std::string_view path, const HelpIndex& index) {
     if (index.isUnread) return false;
     return base::ignoringErrors([&] {
         base::replaceFile(base::pathOf(path),
-                          [&](base::FileWriter& configuration) { writeConfiguration(configuration, index); });
+                          [&](base::FileWriter& configuration) { writeConfiguration(configuration, index); },
+                          {.breakLinks = true});
     });
 }
 

@@ -172,11 +172,13 @@ bool SaveTextFile(std::string_view path, const HelpIndex& index,
     bool saved = false;
     base::ignoringErrors([&] {
         if (isUnread(path, index)) return;
-        base::replaceFile(base::pathOf(path), [&](base::FileWriter& file) {
-            writeTopics(file, index);
-            file.flush();
-            if (beforeReplacing) beforeReplacing();
-        });
+        base::replaceFile(base::pathOf(path),
+                          [&](base::FileWriter& file) {
+                              writeTopics(file, index);
+                              file.flush();
+                              if (beforeReplacing) beforeReplacing();
+                          },
+                          {.breakLinks = true});
         saved = true;
     });
     return saved;

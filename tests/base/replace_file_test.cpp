@@ -1,5 +1,5 @@
 #include "base/error_of.h"
-#include "base/file.h"
+#include "base/pending_file.h"
 #include "base/temporary_folder.h"
 
 #include <gmock/gmock.h>
@@ -125,14 +125,75 @@ TEST(ReplaceFile, ReplacesAnUnchangedFile) {
     EXPECT_EQ(folder.read("a.bas"), "new");
 }
 
-TEST(ReplaceFile, PassesOverATemporaryFileLeftByACrash) {
+TEST(ReplaceFile, SweepsWhatAKilledRunHasLeft) {
     const TemporaryFolder folder;
     const auto path = folder.write("a.bas", "old");
-    folder.write(".corvelle0.tmp", "left over");
+    for (int i = 0; i < 10; ++i)
+        folder.write(".corvelle-000000000000000" + std::to_string(i) + ".tmp", "left over");
     replaceFile(path, writing("new"));
     EXPECT_EQ(folder.read("a.bas"), "new");
-    EXPECT_EQ(folder.read(".corvelle0.tmp"), "left over");
-    EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", ".corvelle0.tmp"));
+    EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
+}
+
+TEST(ReplaceFile, SweepsNothingThatIsNotOurs) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "old");
+    std::vector<std::string> others{".corvelle.tmp", ".corvelle0.tmp", ".corvelle-0123456789abcdeg.tmp",
+                                    ".corvelle-0123456789abcdef.tmp2", "x.corvelle-0123456789abcdef.tmp",
+                                    // Neither the file nor the state that the name tells.
+                                    ".corvelle-0123456789abcdef-0123456789abcdef-0123456789abcdef.tmp"};
+    for (const auto& name : others) folder.write(name, "somebody's");
+    fs::create_directory(folder.path() / ".corvelle-00000000000000ff.tmp");
+    replaceFile(path, writing("new"));
+    others.insert(others.end(), {"a.bas", ".corvelle-00000000000000ff.tmp"});
+    EXPECT_THAT(folder.names(), testing::UnorderedElementsAreArray(others));
+}
+
+TEST(ReplaceFile, SweepsNothingThatABatchMayNeed) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "old");
+    folder.write(".corvelle-0123456789abcdef.tmp", "one of several");
+    folder.write(".corvelle-0123456789abcdef.set", "which they are");
+    replaceFile(path, writing("new"));
+    EXPECT_EQ(folder.read(".corvelle-0123456789abcdef.tmp"), "one of several");
+}
+
+TEST(PendingFile, IsNotSweptByOthersBeforeItIsInItsPlace) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "old");
+    PendingFile pending(path);
+    pending.writer().write("new");
+    for (const auto& name : folder.names()) {
+        if (name != "a.bas") sweep(folder.path() / name);
+    }
+    pending.finish();
+    EXPECT_EQ(folder.names().size(), 2U);
+    pending.commit();
+    EXPECT_EQ(folder.read("a.bas"), "new");
+    EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
+}
+
+TEST(PendingFile, GoesWhenItIsNotCommitted) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "old");
+    {
+        PendingFile pending(path);
+        pending.writer().write("new");
+        pending.finish();
+    }
+    EXPECT_EQ(folder.read("a.bas"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
+}
+
+TEST(ReplaceFile, SeesAChangeThatKeepsTimeAndSize) {
+    const TemporaryFolder folder;
+    const auto path = folder.write("a.bas", "old");
+    FileStamp stamp;
+    readFile(path, &stamp);
+    const ReplaceOptions options{.stamp = stamp, .content = "odl"}; // as if the clock had not moved between
+    EXPECT_EQ(errorNumberOf([&] { replaceFile(path, writing("new"), options); }), 70);
+    EXPECT_EQ(folder.read("a.bas"), "old");
+    EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
 }
 
 TEST(ReplaceFile, WorksOnManyFilesOfOneFolderAtOnce) {

@@ -7,7 +7,9 @@
 #include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 // The C library's functions of these names, for this program and the libraries that it uses: what is linked
@@ -168,6 +170,38 @@ int fchmod(int file, mode_t mode) noexcept {
 int fchown(int file, uid_t user, gid_t group) noexcept {
     static const auto real = realFunction<int (*)(int, uid_t, gid_t)>("fchown");
     return fails(SystemCall::Permissions) ? -1 : real(file, user, group);
+}
+
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) noexcept {
+    static const auto real = realFunction<int (*)(int, const char*, int, const char*, unsigned)>("renameat2");
+    return fails(SystemCall::Rename) ? -1 : real(fromFolder, from, toFolder, to, flags);
+}
+
+int flock(int file, int operation) noexcept {
+    static const auto real = realFunction<int (*)(int, int)>("flock");
+    return fails(SystemCall::Lock) ? -1 : real(file, operation);
+}
+
+ssize_t listxattr(const char* path, char* names, std::size_t size) noexcept {
+    static const auto real = realFunction<ssize_t (*)(const char*, char*, std::size_t)>("listxattr");
+    return fails(SystemCall::Permissions) ? -1 : real(path, names, size);
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, std::size_t size) noexcept {
+    static const auto real =
+        realFunction<ssize_t (*)(const char*, const char*, void*, std::size_t)>("getxattr");
+    return fails(SystemCall::Permissions) ? -1 : real(path, name, value, size);
+}
+
+int fsetxattr(int file, const char* name, const void* value, std::size_t size, int flags) noexcept {
+    static const auto real =
+        realFunction<int (*)(int, const char*, const void*, std::size_t, int)>("fsetxattr");
+    return fails(SystemCall::Permissions) ? -1 : real(file, name, value, size, flags);
+}
+
+int fremovexattr(int file, const char* name) noexcept {
+    static const auto real = realFunction<int (*)(int, const char*)>("fremovexattr");
+    return fails(SystemCall::Permissions) ? -1 : real(file, name);
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {

@@ -15,7 +15,8 @@ enum class SystemCall {
     Status,
     Permissions,
     MakeFolder,
-    ReadFolder
+    ReadFolder,
+    Lock
 };
 
 /// Makes calls of this process on files fail until the end of its life. One at a time.

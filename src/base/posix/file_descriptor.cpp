@@ -21,8 +21,12 @@ auto uninterrupted(Call call) {
 constexpr std::size_t largestTransfer = std::size_t{1} << 30;
 
 FileStamp stampFrom(const struct stat& status) {
-    return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size), status.st_mtim.tv_sec,
-            status.st_mtim.tv_nsec};
+    return {status.st_dev,
+            status.st_ino,
+            static_cast<std::uint64_t>(status.st_size),
+            status.st_mtim.tv_sec,
+            status.st_mtim.tv_nsec,
+            status.st_ctim.tv_sec * 1000000000 + status.st_ctim.tv_nsec};
 }
 
 } // namespace

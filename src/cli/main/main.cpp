@@ -1,3 +1,4 @@
+#include "base/temporary_file.h"
 #include "cli/command_line.h"
 #include "cli/exit_status.h"
 #include "cli/standard_streams.h"
@@ -7,6 +8,7 @@
 
 int main(int argc, char** argv) {
     corvelle::cli::prepareStandardStreams();
+    corvelle::base::removeTemporaryFilesAtSignals();
     try {
         return corvelle::cli::runCommandLine(argc, argv);
     } catch (const std::exception& error) {

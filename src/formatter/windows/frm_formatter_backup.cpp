@@ -78,13 +78,15 @@ bool FrmFormatter::SaveToFile(const std::string& FileName, const base::LineBuffe
         return false;
     }
     return ignoringErrors([&] {
-        base::replaceFile(base::pathOf(FileName), [&](base::FileWriter& file) {
-            const std::int32_t count = module->CountOfLines();
-            for (std::int32_t i = 1; i <= count; ++i) {
-                file.write(module->Lines(i, 1));
-                file.write("\r\n");
-            }
-        });
+        base::replaceFile(base::pathOf(FileName),
+                          [&](base::FileWriter& file) {
+                              const std::int32_t count = module->CountOfLines();
+                              for (std::int32_t i = 1; i <= count; ++i) {
+                                  file.write(module->Lines(i, 1));
+                                  file.write("\r\n");
+                              }
+                          },
+                          {.breakLinks = true});
     });
 }
 

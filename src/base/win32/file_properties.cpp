@@ -1,0 +1,13 @@
+#include "base/file_properties.h"
+
+namespace corvelle::base {
+
+FileProperties FileProperties::of(const std::filesystem::path&, const std::filesystem::file_status&, bool) {
+    return {};
+}
+
+void FileProperties::giveTo(int, const std::filesystem::path&) const {}
+
+void flushFolder(const std::filesystem::path&) {}
+
+} // namespace corvelle::base
