@@ -1,6 +1,7 @@
 #include "base/same_path.h"
 
 #include "base/file_error.h"
+#include "base/same_name.h"
 
 #include <system_error>
 
@@ -24,7 +25,7 @@ bool isSamePath(const fs::path& a, const fs::path& b) {
     std::error_code error;
     if (fs::equivalent(a, b, error)) return true;
     if (error == std::errc::io_error) throw fileErrorOf(error, a);
-    return resolved(a) == resolved(b);
+    return isSameName(resolved(a), resolved(b));
 }
 
 } // namespace corvelle::base

@@ -47,9 +47,12 @@ class Messages : public indexer::IndexerObserver {
         anyPrinted_ = true;
     }
     void leftOut(std::string_view designer, std::string_view control) override {
-        std::cerr << shown(designer)
-                  << (control.empty() ? std::string() : ": " + shown(control)) + ": this is no name; the "
-                  << (control.empty() ? "designer" : "control") << " is left out" << std::endl;
+        std::cerr << shown(designer);
+        if (control.empty())
+            std::cerr << ": this is no name; the designer is left out" << std::endl;
+        else
+            std::cerr << ": " << shown(control) << ": its name or its class is no name; it is left out"
+                      << std::endl;
         anyPrinted_ = true;
     }
     bool anyPrinted() const { return anyPrinted_; }
