@@ -15,6 +15,7 @@
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 
 namespace corvelle::test {
@@ -90,15 +91,18 @@ const char* changingCall(const __ptrace_syscall_info& info) {
 }
 
 // In the child: everything up to exec is not looked at yet.
-[[noreturn]] void become(const std::filesystem::path& folder, const std::vector<char*>& argv) {
+[[noreturn]] void become(const std::filesystem::path& folder, const std::vector<char*>& argv,
+                         bool isFollowed) {
     const int nowhere = open("/dev/null", O_RDWR);
     for (int stream = 0; stream <= STDERR_FILENO; ++stream) dup2(nowhere, stream);
     if (chdir(folder.c_str()) != 0) _exit(127);
     // The search for leaks stops the program itself, which cannot be done twice.
     const char* const options = getenv("ASAN_OPTIONS");
     setenv("ASAN_OPTIONS", (std::string(options ? options : "") + ":detect_leaks=0").c_str(), 1);
-    if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(126);
-    raise(SIGSTOP);
+    if (isFollowed) {
+        if (ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) != 0) _exit(126);
+        raise(SIGSTOP);
+    }
     execv(argv[0], argv.data());
     _exit(127);
 }
@@ -115,7 +119,8 @@ class Tracer {
         goOn(child, 0);
     }
 
-    KilledRun killAtCall(int n) {
+    // A kill is what is done at the call if there is nothing else to be done.
+    KilledRun killAtCall(int n, const std::function<void()>& meanwhile = nullptr) {
         KilledRun result;
         while (true) {
             int status = 0;
@@ -130,8 +135,11 @@ class Tracer {
             const char* const call = result.call.empty() ? aboutToMake(thread, status) : nullptr;
             if (call && --n == 0) {
                 result.call = call;
-                kill(child_, SIGKILL);
-                continue;
+                if (!meanwhile) {
+                    kill(child_, SIGKILL);
+                    continue;
+                }
+                meanwhile();
             }
             goOn(thread, signalFor(status));
         }
@@ -165,7 +173,9 @@ class Tracer {
 
 } // namespace
 
-KilledRun runAndKill(int n, const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+namespace {
+
+pid_t start(const std::filesystem::path& folder, const std::vector<std::string>& arguments, bool isFollowed) {
     std::vector<std::string> words{CORVELLE_BINARY};
     words.insert(words.end(), arguments.begin(), arguments.end());
     std::vector<char*> argv;
@@ -173,8 +183,30 @@ KilledRun runAndKill(int n, const std::filesystem::path& folder, const std::vect
     argv.push_back(nullptr);
     const pid_t child = fork();
     if (child < 0) fail("fork");
-    if (child == 0) become(folder, argv);
-    return Tracer(child).killAtCall(n);
+    if (child == 0) become(folder, argv, isFollowed);
+    return child;
+}
+
+} // namespace
+
+KilledRun runAndKill(int n, const std::filesystem::path& folder, const std::vector<std::string>& arguments) {
+    return Tracer(start(folder, arguments, true)).killAtCall(n);
+}
+
+KilledRun runAndInterfere(int n, const std::filesystem::path& folder,
+                          const std::vector<std::string>& arguments, const std::function<void()>& meanwhile) {
+    return Tracer(start(folder, arguments, true)).killAtCall(n, meanwhile);
+}
+
+int runAndKillAfter(std::chrono::microseconds time, const std::filesystem::path& folder,
+                    const std::vector<std::string>& arguments) {
+    const pid_t child = start(folder, arguments, false);
+    std::this_thread::sleep_for(time);
+    kill(child, SIGKILL);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 void killAtEachCall(int least, const std::filesystem::path& folder, const std::vector<std::string>& arguments,

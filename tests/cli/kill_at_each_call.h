@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -19,9 +20,19 @@ struct KilledRun {
 /// What it prints goes nowhere. Throws std::system_error when the program cannot be started or stopped.
 KilledRun runAndKill(int n, const std::filesystem::path& folder, const std::vector<std::string>& arguments);
 
-/// Does so for n from 1 on until a run comes to its end, which must be status 0: `before` puts the files
-/// there, `check` looks at what the run has left, and is told the call. Stops at the first n that a check
-/// fails for. At least so many calls are expected.
+/// The same, but in place of the kill something else is done while the program stands still; then it goes on
+/// to its end.
+KilledRun runAndInterfere(int n, const std::filesystem::path& folder,
+                          const std::vector<std::string>& arguments, const std::function<void()>& meanwhile);
+
+/// Runs `corvelle` in the folder and kills it after that time, unless it has ended by then; its exit status
+/// as Outcome has it.
+int runAndKillAfter(std::chrono::microseconds time, const std::filesystem::path& folder,
+                    const std::vector<std::string>& arguments);
+
+/// Does what `runAndKill` does for n from 1 on until a run comes to its end, which must be status 0: `before`
+/// puts the files there, `check` looks at what the run has left, and is told the call. Stops at the first n
+/// that a check fails for. At least so many calls are expected.
 void killAtEachCall(int least, const std::filesystem::path& folder, const std::vector<std::string>& arguments,
                     const std::function<void()>& before,
                     const std::function<void(const std::string& call)>& check);

@@ -1,0 +1,167 @@
+// `corvelle text`, killed, at the same time as itself, and while somebody else writes its files.
+#ifndef _WIN32
+
+#include "base/temporary_folder.h"
+#include "cli/kill_at_each_call.h"
+#include "cli/run_corvelle.h"
+#include "faults/folder_state.h"
+
+#include <atomic>
+#include <chrono>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <thread>
+
+namespace corvelle::cli {
+namespace {
+
+using test::Files;
+using testing::AnyOf;
+using testing::HasSubstr;
+
+const std::string foreignText = ".topic  IDH_AAAA\nby an editor\n";
+
+class TextKill : public testing::Test {
+  protected:
+    TextKill() {
+        files["p.icp"] = "Indexer project file :#\r\nVB Project Name= Proj\r\nProject File= p.vbp\r\n"
+                         "Header file= a.h\r\nConfiguration File= a.hcnf\r\nText File= a.txt\r\n"
+                         "Module Name= \r\nModule File= \r\n";
+        files["a.h"] = "#define IDH_AAAA  1000\r\n";
+        files["a.hcnf"] = "<P>frmMain</P>\r\n<C>cmdOK CommandButton IDH_AAAB</C>\r\n"
+                          "<C>txtName TextBox IDH_AAAC</C>\r\n";
+        files["a.txt"] = ".topic  IDH_AAAA\r\nNothing is known.\r\n.topic  IDH_AAAB\r\nCloses the window.\r\n"
+                         ".topic  IDH_AAAC\r\nThe name.\r\n";
+        test::put(folder.path(), files);
+    }
+    test::Outcome run(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), {"text", "p.icp"});
+        test::Surroundings surroundings;
+        surroundings.folder = folder.path();
+        return test::runCorvelle(arguments, surroundings);
+    }
+    Files after(const Files& before, const std::vector<std::string>& command) const {
+        test::put(folder.path(), before);
+        EXPECT_EQ(run(command).status, 0);
+        return test::filesIn(folder.path());
+    }
+    // Without what a run that was killed has left for the next one to take away.
+    Files now() const {
+        Files found = test::filesIn(folder.path());
+        std::erase_if(found, [](const auto& file) { return file.first.rfind(".corvelle", 0) == 0; });
+        return found;
+    }
+    // Each file is old or new; the next edit finds all of them old or all of them new.
+    void expectHarmless(const Files& whole, const Files& oldAndNext, const Files& wholeAndNext) const {
+        test::expectOldOrNew(files, whole, now());
+        EXPECT_EQ(run(next).status, 0);
+        EXPECT_THAT(now(), AnyOf(oldAndNext, wholeAndNext));
+    }
+    void killAtEachCall(const std::vector<std::string>& command, int least) {
+        const Files whole = after(files, command), wholeAndNext = after(whole, next);
+        const Files oldAndNext = after(files, next);
+        ASSERT_NE(whole, files);
+        std::vector<std::string> arguments{"text", "p.icp"};
+        arguments.insert(arguments.end(), command.begin(), command.end());
+        test::killAtEachCall(
+            least, folder.path(), arguments, [&] { test::put(folder.path(), files); },
+            [&](const std::string& call) {
+                if (!call.empty()) return expectHarmless(whole, oldAndNext, wholeAndNext);
+                EXPECT_EQ(test::filesIn(folder.path()), whole);
+            });
+    }
+
+    const std::vector<std::string> next{"set", "frmMain", "txtName", "A name."};
+    test::InMemory inMemory;
+    test::TemporaryFolder folder;
+    Files files;
+};
+
+TEST_F(TextKill, LeavesTheTextFileOldOrNewWhenATextIsSet) {
+    killAtEachCall({"set", "frmMain", "cmdOK", "Shuts it."}, 3);
+}
+
+TEST_F(TextKill, LeavesTheFilesOldOrNewWhenAControlIsPutOnTheDefault) {
+    killAtEachCall({"default", "frmMain", "cmdOK"}, 8);
+}
+
+TEST_F(TextKill, LeavesTheFilesOldOrNewWhenAControlIsDeleted) {
+    killAtEachCall({"delete", "frmMain", "cmdOK"}, 8);
+}
+
+TEST_F(TextKill, LeavesTheFilesOldOrNewAtAnyMoment) {
+    const std::vector<std::string> command{"delete", "frmMain", "cmdOK"};
+    const Files whole = after(files, command), wholeAndNext = after(whole, next);
+    const Files oldAndNext = after(files, next);
+    test::put(folder.path(), files);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(run(command).status, 0);
+    const auto longest =
+        std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - begin);
+    std::mt19937 random(1);
+    std::uniform_int_distribution<long> time(0, static_cast<long>(longest.count()));
+    for (int i = 0; i < 100 && !HasFailure(); ++i) {
+        test::put(folder.path(), files);
+        test::runAndKillAfter(std::chrono::microseconds(time(random)), folder.path(),
+                              {"text", "p.icp", "delete", "frmMain", "cmdOK"});
+        expectHarmless(whole, oldAndNext, wholeAndNext);
+    }
+}
+
+TEST_F(TextKill, LosesNoEditOfTwoRunsAtOnce) {
+    constexpr int controls = 40, edits = 150;
+    std::string mappings = "<P>f</P>\r\n";
+    for (int i = 0; i < controls; ++i)
+        mappings += "<C>c" + std::to_string(i) + " Label IDH_" + std::to_string(i) + "</C>\r\n";
+    folder.write("a.hcnf", mappings);
+    std::atomic<int> failed = 0;
+    const auto edit = [&](int first) {
+        for (int i = 0; i < edits; ++i) {
+            // Each writer has every other control.
+            const auto control = "c" + std::to_string((2 * i + first) % controls);
+            if (run({"set", "f", control, "edit " + std::to_string(i)}).status != 0) ++failed;
+        }
+    };
+    std::thread other(edit, 1);
+    edit(0);
+    other.join();
+    EXPECT_EQ(failed, 0);
+    const auto texts = folder.read("a.txt");
+    for (int i = 0; i < controls; ++i) {
+        const int last = edits - 1 - (edits - 1 - i / 2) % (controls / 2);
+        EXPECT_THAT(texts, HasSubstr(".topic  IDH_" + std::to_string(i) + "\r\nedit " + std::to_string(last) +
+                                     "\r\n"));
+    }
+}
+
+// At each call at which a run changes files an editor, which knows nothing of locks, saves the text file.
+// From the moment that the new file has its name the editor's stands in its place rightly.
+TEST_F(TextKill, WritesOverNothingThatSomebodyElseHasWrittenMeanwhile) {
+    for (const auto& command : {std::vector<std::string>{"set", "frmMain", "cmdOK", "Shuts it."},
+                                {"default", "frmMain", "cmdOK"}}) {
+        std::vector<std::string> arguments{"text", "p.icp"};
+        arguments.insert(arguments.end(), command.begin(), command.end());
+        int refused = 0;
+        for (int n = 1; !HasFailure(); ++n) {
+            test::put(folder.path(), files);
+            const auto result = test::runAndInterfere(n, folder.path(), arguments,
+                                                      [&] { folder.write("a.txt", foreignText); });
+            if (result.call.empty()) break;
+            SCOPED_TRACE(command[0] + ", at call " + std::to_string(n) + ", " + result.call);
+            if (result.status != 0) {
+                ++refused;
+                EXPECT_EQ(now().at("a.hcnf"), files.at("a.hcnf"));
+            }
+            // Between its last look and the renaming nobody can see anything.
+            if (result.call.rfind("rename", 0) == 0) continue;
+            EXPECT_EQ(folder.read("a.txt"), foreignText);
+        }
+        EXPECT_GE(refused, 3);
+    }
+}
+
+} // namespace
+} // namespace corvelle::cli
+
+#endif
