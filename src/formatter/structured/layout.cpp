@@ -87,6 +87,7 @@ class Layout {
 
     // Puts the first of the lines, which belong together, into the column; the others move with it.
     void move(std::uint32_t begin, std::uint32_t end, std::uint32_t column) {
+        if (needsBlank(begin)) column = std::max<std::uint32_t>(column, 1);
         if (lines_[begin].fixed() || isWritten(begin, column)) return;
         const std::int64_t by = static_cast<std::int64_t>(column) - oldColumn(begin);
         std::uint32_t last = end;
@@ -107,13 +108,17 @@ class Layout {
         }
     }
 
+    // Whether the line is but the mark that joins the next one, which must stand behind a blank.
+    bool needsBlank(std::uint32_t line) const {
+        const LineInfo& at = lines_[line];
+        return at.joinsNext && at.start > 0 && texts_[line][at.start] == '_' &&
+               lengthWithoutBlanks(texts_[line]) == at.start + 1;
+    }
+
     void write(std::uint32_t line, std::int64_t column) {
         NewLine& now = result_[line];
-        const bool onlyJoins = lines_[line].joinsNext && texts_[line][lines_[line].start] == '_' &&
-                               lengthWithoutBlanks(texts_[line]) == lines_[line].start + 1;
         auto columns = static_cast<std::uint32_t>(column);
-        // Behind no blank the mark would be a name.
-        if (onlyJoins && lines_[line].start > 0) columns = std::max<std::uint32_t>(columns, 1);
+        if (needsBlank(line)) columns = std::max<std::uint32_t>(columns, 1);
         now.begin = lines_[line].start;
         now.tabs = style_.unit.tabs ? columns / style_.tabWidth : 0;
         now.spaces = columns - now.tabs * style_.tabWidth;

@@ -39,6 +39,11 @@ std::string_view calledName(std::string_view text, std::size_t start) {
     return text.substr(start, end - start);
 }
 
+// End and Stop alone end the program.
+bool isStatement(std::string_view word) {
+    return same(word, "End") || same(word, "Stop");
+}
+
 // Whether the names are alike but for the two words, which both have at their ends or both at the beginning
 // of what follows the last point.
 bool isPair(std::string_view opening, std::string_view closing) {
@@ -47,6 +52,7 @@ bool isPair(std::string_view opening, std::string_view closing) {
         if (opening.size() < first || closing.size() < second) continue;
         const std::size_t rest = opening.size() - first;
         if (rest != closing.size() - second) continue;
+        if (rest == 0 && isStatement(words.closing)) continue;
         if (same(opening.substr(rest), words.opening) && same(closing.substr(rest), words.closing) &&
             same(opening.substr(0, rest), closing.substr(0, rest))) {
             return true;
@@ -141,8 +147,8 @@ class Pairs {
             if (at.parent == opening.parent && !at.closes && isDeeper(at.directive, opening.directive))
                 return;
             if (sameBlock(begin, line)) {
-                if (column(line) > column(begin)) return;
-                const bool pair = column(line) == column(begin) && isPair(nameIn(begin), nameIn(line));
+                if (!at.fixed() && column(line) > column(begin)) return;
+                const bool pair = !at.fixed() && column(line) == column(begin) && isPair(nameIn(begin), nameIn(line));
                 open_.pop_back();
                 if (!pair) continue;
                 found_.push_back({begin, line});

@@ -47,9 +47,14 @@ class Removal {
         while (lines_[i].joinsNext && i + 1 < lines_.size()) result_[++i].dropped = true;
     }
 
+    // `Rem'x` is no comment by the letter; without the apostrophe it would be one.
+    static bool endsInRem(std::string_view text) {
+        return text.size() >= 3 && wordOf(text.substr(text.size() - 3)) == Word::Rem;
+    }
+
     void cutComment(std::size_t i) {
         const std::string_view rest = texts_[i].substr(0, lines_[i].comment);
-        if (endsInJoin(rest)) return; // the next line would be joined
+        if (endsInJoin(rest) || endsInRem(rest)) return; // what is left would say something else
         result_[i].end = static_cast<std::uint32_t>(lengthWithoutBlanks(rest));
         dropRestOfComment(i);
     }

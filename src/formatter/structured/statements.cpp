@@ -49,9 +49,14 @@ std::size_t pastDate(std::string_view line, std::size_t at) {
     return at;
 }
 
-// Whether a name may begin behind the byte. In double-byte code pages the second byte of a letter can be that
-// of the bracket.
+// Whether a bracket behind the byte can begin a name. In double-byte code pages the second byte of a letter can
+// be that of the bracket.
 bool nameMayBeginBehind(char c) {
+    return static_cast<unsigned char>(c) <= 127;
+}
+
+// Whether a `#` behind the byte can begin a date: behind an operand it is its type.
+bool dateMayBeginBehind(char c) {
     return !isLetter(c) && c != ')' && c != ']' && c != '"';
 }
 
@@ -528,7 +533,7 @@ bool StatementReader::skipHidden() {
         at_ = close == std::string_view::npos ? end_ : close + 1;
         return true;
     }
-    if (c == '#' && (at_ == 0 || nameMayBeginBehind(line_[at_ - 1]))) {
+    if (c == '#' && (at_ == 0 || dateMayBeginBehind(line_[at_ - 1]))) {
         const std::size_t past = pastDate(line_, at_);
         if (past == at_) return false;
         at_ = past;
