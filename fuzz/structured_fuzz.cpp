@@ -1,5 +1,5 @@
-// The structured layout on any lines and with any options: nothing but blanks and what an option names changes,
-// the safety check finds nothing, a second run changes nothing.
+// The structured layout on any lines and with any options: nothing but blanks and what an option names
+// changes, the safety check finds nothing, a second run changes nothing.
 //
 // Input: a line whose bytes choose the options, then the module.
 
@@ -59,7 +59,8 @@ StructuredOptions optionsOf(std::string_view bytes) {
     style.caseBody = choices.body();
     style.withBody = choices.body();
     style.directiveBody = choices.body();
-    if (const auto place = choices.next(2); place > 0) style.directive = place == 1 ? Place::Margin : Place::Code;
+    if (const auto place = choices.next(2); place > 0)
+        style.directive = place == 1 ? Place::Margin : Place::Code;
     if (choices.next(1) == 1) style.marginComments = MarginComments::Follow;
     return options;
 }

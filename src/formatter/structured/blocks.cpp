@@ -151,7 +151,7 @@ class Matcher {
         info.comment = reader_.comment();
         info.carriesComment = reader_.carriesComment();
         info.joinsNext = reader_.joinsNext();
-// A lone carriage return may end a line for another reader: what it joins is not decided here.
+        // A lone carriage return may end a line for another reader: what it joins is not decided here.
         const bool unknown = text.find('\r') != std::string_view::npos;
         const bool goesOn = info.kind == LineKind::Continuation && result_.lines[line_ - 1].keepEnd;
         info.keepEnd = info.keepEnd || reader_.leftOpen() || unknown || goesOn;
@@ -256,7 +256,8 @@ class Matcher {
         const bool here = logical_ == line_;
         const LineKind kind = here ? reader_.lineKind() : result_.lines[logical_].kind;
         const std::size_t start = here ? reader_.start() : result_.lines[logical_].start;
-        return kind == LineKind::Code && !off_ && texts_[logical_][start] != '_'; // a lone joining mark is no beginning
+        return kind == LineKind::Code && !off_ &&
+               texts_[logical_][start] != '_'; // a lone joining mark is no beginning
     }
 
     // Declarations and On Error many authors leave in the header's column: of the body they tell nothing.

@@ -148,7 +148,8 @@ class Pairs {
                 return;
             if (sameBlock(begin, line)) {
                 if (!at.fixed() && column(line) > column(begin)) return;
-                const bool pair = !at.fixed() && column(line) == column(begin) && isPair(nameIn(begin), nameIn(line));
+                const bool pair =
+                    !at.fixed() && column(line) == column(begin) && isPair(nameIn(begin), nameIn(line));
                 open_.pop_back();
                 if (!pair) continue;
                 found_.push_back({begin, line});

@@ -49,8 +49,8 @@ std::size_t pastDate(std::string_view line, std::size_t at) {
     return at;
 }
 
-// Whether a bracket behind the byte can begin a name. In double-byte code pages the second byte of a letter can
-// be that of the bracket.
+// Whether a bracket behind the byte can begin a name. In double-byte code pages the second byte of a letter
+// can be that of the bracket.
 bool nameMayBeginBehind(char c) {
     return static_cast<unsigned char>(c) <= 127;
 }
@@ -212,7 +212,8 @@ Statement StatementReader::headWord(std::string_view text, bool inMembers) {
     case Word::Other:
         return plain();
     case Word::Rem:
-        if (!wordEnded(at_)) return plain();
+        // What else can follow it means nothing either, but is not to be taken for a plain comment.
+        leftOpen_ = leftOpen_ || !wordEnded(at_);
         comment(at_ - text.size());
         return {};
     case Word::Const:
