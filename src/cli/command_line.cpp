@@ -218,6 +218,9 @@ void addText(CLI::App& app, TextSettings& settings) {
     text.footer(
         "PROJECT.icp is an indexer project file; a relative path in it is taken from the current folder, else\n"
         "from the project file's. CONTROL#2 is the second control of a name, as a control array has them.\n\n"
+        "An edit changes the lines of one topic and keeps every other byte; its files are written together or\n"
+        "not at all. It writes over no file that somebody else has changed meanwhile, no text file whose first\n"
+        "topic is not IDH_AAAA, and no configuration file with lines of other kinds.\n\n"
         "Exit status: 0 done; 1 something must be looked at (an invalid project file, a configuration or text\n"
         "file that is missing, an unknown designer or control, a control whose text cannot be set); 2 wrong\n"
         "usage, or a file that could not be read or written.");
