@@ -4,6 +4,7 @@
 #include "base/path_text.h"
 #include "base/run_time_error.h"
 #include "cli/unified_diff.h"
+#include "formatter/misplaced_blocks.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -125,6 +126,12 @@ void FormatJob::judge() {
     }
     for (const auto& fault : code_.faults) {
         diagnose(exitLookAt, file_->fileLine(fault.line), textOf(fault));
+    }
+    if (!isStructured()) {
+        const auto code = codeOf(*file_, file_->newLine());
+        if (const auto misplaced = formatter::findMisplacedBlock(code, code_)) {
+            diagnose(exitLookAt, file_->fileLine(misplaced->line), misplaced->text);
+        }
     }
     // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
     const bool wrong = status_ != exitDone && !isStructured();

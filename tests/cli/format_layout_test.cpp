@@ -88,6 +88,22 @@ TEST_F(LayoutTest, ClassicWritesWhatItAlwaysWrote) {
     EXPECT_THAT(formatted("Sub A()\n    b\nEnd Sub \n", {"--layout", "structured"}), HasSubstr("End Sub \n"));
 }
 
+TEST_F(LayoutTest, ClassicTellsWhereItsLinesDoNotStandByTheirBlocksAndWritesOnlyByForce) {
+    folder.write("a.bas", "#If a Then\nConst b = 1\n#End If\nSub A()\nEnd Sub\nSub B()\nEnd Sub\n");
+    const std::string before = folder.read("a.bas");
+    const auto outcome = format({"--layout", "classic", "--quiet", "a.bas"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "a.bas:3: CV301 from here on lines do not stand by their blocks: classic does not know #If; "
+              "--layout structured does\n");
+    EXPECT_EQ(folder.read("a.bas"), before);
+    EXPECT_EQ(format({"--layout", "classic", "--quiet", "--force", "a.bas"}).status, 1);
+    EXPECT_NE(folder.read("a.bas"), before);
+    EXPECT_EQ(
+        format({"--layout", "classic", "--quiet", "-"}, "Sub A()\nIf b Then\nc\nEnd If\nEnd Sub\n").status,
+        0);
+}
+
 TEST_F(LayoutTest, LeavesAFileAloneThatSaysOff) {
     say("corvelle_layout = off\n");
     folder.write("a.bas", select);
