@@ -53,10 +53,10 @@ void indent(Engine& engine, FormattedCode& result) {
     result.level = engine.indentLevel();
 }
 
-std::vector<Finding> findingsOf(std::vector<structured::Fault> faults) {
+std::vector<Finding> findingsOf(const std::vector<structured::Fault>& faults) {
     std::vector<Finding> findings;
     findings.reserve(faults.size());
-    for (auto& fault : faults) {
+    for (const auto& fault : faults) {
         findings.push_back({fault.line, std::string(fault.code) + " " + fault.words, fault.other});
     }
     return findings;
@@ -101,8 +101,8 @@ FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOpt
             result.lines.append(text);
         }
     }
-    result.faults = findingsOf(std::move(laidOut.faults));
-    result.notices = findingsOf(std::move(laidOut.notices));
+    result.faults = findingsOf(laidOut.faults);
+    result.notices = findingsOf(laidOut.notices);
     result.style = std::move(laidOut.style);
     if (result.holdsLines()) {
         const bool commentsMayGo = options.removeCommentLines || options.removeTrailingComments;
