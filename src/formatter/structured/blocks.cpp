@@ -220,7 +220,9 @@ class Matcher {
             break;
         case StatementKind::Close:
             if (statement.block == BlockKind::Directive) return closeDirective();
-            for (std::uint32_t i = 0; i < statement.count; ++i) close(statement.block);
+            for (std::uint32_t i = 0; i < statement.count; ++i) {
+                if (!close(statement.block)) break;
+            }
             return;
         case StatementKind::Unclear:
             placeChild();
@@ -357,12 +359,14 @@ class Matcher {
         }
     }
 
-    void close(BlockKind kind) {
+    // Whether it is known what the statement closes.
+    bool close(BlockKind kind) {
         std::uint16_t wanted = bit(kind);
         if (isProcedure(wanted)) wanted = procedures;
         if ((top().open & wanted) == 0) {
             std::uint32_t& forgiven = forgiven_[numberOf(bit(kind))];
-            if (forgiven > 0) {
+            const bool known = forgiven > 0;
+            if (known) {
                 --forgiven;
                 blocks_[top().procedure].faulty = top().procedure != module;
                 if (top().procedure == module) hold(logical_, line_ + 1);
@@ -370,7 +374,7 @@ class Matcher {
                 stray(closerOf(kind), blockNames[numberOf(bit(kind))]);
             }
             if (!placed_) placeChild();
-            return;
+            return known;
         }
         endInner(wanted, closerOf(kind));
         Block& block = top();
@@ -385,6 +389,7 @@ class Matcher {
         }
         if (isProcedure(block.kinds) && block.faulty) hold(block.line, line_ + 1);
         top_ = block.below;
+        return true;
     }
 
     void stray(const std::string& what, std::string_view opener) {

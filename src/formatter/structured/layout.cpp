@@ -95,7 +95,7 @@ class Layout {
         for (std::uint32_t i = begin; i < last; ++i) {
             if (result_[i].dropped || lines_[i].start >= result_[i].end) continue;
             write(i, std::max<std::int64_t>(oldColumn(i) + by, 0));
-            if (result_[i].size() <= longestLine || texts_[i].size() > longestLine) continue;
+            if (result_[i].size() <= std::max(longestLine, texts_[i].size())) continue;
             notices_.push_back({"CV302", i, Fault::noLine,
                                 "the line would have " + std::to_string(result_[i].size()) +
                                     " bytes, the IDE takes " + std::to_string(longestLine) +
