@@ -53,6 +53,9 @@ void indent(Engine& engine, FormattedCode& result) {
     result.level = engine.indentLevel();
 }
 
+// Of a line's own spaces so many are counted; any number would do that the buffer can hold.
+constexpr std::size_t longestIndentation = 1000;
+
 std::vector<Finding> findingsOf(const std::vector<structured::Fault>& faults) {
     std::vector<Finding> findings;
     findings.reserve(faults.size());
@@ -93,8 +96,11 @@ FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOpt
         result.kept.push_back(!line.dropped);
         if (line.dropped) continue;
         if (line.tabs == 0) {
-            result.lines.append(code.lines[i].substr(line.begin, line.end - line.begin));
-            result.lines.setSpaces(result.lines.maxIndx(), static_cast<std::int16_t>(line.spaces));
+            const std::string_view kept = code.lines[i].substr(line.begin, line.end - line.begin);
+            std::size_t blanks = 0; // the buffer makes them when it is written
+            while (blanks < kept.size() && blanks < longestIndentation && kept[blanks] == ' ') ++blanks;
+            result.lines.append(kept.substr(blanks));
+            result.lines.setSpaces(result.lines.maxIndx(), static_cast<std::int16_t>(line.spaces + blanks));
         } else {
             text.clear();
             line.appendTo(text, code.lines[i]);

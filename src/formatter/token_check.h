@@ -58,13 +58,16 @@ class TokenCheck {
     // Whether a line lost nothing but blanks at its ends that mean nothing, and is surely not joined to the
     // next one. This answers for almost every line there is.
     static bool onlyTrimmed(std::string_view oldLine, std::string_view newText) {
-        const std::size_t start = skipBlanks(oldLine);
-        const std::size_t left = oldLine.size() - start;
-        if (newText.empty()) return left == 0;
-        if (left < newText.size() || newText.back() == '_' || isVbBlank(newText.back())) return false;
-        const char* const code = oldLine.data() + start;
-        if (code != newText.data() && std::memcmp(code, newText.data(), newText.size()) != 0) return false;
-        return left == newText.size() || endMayGo(oldLine.substr(start + newText.size()), newText);
+        const std::string_view code = oldLine.substr(skipBlanks(oldLine));
+        const std::string_view text = newText.substr(skipBlanks(newText));
+        if (text.empty()) return code.empty();
+        if (code.size() < text.size()) return false;
+        if (code.data() != text.data() && std::memcmp(code.data(), text.data(), text.size()) != 0)
+            return false;
+        std::size_t end = text.size();
+        while (isVbBlank(text[end - 1])) --end;
+        if (text[end - 1] == '_') return false;
+        return code.size() == text.size() || (end == text.size() && endMayGo(code.substr(text.size()), text));
     }
 
     static bool endMayGo(std::string_view end, std::string_view newText);
