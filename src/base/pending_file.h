@@ -35,8 +35,11 @@ class PendingFile {
     const std::filesystem::path& target() const { return target_; }
     /// What the new file is called until it is committed.
     const std::filesystem::path& temporary() const { return temporary_.path(); }
-    /// Leaves the new file, which is finished, beside its place.
-    void keep() { temporary_.letGo(); }
+    /// Leaves the new file, which is finished, beside its place, unless a commit that failed has taken it
+    /// from under the name that others were told.
+    void keep() {
+        if (temporary_.hasFirstName()) temporary_.letGo();
+    }
     /// A signal that ends the process does not remove the file from here on: somebody is told of it who puts
     /// things right.
     void surviveSignals() { temporary_.surviveSignals(); }

@@ -153,6 +153,7 @@ void TemporaryFile::prepareExchange(const FileStamp& old, const fs::path& path) 
     fs::rename(path_, renamed, error);
     if (error) throw fileErrorOf(error, path);
     path_ = std::move(renamed);
+    hasFirstName_ = false;
     // What bears the name soon may be somebody else's.
     surviveSignals();
 }

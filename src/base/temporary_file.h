@@ -25,6 +25,8 @@ class TemporaryFile {
     /// kill which of the two may be removed. A file of neither kind, which somebody wrote at that moment, is
     /// not. Throws FileError about the path.
     void prepareExchange(const FileStamp& old, const std::filesystem::path& path);
+    /// Whether it has the name still that it was made with.
+    bool hasFirstName() const { return hasFirstName_; }
     /// It has got another name, or what stands under its own is not ours any more.
     void letGo();
     /// Whatever ends the process, the file stays until the next run.
@@ -34,6 +36,7 @@ class TemporaryFile {
     std::filesystem::path path_;
     std::optional<FileDescriptor> file_;
     int slot_ = -1;
+    bool hasFirstName_ = true;
 };
 
 /// From now on a signal that ends the process (SIGINT, SIGTERM, SIGHUP; Ctrl-C, Ctrl-Break, the console's
