@@ -53,10 +53,12 @@ std::vector<std::string> plainTokens(const std::vector<std::string>& lines, bool
     std::vector<std::string> tokens;
     std::string last;       // the statement's last token
     bool lastHolds = false; // an operand ends there: a type suffix or a dot behind it would belong to it
+    bool begins = true;     // a statement begins: what is `Rem` here is a comment's mark
     bool inComment = false;
     const auto endStatement = [&] {
         if (!tokens.empty() && tokens.back() != "\n") tokens.emplace_back("\n");
         last.clear();
+        begins = true;
         inComment = false;
     };
     for (const std::string& given : lines) {
@@ -86,6 +88,7 @@ std::vector<std::string> plainTokens(const std::vector<std::string>& lines, bool
                 bool touches = false;
                 bool holds = true;
                 const bool afterSuffix = last.size() == 1 && suffix(last[0]);
+                bool beginsAnother = c == ':';
                 if (c == '\'') {
                     if (withComments) tokens.push_back("'" + trimmed(line.substr(i + 1)));
                     inComment = true;
@@ -102,12 +105,16 @@ std::vector<std::string> plainTokens(const std::vector<std::string>& lines, bool
                         if (letterOfWord >= 'A' && letterOfWord <= 'Z') letterOfWord += 'a' - 'A';
                     }
                     const bool rem = lower == "rem";
-                    if (rem && last != "." && last != "!" && (i == line.size() || blank(line[i]))) {
+                    if (rem && begins && (i == line.size() || blank(line[i]))) {
                         if (withComments) tokens.push_back("'" + trimmed(line.substr(i)));
                         inComment = true;
                         break;
                     }
                     touches = afterSuffix;
+                    const bool member = last == "." || last == "!";
+                    const bool number = token.find_first_not_of("0123456789") == std::string::npos;
+                    beginsAnother =
+                        (!member && (lower == "then" || lower == "else")) || (last.empty() && number);
                 } else if (c == '"') {
                     bool closed = false;
                     token = whole[i++];
@@ -131,6 +138,7 @@ std::vector<std::string> plainTokens(const std::vector<std::string>& lines, bool
                 }
                 tokens.push_back((touches && !apart ? "~" : "") + token);
                 last = token;
+                begins = beginsAnother;
                 lastHolds = holds;
                 apart = false;
             }

@@ -29,9 +29,17 @@ ByteKind kindOf(char c) {
     return byteKinds[static_cast<unsigned char>(c)];
 }
 
-bool isRem(std::string_view word) {
-    return word.size() == 3 && (word[0] == 'R' || word[0] == 'r') && (word[1] == 'E' || word[1] == 'e') &&
-           (word[2] == 'M' || word[2] == 'm');
+// Whether the word is that one, which is given in small letters, whatever its letter case.
+bool is(std::string_view word, std::string_view keyword) {
+    if (word.size() != keyword.size()) return false;
+    for (std::size_t i = 0; i < word.size(); ++i) {
+        if (word[i] != keyword[i] && word[i] != keyword[i] - ('a' - 'A')) return false;
+    }
+    return true;
+}
+
+bool isNumber(std::string_view word) {
+    return word.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 } // namespace
@@ -48,7 +56,8 @@ VbLexer::VbLexer(std::string_view line, VbLineState before)
       // decided here: it is one token, so that no byte of it can be lost unseen.
       verbatim_(before == VbLineState::Verbatim || line.find('\r') != std::string_view::npos),
       inComment_(before == VbLineState::Comment), commentDue_(inComment_),
-      afterMember_(before == VbLineState::Member) {
+      afterMember_(before == VbLineState::Member), numberMayCome_(before == VbLineState::Fresh),
+      statementBegins_(before == VbLineState::Fresh || before == VbLineState::Begin) {
     std::size_t end = line.size();
     while (end > 0 && isVbBlank(line[end - 1])) --end;
     if (end > 0 && line[end - 1] == '_' && (end == 1 || isVbBlank(line[end - 2]))) {
@@ -86,6 +95,7 @@ VbLineState VbLexer::stateAfter() {
     if (!continued_) return VbLineState::Fresh;
     if (verbatim_) return VbLineState::Verbatim;
     if (inComment_) return VbLineState::Comment;
+    if (statementBegins_) return VbLineState::Begin;
     return afterMember_ ? VbLineState::Member : VbLineState::Statement;
 }
 
@@ -121,8 +131,13 @@ VbToken VbLexer::word(bool adjacent) {
         ++end;
     }
     const bool ended = end == bodyEnd_ || isVbBlank(line_[end]);
-    if (ended && !afterMember_ && isRem(line_.substr(at_, end - at_))) return comment(at_, end);
-    return operand(VbTokenKind::Word, end, adjacent && afterSuffix_);
+    const std::string_view text = line_.substr(at_, end - at_);
+    if (ended && statementBegins_ && is(text, "rem")) return comment(at_, end);
+    const bool begins =
+        (numberMayCome_ && isNumber(text)) || (!afterMember_ && (is(text, "then") || is(text, "else")));
+    const VbToken token = operand(VbTokenKind::Word, end, adjacent && afterSuffix_);
+    statementBegins_ = begins;
+    return token;
 }
 
 VbToken VbLexer::mark(bool adjacent) {
@@ -133,6 +148,8 @@ VbToken VbLexer::mark(bool adjacent) {
     afterOperand_ = c == ')' || token.glued; // what touches an operand belongs to it: `a$`, `#1/1/2000#`
     afterSuffix_ = suffix;
     afterMember_ = c == '.' || c == '!';
+    statementBegins_ = c == ':';
+    numberMayCome_ = false;
     return token;
 }
 
@@ -142,6 +159,8 @@ VbToken VbLexer::operand(VbTokenKind kind, std::size_t end, bool glued) {
     afterOperand_ = true;
     afterSuffix_ = false;
     afterMember_ = false;
+    statementBegins_ = false;
+    numberMayCome_ = false;
     return token;
 }
 

@@ -21,6 +21,7 @@ std::string_view trimVbBlanks(std::string_view text);
 enum class VbLineState : std::uint8_t {
     Fresh,     ///< nothing: the next line begins a statement
     Statement, ///< the statement goes on
+    Begin,     ///< a statement is to begin, after `:`, `Then` or `Else`
     Member,    ///< the statement goes on after `.` or `!`, so that `Rem` would be a member's name
     Comment,   ///< the comment goes on
     Verbatim,  ///< a line with a lone CR goes on, so that nobody knows as what
@@ -32,7 +33,8 @@ enum class VbTokenKind : std::uint8_t {
     Mark,     ///< any other single byte
     Literal,  ///< a string with its quotes; without a closing quote everything to the line's end
     Name,     ///< a name with its brackets; without a closing one everything to the line's end
-    Comment,  ///< the text after the apostrophe or `Rem`, or a line that carries a comment on; trimmed
+    Comment,  ///< the text after the apostrophe, or after `Rem` where a statement begins, or a line that
+              ///< carries a comment on; trimmed
     Verbatim, ///< a whole line in which a CR stands, from its first byte that is no blank
 };
 
@@ -76,6 +78,8 @@ class VbLexer {
     bool afterOperand_ = false;
     bool afterSuffix_ = false;
     bool afterMember_;
+    bool numberMayCome_;   // nothing was read of a line that begins a statement
+    bool statementBegins_; // where `Rem` is a comment's mark, and not a wrong name
 };
 
 } // namespace corvelle::formatter

@@ -100,6 +100,23 @@ TEST(VbLexer, RemAsAWordBeginsAComment) {
     EXPECT_EQ(tokens("x =:Rem b"), "W(x) M(=) M(:) C(b)");
 }
 
+TEST(VbLexer, RemWhereNoStatementBeginsIsNoComment) {
+    EXPECT_EQ(tokens("x = 1 Rem a"), "W(x) M(=) W(1) W(Rem) W(a)");
+    EXPECT_EQ(tokens("x 10 Rem a"), "W(x) W(10) W(Rem) W(a)");
+    EXPECT_EQ(tokens("10 20 Rem a"), "W(10) W(20) W(Rem) W(a)");
+    EXPECT_EQ(tokens("f a:=Rem b"), "W(f) W(a) M(:) M(=) W(Rem) W(b)");
+    EXPECT_EQ(tokens("x.Then Rem a"), "W(x) M+(.) W+(Then) W(Rem) W(a)");
+    EXPECT_EQ(tokens("\"a\" Rem b"), "L(\"a\") W(Rem) W(b)");
+}
+
+TEST(VbLexer, AStatementMayBeginInTheNextLine) {
+    const auto after = [](std::string_view line) { return VbLexer(line, VbLineState::Fresh).stateAfter(); };
+    EXPECT_EQ(after("If a Then _"), VbLineState::Begin);
+    EXPECT_EQ(after("x = 1: _"), VbLineState::Begin);
+    EXPECT_EQ(after("x = 1 _"), VbLineState::Statement);
+    EXPECT_EQ(tokens("Rem b", VbLineState::Begin), "C(b)");
+}
+
 TEST(VbLexer, RemInsideAWordOrBeforeAnotherByteOrAsAMemberIsNoComment) {
     EXPECT_EQ(tokens("Remark = 1"), "W(Remark) M(=) W(1)");
     EXPECT_EQ(tokens("Rem_ b"), "W(Rem_) W(b)");
@@ -107,7 +124,7 @@ TEST(VbLexer, RemInsideAWordOrBeforeAnotherByteOrAsAMemberIsNoComment) {
     EXPECT_EQ(tokens("Rem\xE9 b"), "W(Rem\xE9) W(b)");
     EXPECT_EQ(tokens("Rem: b"), "W(Rem) M(:) W(b)");
     EXPECT_EQ(tokens("x.Rem b"), "W(x) M+(.) W+(Rem) W(b)");
-    EXPECT_EQ(tokens("x.y Rem b"), "W(x) M+(.) W+(y) C(b)");
+    EXPECT_EQ(tokens("x.y Rem b"), "W(x) M+(.) W+(y) W(Rem) W(b)");
     EXPECT_EQ(tokens("x! Rem b"), "W(x) M+(!) W(Rem) W(b)");
     EXPECT_EQ(tokens("[Rem] b"), "N([Rem]) W(b)");
     EXPECT_EQ(tokens("\"Rem b\""), "L(\"Rem b\")");
@@ -126,9 +143,9 @@ TEST(VbLexer, ABlankAndAnUnderscoreAtTheEndJoinTheNextLine) {
     EXPECT_EQ(after("x = a + _"), VbLineState::Statement);
     EXPECT_EQ(after("x = a +\t_"), VbLineState::Statement);
     EXPECT_EQ(after("x = a + _ \t"), VbLineState::Statement);
-    EXPECT_EQ(after("_"), VbLineState::Statement);
+    EXPECT_EQ(after("_"), VbLineState::Begin);
     EXPECT_EQ(tokens("\t_ "), "");
-    EXPECT_EQ(after("\t_ "), VbLineState::Statement);
+    EXPECT_EQ(after("\t_ "), VbLineState::Begin);
 }
 
 TEST(VbLexer, AnUnderscoreThatIsPartOfSomethingElseJoinsNothing) {
@@ -154,7 +171,7 @@ TEST(VbLexer, ACommentIsCarriedOnToTheNextLine) {
 TEST(VbLexer, AMemberNamedRemMayStandInTheNextLine) {
     EXPECT_EQ(after("x. _"), VbLineState::Member);
     EXPECT_EQ(tokens("Rem b", VbLineState::Member), "W(Rem) W(b)");
-    EXPECT_EQ(tokens("Rem b", VbLineState::Statement), "C(b)");
+    EXPECT_EQ(tokens("Rem b", VbLineState::Statement), "W(Rem) W(b)");
     EXPECT_EQ(after(" _", VbLineState::Member), VbLineState::Member);
 }
 
