@@ -46,10 +46,10 @@ Outcome run(const std::string& name, const cli::FormatSettings& settings) {
     const auto type = corvelle::workspace::moduleTypeOfPath(name);
     const cli::ModuleSource source{.shownPath = name, .path = name, .type = type.value()};
     cli::FormatJob job(source, settings);
-    cli::BackupNames names;
+    cli::BackupNames names(settings.backupDir.value_or(""));
     job.format();
     job.chooseBackup(names);
-    job.save({});
+    job.save();
     {
         const std::filesystem::path shown = "out";
         corvelle::base::FileDescriptor out = corvelle::base::openToTruncate(shown);
@@ -201,12 +201,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const auto type = corvelle::workspace::moduleTypeOfPath(name).value();
     const ModuleFile before(bytes, type);
-    std::string code;
-    for (std::uint32_t i = 0; i < before.codeLineCount(); ++i) code.append(before.codeLine(i)).append("\r\n");
     auto files = WorkFolder::files();
     files.erase("out");
     files.erase(name);
-    require(files.size() == 1 && files.begin()->second == code, "the backup is the code as it was");
+    require(files.size() == 1 && files.begin()->second == bytes, "the backup is the file as it was");
 
     if (settings.force) return 0;
     try {

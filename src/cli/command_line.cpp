@@ -2,14 +2,18 @@
 
 #include "cli/format_command.h"
 #include "cli/index_command.h"
+#include "cli/nearest_word.h"
+#include "cli/shown_text.h"
 #include "cli/text_command.h"
 #include "version.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvelle::cli {
@@ -102,9 +106,15 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
         "PATH is a module file (.bas, .cls, .frm, .ctl, .pag, .dob, .dsr), a project (.vbp: all its\n"
         "modules), a project group (.vbg: all its projects), a directory (every module file below it), or\n"
         "- for one module from standard input to standard output.\n\n"
+        "The removal options are the add-in's. They are not idempotent: a comment that is cut leaves the blanks\n"
+        "before it, so that a second run may change lines again. And many trailing comments stay: all that stand\n"
+        "above a module's first declaration, all of a module without one, and all of a module that is refused\n"
+        "because a literal would be cut.\n\n"
+        "What a project names is formatted wherever it stands, if it is a file with a module's ending. Told and\n"
+        "skipped are other files, links that lead out of a directory, and paths on the network or of devices.\n\n"
         "Exit status: 0 done; 1 something must be looked at (structural errors, unsafe lines, a header that\n"
-        "never ends, files that would change with --check); 2 wrong usage, or a file that could not be read\n"
-        "or written. The largest one that applies wins.");
+        "never ends, a file that was skipped, files that would change with --check); 2 wrong usage, or a file\n"
+        "that could not be read or written. The largest one that applies wins.");
     const auto option = [&format](const char* name, auto& value, const char* text, const char* description) {
         return format.add_option(name, value, description)->take_last()->option_text(text);
     };
@@ -123,7 +133,7 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
     removal("--remove-empty-lines", settings.options.bNoEmpty, "Remove all empty lines");
     removal("--remove-comment-lines", settings.options.bNoCmntLn, "Remove lines that have only comments");
     removal("--remove-trailing-comments", settings.options.bNoAllCmnt,
-            "Remove trailing comments from code lines");
+            "Remove trailing comments from code lines; many stay, see below");
     format.add_flag("--check", settings.check,
                     "Write nothing; print the path of every file that would change");
     format.add_flag("--diff", settings.diff,
@@ -133,7 +143,9 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
                     "Write nothing; print what holds for each module, and where each value comes from");
     format.add_flag("--force", settings.force,
                     "Write or print the result although structural errors or unsafe lines were found");
-    option("--backup-dir", settings.backupDir, "DIR", "Save a file's code there before it is rewritten")
+    option("--backup-dir", settings.backupDir, "DIR",
+           "Save a copy of the whole file there before it is rewritten, as NAME_bak, or as the next free one "
+           "of NAME_bak2, ...: no file is ever replaced")
         ->transform(asGiven());
     option("--stdin-name", settings.stdinName, "NAME",
            "What to call - in messages; its ending tells the kind of module")
@@ -250,6 +262,41 @@ void addText(CLI::App& app, TextSettings& settings) {
     takesControl(add("delete", TextAction::Delete, "Take a control out of the index"));
 }
 
+std::vector<std::string> namesOf(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; })) {
+        names.push_back(command->get_name());
+    }
+    return names;
+}
+
+// What is wrong where a command is meant; empty if it is one, or an option.
+std::string whatIsNoCommand(const CLI::App& app, std::string_view word) {
+    const auto names = namesOf(app);
+    if (word.substr(0, 1) == "-" || std::find(names.begin(), names.end(), word) != names.end()) return {};
+    std::string message = "unknown command '" + std::string(word) + "'; ";
+    const auto near = nearestWord(word, names);
+    if (!near.empty()) return message + "did you mean '" + near + "'?";
+    std::string list;
+    for (const auto& name : names) list += (list.empty() ? "" : ", ") + name;
+    return message + "the commands are " + list;
+}
+
+void requireCommands(const CLI::App& app, int argc, const char* const* argv) {
+    std::string wrong;
+    if (argc > 1) wrong = whatIsNoCommand(app, argv[1]);
+    if (argc > 3 && std::string_view(argv[1]) == "text" && argv[2][0] != '-') {
+        const CLI::App& text = *app.get_subcommand("text");
+        if (!whatIsNoCommand(text, argv[2]).empty()) wrong = whatIsNoCommand(text, argv[3]);
+    }
+    if (!wrong.empty()) throw CLI::ParseError(wrong, CLI::ExitCodes::ExtrasError);
+}
+
+// The arguments that a message repeats are anybody's bytes.
+std::string usageMessage(const CLI::App*, const CLI::Error& error) {
+    return shown(error.what()) + "\nRun with --help for more information.\n";
+}
+
 } // namespace
 
 int runCommandLine(int argc, const char* const* argv) {
@@ -259,6 +306,7 @@ int runCommandLine(int argc, const char* const* argv) {
     app.allow_windows_style_options(false); // what begins with a slash is a path there too
     app.set_version_flag("--version", "corvelle " CORVELLE_VERSION);
     app.require_subcommand(0, 1);
+    app.failure_message(usageMessage);
     FormatSettings settings;
     addFormat(app, settings);
     IndexSettings indexSettings;
@@ -266,6 +314,7 @@ int runCommandLine(int argc, const char* const* argv) {
     TextSettings textSettings;
     addText(app, textSettings);
     try {
+        requireCommands(app, argc, argv);
         app.parse(argumentsLastFirst(argc, argv));
         if (app.get_subcommands().empty()) throw CLI::RequiredError("A command");
     } catch (const CLI::Success& asked) { // --help, --version

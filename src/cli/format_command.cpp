@@ -1,8 +1,10 @@
 #include "cli/format_command.h"
 
 #include "base/file.h"
+#include "base/path_text.h"
 #include "cli/format_job.h"
 #include "cli/progress.h"
+#include "cli/shown_text.h"
 #include "cli/slots.h"
 #include "cli/source_list.h"
 #include "cli/standard_streams.h"
@@ -57,19 +59,19 @@ class Run {
         for (std::size_t i = next_++; i < sources_.size(); i = next_++) {
             std::optional<FormatJob> job;
             // What a step throws ends this module's work; the turns of the others come all the same.
-            bool failed = false;
-            const auto step = [&failed](const auto& function) {
+            std::exception_ptr failure;
+            const auto step = [&failure](const auto& function) {
                 try {
-                    if (!failed) function();
+                    if (!failure) function();
                 } catch (const std::exception&) {
-                    failed = true;
+                    failure = std::current_exception();
                 }
             };
             step([&] { job.emplace(sources_[i], settings_, &moduleSettings_); });
             step([&] { slots_.use([&] { job->format(); }); });
             if (settings_.backupDir) naming_.pass(i, [&] { step([&] { job->chooseBackup(backupNames_); }); });
-            step([&] { job->save(list_.realPaths); });
-            output_.pass(i, [&] { failed ? printLackOfMemory(sources_[i]) : print(*job); });
+            step([&] { job->save(); });
+            output_.pass(i, [&] { failure ? printFailure(sources_[i], failure) : print(*job); });
         }
     }
 
@@ -89,7 +91,7 @@ class Run {
         try {
             if (!outputFailed_) job.printResult(out_);
         } catch (const std::exception& error) {
-            std::cerr << "standard output: " << error.what() << std::endl;
+            std::cerr << "standard output: " << base::reasonOf(error) << std::endl;
             outputFailed_ = true;
             status_ = exitFailed;
         }
@@ -98,11 +100,13 @@ class Run {
         status_ = std::max(status_, static_cast<int>(job.status()));
     }
 
-    void printLackOfMemory(const ModuleSource& source) {
+    void printFailure(const ModuleSource& source, const std::exception_ptr& failure) {
         progress_.clear();
-        std::cerr << source.shownPath << ": "
-                  << base::describeError(static_cast<std::int32_t>(base::ErrorNumber::OutOfMemory))
-                  << std::endl;
+        try {
+            std::rethrow_exception(failure);
+        } catch (const std::exception& error) {
+            std::cerr << shown(source.shownPath) << ": " << shown(base::reasonOf(error)) << std::endl;
+        }
         progress_.step();
         ++fates_[static_cast<std::size_t>(FormatJob::Fate::Failed)];
         status_ = exitFailed;
@@ -132,7 +136,7 @@ class Run {
     Progress progress_;
     std::atomic<std::size_t> next_ = 0;
     Turnstile naming_, output_;
-    BackupNames backupNames_;
+    BackupNames backupNames_{base::pathOf(settings_.backupDir.value_or(std::string()))};
     std::array<std::size_t, 5> fates_{};
     int status_ = exitDone;
     bool outputFailed_ = false;
@@ -141,7 +145,7 @@ class Run {
 } // namespace
 
 int runFormat(const FormatSettings& settings) {
-    const SourceList list = listSources(settings.paths, settings.stdinName);
+    const SourceList list = listSources(settings.paths, settings.stdinName, settings.backupDir);
     if (settings.toStandardOutput && list.moduleCount() > 1) {
         std::cerr << "--stdout: takes one module, not " << list.moduleCount() << std::endl;
         return exitFailed;

@@ -1,14 +1,13 @@
 #include "cli/format_job.h"
 
 #include "base/binary_check.h"
+#include "base/new_file.h"
 #include "base/path_text.h"
-#include "base/run_time_error.h"
 #include "cli/unified_diff.h"
 #include "formatter/misplaced_blocks.h"
 
 #include <algorithm>
 #include <filesystem>
-#include <new>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
@@ -26,6 +25,16 @@ bool isPlainName(std::string_view name) {
            std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
 }
 
+void requireText(std::string_view bytes) {
+    const auto what = base::whatInsteadOfText(bytes);
+    if (!what.empty()) throw std::runtime_error("this is " + std::string(what) + ", not a module");
+}
+
+// To the rules such a file is one line, which would be given an end of another kind.
+bool endsLinesInReturns(std::string_view bytes) {
+    return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
+}
+
 // With no line end given each line keeps its own.
 formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
     formatter::ModuleCode code{.lines = {}, .lineEnd = lineEnd};
@@ -39,18 +48,12 @@ formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
 } // namespace
 
 void FormatJob::format() {
-    if (!source_.isModule()) {
-        note_ = source_.note;
-        fate_ = Fate::Noted;
-        if (source_.problem.empty()) return;
-        diagnose(exitFailed, source_.problem);
-        fate_ = Fate::Failed;
-        return;
-    }
+    if (!source_.isModule()) return tellInstead();
     try {
         read();
-        if (!file_) {
-            fate_ = Fate::Failed;
+        if (endsLinesInReturns(file_->bytes())) {
+            diagnose(exitLookAt, "its lines end in a carriage return alone; left as it is");
+            fate_ = Fate::Refused;
             return;
         }
         layOut();
@@ -61,21 +64,28 @@ void FormatJob::format() {
         settingsProblem_ = error.what();
         note_ = "left alone, since its settings are wrong";
         status_ = exitFailed;
-    } catch (const base::RunTimeError& error) {
-        diagnose(exitFailed, error.description());
-    } catch (const std::bad_alloc&) {
-        diagnose(exitFailed, base::describeError(static_cast<int>(base::ErrorNumber::OutOfMemory)));
+    } catch (const std::exception& error) {
+        diagnose(exitFailed, base::reasonOf(error));
     }
     if (status_ == exitFailed) fate_ = Fate::Failed;
 }
 
-void FormatJob::read() {
-    std::string bytes =
-        source_.isStandardInput() ? base::readStandardInput() : base::readFile(source_.path, &stamp_);
-    if (const std::string_view what = base::whatInsteadOfText(bytes); !what.empty()) {
-        diagnose(exitFailed, "this is " + std::string(what) + ", not a module");
-        return;
+void FormatJob::tellInstead() {
+    note_ = source_.note;
+    fate_ = Fate::Noted;
+    if (!source_.skipped.empty()) {
+        diagnose(exitLookAt, "skipped: " + source_.skipped);
+        fate_ = Fate::Refused;
+    } else if (!source_.problem.empty()) {
+        diagnose(exitFailed, source_.problem);
+        fate_ = Fate::Failed;
     }
+}
+
+void FormatJob::read() {
+    std::string bytes = source_.isStandardInput() ? base::readStandardInput()
+                                                  : base::readFile(source_.path, &stamp_, requireText);
+    requireText(bytes);
     // Of an unnamed module the first line tells: a header behind VERSION is read whatever the type.
     const bool unnamed = source_.type == ide::ComponentType{};
     const auto type = unnamed ? ide::ComponentType::StdModule : source_.type;
@@ -136,9 +146,7 @@ void FormatJob::judge() {
     // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
     const bool wrong = status_ != exitDone && !isStructured();
     for (const auto& notice : code_.notices) {
-        notices_.append(source_.shownPath)
-            .append(1, ':')
-            .append(std::to_string(file_->fileLine(notice.line)));
+        notices_.append(name_).append(1, ':').append(std::to_string(file_->fileLine(notice.line)));
         notices_.append(": ").append(textOf(notice)) += '\n';
     }
     const std::size_t saidBefore = diagnostics_.size();
@@ -165,41 +173,37 @@ void FormatJob::chooseBackup(BackupNames& names) {
     std::string name = base::textOf(source_.path.stem());
     if (isPlainName(file_->name())) name = file_->name();
     if (!file_->hasNameAttribute() && isPlainName(source_.projectName)) name = source_.projectName;
-    backupName_ = names.next(name, file_->type());
+    backup_ = names.next(name, file_->type());
 }
 
-void FormatJob::saveBackup(const RealPaths& inUse) const {
+void FormatJob::saveBackup() const {
     const std::filesystem::path folder = base::pathOf(*settings_.backupDir);
-    const std::filesystem::path backup = folder / base::pathOf(backupName_);
-    const auto fail = [&](const std::string& reason) {
-        throw std::runtime_error("not rewritten, its backup " + base::textOf(backup) +
+    const auto fail = [&](const std::filesystem::path& path, const std::string& reason) {
+        throw std::runtime_error("not rewritten, its backup " + base::textOf(path) +
                                  " could not be saved: " + reason);
     };
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (error) fail(base::fileErrorOf(error, folder).description());
-    const auto real = std::filesystem::canonical(backup, error);
-    if (!error && inUse.count(real.native()) != 0) fail("that file is one of those to format");
-    try {
-        base::replaceFile(backup, [&](base::FileWriter& out) {
-            for (std::uint32_t line = 0; line < file_->codeLineCount(); ++line) {
-                out.write(file_->codeLine(line));
-                out.write("\r\n");
-            }
-        });
-    } catch (const base::FileError& failure) {
-        fail(failure.description());
+    if (error) fail(folder / base::pathOf(backup_->text()), base::fileErrorOf(error, folder).reason());
+    // Another run may have taken the name since it was chosen.
+    for (BackupName name = *backup_;; ++name.copy) {
+        const auto path = folder / base::pathOf(name.text());
+        try {
+            if (base::writeNewFile(path, file_->bytes(), source_.path)) return;
+        } catch (const base::FileError& failure) {
+            fail(path, failure.reason());
+        }
     }
 }
 
-void FormatJob::save(const RealPaths& inUse) {
+void FormatJob::save() {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
-        if (!backupName_.empty()) saveBackup(inUse);
+        if (backup_) saveBackup();
         base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
                           {.stamp = stamp_, .content = file_->bytes()});
     } catch (const std::exception& error) {
-        diagnose(exitFailed, error.what());
+        diagnose(exitFailed, base::reasonOf(error));
         fate_ = Fate::Failed;
     }
 }
@@ -207,18 +211,18 @@ void FormatJob::save(const RealPaths& inUse) {
 void FormatJob::printMessages(base::FileWriter& err) const {
     err.write(diagnostics_);
     if (!settings_.quiet) err.write(notices_);
-    if (!settings_.quiet && !note_.empty()) err.write(source_.shownPath + ": " + note_ + "\n");
+    if (!settings_.quiet && !note_.empty()) err.write(name_ + ": " + shown(note_) + "\n");
     if (!settings_.quiet && !summary_.empty() && fate_ != Fate::Failed) {
-        err.write(source_.shownPath + ": " + summary_ + "\n");
+        err.write(name_ + ": " + summary_ + "\n");
     }
     err.flush();
 }
 
 void FormatJob::printResult(base::FileWriter& out) const {
     if (settings_.showSettings && file_ && fate_ != Fate::Failed) {
-        out.write(source_.shownPath + "\n" + settings::shownSettings(layout_, code_.style));
+        out.write(name_ + "\n" + settings::shownSettings(layout_, code_.style));
     }
-    if (settings_.check && fate_ == Fate::Rewritten) out.write(source_.shownPath + "\n");
+    if (settings_.check && fate_ == Fate::Rewritten) out.write(name_ + "\n");
     if (settings_.diff && fate_ == Fate::Rewritten) printDiff(out);
     if (printsModule()) {
         if (!summary_.empty()) {
@@ -288,13 +292,13 @@ void FormatJob::diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss) {
 }
 
 void FormatJob::diagnose(ExitStatus status, std::string_view message) {
-    diagnostics_.append(source_.shownPath).append(": ").append(message) += '\n';
+    diagnostics_.append(name_).append(": ").append(shown(message)) += '\n';
     status_ = std::max(status_, status);
 }
 
 void FormatJob::diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message) {
-    diagnostics_.append(source_.shownPath).append(1, ':').append(std::to_string(fileLine));
-    diagnostics_.append(": ").append(message) += '\n';
+    diagnostics_.append(name_).append(1, ':').append(std::to_string(fileLine));
+    diagnostics_.append(": ").append(shown(message)) += '\n';
     status_ = std::max(status_, status);
 }
 

@@ -4,7 +4,8 @@
 #include "cli/backup_names.h"
 #include "cli/format_settings.h"
 #include "cli/module_settings.h"
-#include "cli/source_list.h"
+#include "cli/module_source.h"
+#include "cli/shown_text.h"
 #include "formatter/format_code.h"
 #include "ide/workspace/formatted_file.h"
 #include "ide/workspace/module_file.h"
@@ -25,15 +26,14 @@ class FormatJob {
 
     /// Refers to its arguments. Without `onDisk` the options alone say what holds.
     FormatJob(const ModuleSource& source, const FormatSettings& settings, ModuleSettings* onDisk = nullptr)
-        : source_(source), settings_(settings), onDisk_(onDisk) {}
+        : source_(source), settings_(settings), onDisk_(onDisk), name_(shown(source.shownPath)) {}
 
     /// Reads and formats the module and finds what is wrong with the result.
     void format();
     /// Chooses the backup's name if the file is to be rewritten with a backup.
     void chooseBackup(BackupNames& names);
-    /// Saves the backup and rewrites the file, if that is what is to be done. No backup may take the place
-    /// of one of the files `inUse`.
-    void save(const RealPaths& inUse);
+    /// Saves the backup and rewrites the file, if that is what is to be done.
+    void save();
     void printMessages(base::FileWriter& err) const;
     /// Prints what goes to standard output.
     void printResult(base::FileWriter& out) const;
@@ -44,13 +44,14 @@ class FormatJob {
     const std::string& settingsProblem() const { return settingsProblem_; }
 
   private:
+    void tellInstead();
     void read();
     void layOut();
     void judge();
     bool isStructured() const { return layout_.layout == settings::Layout::Structured; }
     workspace::FormattedFile formatted() const;
     std::string textOf(const formatter::Finding& finding) const;
-    void saveBackup(const RealPaths& inUse) const;
+    void saveBackup() const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
     void diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss);
@@ -61,10 +62,11 @@ class FormatJob {
     const FormatSettings& settings_;
     ModuleSettings* onDisk_;
     settings::LayoutSettings layout_;
+    std::string name_; // the module's, in messages
     base::FileStamp stamp_{};
     std::optional<workspace::ModuleFile> file_;
     formatter::FormattedCode code_;
-    std::string backupName_;
+    std::optional<BackupName> backup_;
     std::string diagnostics_; // lines
     std::string notices_;     // lines
     std::string note_;

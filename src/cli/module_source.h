@@ -14,9 +14,10 @@ struct ModuleSource {
     ide::ComponentType type{};    ///< zero: unknown (standard input)
     std::string projectName{};    ///< the name in the project's line, if any
     std::string problem{};        ///< why the path cannot be worked on
+    std::string skipped{};        ///< why what a project or a folder leads to is left alone
     std::string note{};           ///< what is worth telling of the path, no failure
 
-    bool isModule() const { return problem.empty() && note.empty(); }
+    bool isModule() const { return problem.empty() && skipped.empty() && note.empty(); }
     bool isStandardInput() const { return isModule() && path.empty(); }
 };
 

@@ -6,11 +6,13 @@
 #include "base/run_time_error.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/group_file.h"
+#include "ide/workspace/member_path.h"
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
 
 #include <algorithm>
 #include <optional>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
 #include <unordered_map>
@@ -28,15 +30,25 @@ std::string joined(const std::string& directory, const std::string& rest) {
 }
 
 // A path as messages show it.
-std::string shown(const fs::path& path) {
+std::string spelled(const fs::path& path) {
     auto text = path.native();
     std::replace(text.begin(), text.end(), fs::path::preferred_separator, fs::path::value_type('/'));
     return base::textOf(text);
 }
 
+std::string whyNotListed(const std::error_code& error, const fs::path& folder) {
+    if (error == std::errc::permission_denied)
+        return base::describeError(static_cast<std::int32_t>(base::ErrorNumber::PermissionDenied));
+    return base::fileErrorOf(error, folder).reason();
+}
+
 class Collector {
   public:
-    explicit Collector(SourceList& list) : list_(list) {}
+    Collector(SourceList& list, const std::optional<std::string>& backupDir) : list_(list) {
+        std::error_code ignored; // another run may make the folder meanwhile
+        if (backupDir)
+            backups_ = fs::weakly_canonical(fs::absolute(base::pathOf(*backupDir), ignored), ignored);
+    }
 
     void addStandardInput(const std::string& name) {
         if (standardInputTaken_) return;
@@ -53,7 +65,7 @@ class Collector {
         if (argument.empty()) {
             addProblem(argument, "the path is empty");
         } else if (error || !fs::exists(status)) {
-            addProblem(argument, base::fileErrorOf(error, path).description());
+            addProblem(argument, base::fileErrorOf(error, path).reason());
         } else if (fs::is_directory(status)) {
             addDirectory(argument, path);
         } else if (const auto type = workspace::moduleTypeOfPath(path)) {
@@ -71,6 +83,11 @@ class Collector {
     void addProblem(std::string shownPath, std::string problem) {
         ++met_;
         list_.sources.push_back({.shownPath = std::move(shownPath), .problem = std::move(problem)});
+    }
+
+    void addSkipped(std::string shownPath, std::string reason) {
+        ++met_;
+        list_.sources.push_back({.shownPath = std::move(shownPath), .skipped = std::move(reason)});
     }
 
     void addNote(std::string shownPath, std::string note) {
@@ -103,34 +120,58 @@ class Collector {
 
     void addDirectory(const std::string& folder, const fs::path& path) {
         const std::size_t before = met_;
-        walk(folder, path);
+        walk(folder, path, canonicalOr(path, path));
         if (met_ == before) addNote(folder, "no modules in this directory");
     }
 
-    void walk(const std::string& folder, const fs::path& path) {
+    void walk(const std::string& folder, const fs::path& path, const fs::path& root) {
         std::error_code error;
         std::vector<fs::directory_entry> entries;
         for (fs::directory_iterator entry(path, error), end; !error && entry != end; entry.increment(error)) {
             entries.push_back(*entry);
         }
-        if (error) addProblem(folder, base::fileErrorOf(error, path).description());
+        if (error) addProblem(folder, whyNotListed(error, path));
         std::sort(entries.begin(), entries.end()); // by name, folders among the files
         for (const fs::directory_entry& entry : entries) {
             try {
-                addEntry(joined(folder, shown(entry.path().filename())), entry);
+                addEntry(joined(folder, spelled(entry.path().filename())), entry, root);
             } catch (const base::FileError& failure) {
                 addProblem(folder, "a name in this directory cannot be spelled: " + failure.description());
             }
         }
     }
 
-    void addEntry(const std::string& name, const fs::directory_entry& entry) {
+    void addEntry(const std::string& name, const fs::directory_entry& entry, const fs::path& root) {
         std::error_code error;
+        const bool link = entry.is_symlink(error);
         if (entry.is_directory(error)) {
-            if (!entry.is_symlink(error)) walk(name, entry.path()); // links could lead in circles
+            // Links could lead in circles.
+            if (!link && (backups_.empty() || canonicalOr(entry.path(), {}) != backups_))
+                walk(name, entry.path(), root);
         } else if (const auto type = workspace::moduleTypeOfPath(entry.path())) {
+            const fs::path real = link ? canonicalOr(entry.path(), root) : root;
+            if (!isBelow(real, root)) return addSkipped(name, "a link that leads out of the directory");
+            if (link && !leadsToModule(entry.path()))
+                return addSkipped(name, "a link that leads to no module");
             addModule({.shownPath = name, .path = entry.path(), .type = *type});
         }
+    }
+
+    static bool isBelow(const fs::path& path, const fs::path& folder) {
+        return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first == folder.end();
+    }
+
+    // Where a link leads nowhere the reading will tell.
+    static bool leadsToModule(const fs::path& path) {
+        return workspace::isModulePath(canonicalOr(path, path));
+    }
+
+    void addMember(const std::string& project, const fs::path& path, const workspace::ProjectMember& member) {
+        const auto found = find(project, path, member.path, workspace::isModulePath, "no module's ending");
+        if (!found) return;
+        if (!leadsToModule(*found)) return addSkipped(spelled(*found), "a link that leads to no module");
+        addModule(
+            {.shownPath = spelled(*found), .path = *found, .type = member.type, .projectName = member.name});
     }
 
     void addProject(const std::string& name, const fs::path& path) {
@@ -138,12 +179,7 @@ class Collector {
         const auto project = read<workspace::ProjectFile>(name, path);
         if (!project) return;
         for (const auto& member : project->members()) {
-            if (const auto found = find(name, path, member.path)) {
-                addModule({.shownPath = shown(*found),
-                           .path = *found,
-                           .type = member.type,
-                           .projectName = member.name});
-            }
+            addMember(name, path, member);
         }
         if (project->members().empty()) addNote(name, "no modules in this project");
     }
@@ -152,7 +188,8 @@ class Collector {
         const auto group = read<workspace::GroupFile>(name, path);
         if (!group) return;
         for (const std::string& member : group->projects()) {
-            if (const auto found = find(name, path, member)) addProject(shown(*found), *found);
+            const auto found = find(name, path, member, workspace::isProjectPath, "no project's ending");
+            if (found) addProject(spelled(*found), *found);
         }
         if (group->projects().empty()) addNote(name, "no projects in this group");
     }
@@ -160,25 +197,39 @@ class Collector {
     template <class File>
     std::optional<File> read(const std::string& name, const fs::path& path) {
         try {
-            const std::string bytes = base::readFile(path);
-            const std::string_view what = base::whatInsteadOfText(bytes);
-            if (what.empty()) return File(bytes);
-            addProblem(name, "this is " + std::string(what) + ", not a project or a group");
-        } catch (const base::RunTimeError& error) {
-            addProblem(name, error.description());
+            const std::string bytes = base::readFile(path, nullptr, requireText);
+            requireText(bytes);
+            return File(bytes);
+        } catch (const std::exception& error) {
+            addProblem(name, base::reasonOf(error));
         }
         return std::nullopt;
     }
 
-    // The file that a project or group names; one that is missing is a problem in its place.
-    std::optional<fs::path> find(const std::string& namedIn, const fs::path& path,
-                                 const std::string& written) {
+    static void requireText(std::string_view bytes) {
+        const auto what = base::whatInsteadOfText(bytes);
+        if (!what.empty())
+            throw std::runtime_error("this is " + std::string(what) + ", not a project or a group");
+    }
+
+    // The file that a project or group names, if it is one to work on; else it is told in its place.
+    std::optional<fs::path> find(const std::string& namedIn, const fs::path& path, const std::string& written,
+                                 bool (*isWanted)(const fs::path&), const char* whyNotWanted) {
         const fs::path folder = path.parent_path();
+        const std::string named = " (named in " + namedIn + ")";
+        if (const auto why = workspace::whyNotLookedAt(written, folder); !why.empty()) {
+            addSkipped(written, std::string(why) + named);
+            return std::nullopt;
+        }
+        const fs::path place = workspace::pathInProject(folder, written);
+        if (!isWanted(place)) {
+            addSkipped(spelled(place), whyNotWanted + named);
+            return std::nullopt;
+        }
         auto found = resolver_.resolve(folder, written);
         if (!found) {
-            addProblem(shown(workspace::pathInProject(folder, written)),
-                       base::RunTimeError(base::ErrorNumber::FileNotFound).description() + " (named in " +
-                           namedIn + ")");
+            addProblem(spelled(place),
+                       base::RunTimeError(base::ErrorNumber::FileNotFound).description() + named);
         }
         return found;
     }
@@ -186,6 +237,7 @@ class Collector {
     SourceList& list_;
     workspace::PathResolver resolver_;
     std::unordered_map<fs::path::string_type, fs::path> realFolders_; // by the way they are written
+    fs::path backups_;                                                // empty: none are looked for
     bool standardInputTaken_ = false;
     std::size_t met_ = 0; // modules and problems, those that were known already too
 };
@@ -197,9 +249,10 @@ std::size_t SourceList::moduleCount() const {
         std::count_if(sources.begin(), sources.end(), [](const auto& source) { return source.isModule(); }));
 }
 
-SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName) {
+SourceList listSources(const std::vector<std::string>& paths, const std::string& stdinName,
+                       const std::optional<std::string>& backupDir) {
     SourceList list;
-    Collector collector(list);
+    Collector collector(list, backupDir);
     for (const std::string& path : paths) {
         if (path == "-") {
             collector.addStandardInput(stdinName);

@@ -16,15 +16,17 @@ std::string range(std::size_t begin, std::size_t count) {
 // A path as the head of a diff takes it: a tab ends one with blanks, quotes hold one with stranger
 // characters.
 std::string headPath(std::string_view path) {
-    const auto isStrange = [](char c) { return static_cast<unsigned char>(c) < 32 || c == '"' || c == '\\'; };
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; };
+    const auto isStrange = [&](char c) { return isControl(c) || c == '"' || c == '\\'; };
     if (std::none_of(path.begin(), path.end(), isStrange)) {
         return std::string(path) + (path.find(' ') == std::string_view::npos ? "" : "\t");
     }
     std::string quoted = "\"";
     for (const char c : path) {
-        if (static_cast<unsigned char>(c) < 32) {
+        if (isControl(c)) {
             const unsigned code = static_cast<unsigned char>(c);
-            quoted += {'\\', '0', static_cast<char>('0' + code / 8), static_cast<char>('0' + code % 8)};
+            quoted += {'\\', static_cast<char>('0' + code / 64), static_cast<char>('0' + code / 8 % 8),
+                       static_cast<char>('0' + code % 8)};
         } else {
             if (isStrange(c)) quoted += '\\';
             quoted += c;

@@ -42,6 +42,21 @@ TEST(Program, PrintsItsVersion) {
     EXPECT_EQ(outcome.err, "");
 }
 
+TEST(Program, NamesAnUnknownCommandAndOffersTheNearest) {
+    const auto told = [](const std::vector<std::string>& arguments) {
+        const Outcome outcome = runCorvelle(arguments);
+        EXPECT_EQ(outcome.status, 2);
+        EXPECT_EQ(outcome.out, "");
+        return outcome.err;
+    };
+    const std::string end = "\nRun with --help for more information.\n";
+    EXPECT_EQ(told({"fromat", "a.bas"}), "unknown command 'fromat'; did you mean 'format'?" + end);
+    EXPECT_EQ(told({"help"}), "unknown command 'help'; the commands are format, index, text" + end);
+    EXPECT_EQ(told({""}), "unknown command ''; the commands are format, index, text" + end);
+    EXPECT_EQ(told({"text", "a.icp", "lsit"}), "unknown command 'lsit'; did you mean 'list'?" + end);
+    EXPECT_EQ(told({"a\x1B[2J"}), "unknown command 'a\\x1B[2J'; the commands are format, index, text" + end);
+}
+
 TEST(Program, ListsItsCommandsInItsHelp) {
     const Outcome outcome = runCorvelle({"--help"});
     EXPECT_EQ(outcome.status, 0);

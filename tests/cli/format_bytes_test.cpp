@@ -44,8 +44,7 @@ TEST_F(Bytes, OfALastLineThatIsHiddenAreEndedToo) {
 TEST_F(Bytes, OfALoneCrAreOrdinaryOnes) {
     EXPECT_EQ(formatted("Sub a()\r\n' b\rc\r\nEnd Sub\r\n"), "Sub a()\r\n  ' b\rc\r\nEnd Sub\r\n");
     EXPECT_EQ(formatted("Sub a()\n' b\r\r\nEnd Sub\n"), "Sub a()\r\n  ' b\r\r\nEnd Sub\r\n");
-    // No line ends in LF at all: the file is one line.
-    EXPECT_EQ(formatted("' a\r' b\r' c"), "' a\r' b\r' c\r\n");
+    EXPECT_EQ(formatted("' a\r' b\r' c\n"), "' a\r' b\r' c\n");
 }
 
 TEST_F(Bytes, OfAByteOrderMarkStayInFront) {

@@ -28,7 +28,7 @@ TEST(FormatJob, RefusesAFileThatChangedSinceItWasRead) {
     job.format();
     ASSERT_EQ(job.fate(), FormatJob::Fate::Rewritten);
     folder.write("a.bas", "Sub somethingElse()\r\nEnd Sub\r\n");
-    job.save({});
+    job.save();
     EXPECT_EQ(job.fate(), FormatJob::Fate::Failed);
     EXPECT_EQ(job.status(), exitFailed);
     EXPECT_EQ(folder.read("a.bas"), "Sub somethingElse()\r\nEnd Sub\r\n");
@@ -43,7 +43,7 @@ TEST(FormatJob, RefusesAFileThatWentAway) {
     FormatJob job(source, settings);
     job.format();
     std::filesystem::remove(path);
-    job.save({});
+    job.save();
     EXPECT_EQ(job.fate(), FormatJob::Fate::Failed);
     EXPECT_THAT(folder.names(), testing::IsEmpty());
 }
@@ -55,12 +55,12 @@ TEST(FormatJob, WritesNothingBeforeItIsToldTo) {
     FormatSettings settings = classic();
     settings.backupDir = (folder.path() / "backups").string();
     FormatJob job(source, settings);
-    BackupNames names;
+    BackupNames names(*settings.backupDir);
     job.format();
     job.chooseBackup(names);
     EXPECT_THAT(folder.names(), ElementsAre("a.bas"));
     EXPECT_EQ(folder.read("a.bas"), untidy);
-    job.save({});
+    job.save();
     EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "backups"));
     EXPECT_EQ(folder.read("backups/a_bak.bas"), untidy);
 }

@@ -57,6 +57,23 @@ TEST(FormatKill, LeavesEachModuleOfAProjectOldOrNew) {
                    {"format", "--layout", "classic", "p.vbp"}, 10);
 }
 
+TEST(FormatKill, LeavesModulesAndBackupsThatWereThereOldOrNew) {
+    const test::InMemory inMemory;
+    const test::TemporaryFolder folder;
+    const Files before{{"a.bas", untidy}, {"old/Greeting_bak.bas", "an older one"}};
+    const std::vector<std::string> arguments{"format", "--backup-dir", "old", "a.bas"};
+    test::killAtEachCall(
+        5, folder.path(), arguments, [&] { test::put(folder.path(), before); },
+        [&](const std::string&) {
+            const Files now = modulesIn(folder.path());
+            EXPECT_EQ(now.at("old/Greeting_bak.bas"), "an older one");
+            // A module that is new has a backup that is whole.
+            if (now.at("a.bas") != untidy) {
+                EXPECT_EQ(now.at("old/Greeting_bak2.bas"), untidy);
+            }
+        });
+}
+
 } // namespace
 } // namespace corvelle::cli
 

@@ -110,7 +110,7 @@ TEST_F(Paths, ThatAreMissingDoNotKeepTheOthersFromBeingFormatted) {
     const Outcome outcome = format({"nowhere/x.bas", "a.vbp", "gone.vbp", "gone.vbg", "n.bas"});
     EXPECT_EQ(outcome.status, 2);
     EXPECT_EQ(outcome.err,
-              "nowhere/x.bas: Path not found\n"
+              "nowhere/x.bas: Path not found: nowhere\n"
               "gone.bas: File not found (named in a.vbp)\n" +
                   summary("m.bas", 5, 5) + "gone.vbp: File not found\ngone.vbg: File not found\n" +
                   summary("n.bas", 5, 5) + "2 rewritten, 0 left unchanged, 0 refused, 4 failed\n");
@@ -205,7 +205,7 @@ TEST_F(Paths, ThatCannotBeReadAreReported) {
     const Outcome outcome = format({"--check", "--quiet", "a.bas", "d", "dangling.bas", "m.bas"}, nobody);
     chmod((folder.path() / "d").c_str(), 0700);
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "a.bas: Permission denied\nd: Path/File access error\n"
+    EXPECT_EQ(outcome.err, "a.bas: Permission denied\nd: Permission denied\n"
                            "dangling.bas: File not found\n");
     EXPECT_EQ(outcome.out, "m.bas\n");
 }

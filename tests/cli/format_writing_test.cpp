@@ -23,7 +23,7 @@ TEST_F(Writing, RefusesAReadOnlyFileWhoeverAsks) {
     const auto mode = modeOf("a.bas");
     const Outcome outcome = format({"a.bas", "b.bas"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "a.bas: Path/File access error\n" + summary("b.bas", 5, 5) +
+    EXPECT_EQ(outcome.err, "a.bas: the file is read-only\n" + summary("b.bas", 5, 5) +
                                "1 rewritten, 0 left unchanged, 0 refused, 1 failed\n");
     EXPECT_EQ(folder.read("a.bas"), untidy);
     EXPECT_EQ(folder.read("b.bas"), tidy);
@@ -37,11 +37,11 @@ TEST_F(Writing, TakesAReadOnlyFileThatNeedsNoChange) {
 }
 
 TEST_F(Writing, RefusesAFileThatIsNone) {
-    fs::create_directory(folder.path() / "d");
-    folder.write("a.vbp", "Module=M; d\r\n");
+    fs::create_directory(folder.path() / "d.bas");
+    folder.write("a.vbp", "Module=M; d.bas\r\n");
     const Outcome outcome = format({"a.vbp"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, "d: Path/File access error\n");
+    EXPECT_EQ(outcome.err, "d.bas: this is a folder, not a file\n");
 }
 
 #ifndef _WIN32
@@ -88,7 +88,7 @@ TEST_F(Writing, LeavesTheOldFileOnAFullDisk) {
     full.largestFile = 100'000;
     const Outcome outcome = format({"a.bas", "b.bas"}, full);
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_THAT(outcome.err, testing::HasSubstr("a.bas: Disk full\n"));
+    EXPECT_THAT(outcome.err, testing::HasSubstr("a.bas: the file would be too large\n"));
     EXPECT_EQ(folder.read("a.bas"), large);
     EXPECT_EQ(folder.read("b.bas"), tidy);
     EXPECT_THAT(folder.names(), UnorderedElementsAre("a.bas", "b.bas"));

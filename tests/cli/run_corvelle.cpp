@@ -17,6 +17,7 @@
 #include <sys/wait.h>
 #include <system_error>
 #include <termios.h>
+#include <thread>
 #include <unistd.h>
 
 namespace corvelle::test {
@@ -115,10 +116,12 @@ void enter(const Surroundings& surroundings, const Stream& in, const Stream& out
     put(surroundings.errorsHaveReader ? err : pipeWithoutReader(), 2);
     for (const int stream : surroundings.closed) close(stream);
     std::signal(SIGPIPE, SIG_DFL);
-    if (surroundings.largestFile) {
-        const rlimit limit{*surroundings.largestFile, RLIM_INFINITY};
-        if (setrlimit(RLIMIT_FSIZE, &limit) != 0) giveUp("limit");
-    }
+    const auto limit = [](auto resource, const std::optional<std::uint64_t>& most) {
+        const rlimit value{most.value_or(0), RLIM_INFINITY};
+        if (most && setrlimit(resource, &value) != 0) giveUp("limit");
+    };
+    limit(RLIMIT_FSIZE, surroundings.largestFile);
+    limit(RLIMIT_AS, surroundings.largestMemory);
 }
 
 // The program may stand in a folder that is root's alone: it is opened before.
@@ -151,6 +154,10 @@ Outcome runProgram(const std::string& program, const std::vector<std::string>& a
         if (surroundings.asNobody) executeAsNobody(argv.data());
         execvp(argv[0], argv.data());
         giveUp(argv[0]);
+    }
+    if (surroundings.killedAfter) {
+        std::this_thread::sleep_for(*surroundings.killedAfter);
+        kill(child, SIGKILL);
     }
     int status = 0;
     while (waitpid(child, &status, 0) < 0) {

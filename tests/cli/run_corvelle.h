@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -13,16 +14,18 @@ namespace corvelle::test {
 
 /// How the program is started, where that is not the plain way.
 struct Surroundings {
-    std::filesystem::path folder = ".";       ///< the current folder
-    std::string_view input;                   ///< what is on standard input
-    std::filesystem::path inputFrom;          ///< opened as standard input in place of the text
-    std::filesystem::path outputTo;           ///< opened as standard output in place of a file of ours
-    bool outputHasReader = true;              ///< false: a pipe whose reader is gone
-    bool errorsHaveReader = true;             ///< the same for standard error
-    bool errorsAreTerminal = false;           ///< standard error is a terminal, which shows little text
-    bool asNobody = false;                    ///< root starts it as a user without rights
-    std::vector<int> closed;                  ///< standard streams that are not open at all
-    std::optional<std::uint64_t> largestFile; ///< bytes that it may write into a file, as on a full disk
+    std::filesystem::path folder = ".";         ///< the current folder
+    std::string_view input;                     ///< what is on standard input
+    std::filesystem::path inputFrom;            ///< opened as standard input in place of the text
+    std::filesystem::path outputTo;             ///< opened as standard output in place of a file of ours
+    bool outputHasReader = true;                ///< false: a pipe whose reader is gone
+    bool errorsHaveReader = true;               ///< the same for standard error
+    bool errorsAreTerminal = false;             ///< standard error is a terminal, which shows little text
+    bool asNobody = false;                      ///< root starts it as a user without rights
+    std::vector<int> closed;                    ///< standard streams that are not open at all
+    std::optional<std::uint64_t> largestFile;   ///< bytes that it may write into a file, as on a full disk
+    std::optional<std::uint64_t> largestMemory; ///< bytes of memory that it may have
+    std::optional<std::chrono::microseconds> killedAfter; ///< it is killed so long after its start
 };
 
 struct Outcome {

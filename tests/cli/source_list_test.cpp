@@ -33,8 +33,8 @@ TEST(SourceList, TellsModulesWithTheirKinds) {
 
 TEST(SourceList, TakesNameAndKindFromTheProjectsLine) {
     const TemporaryFolder folder;
-    folder.write("module.txt", "x");
-    const std::string project = base::textOf(folder.write("a.vbp", "Class=Account; module.txt\r\n"));
+    folder.write("module.bas", "x");
+    const std::string project = base::textOf(folder.write("a.vbp", "Class=Account; module.bas\r\n"));
     const SourceList list = listSources({project}, "");
     ASSERT_EQ(list.sources.size(), 1U);
     EXPECT_EQ(list.sources[0].projectName, "Account");

@@ -1,6 +1,8 @@
+#include "base/file_error.h"
 #include "base/temporary_file.h"
 #include "cli/command_line.h"
 #include "cli/exit_status.h"
+#include "cli/shown_text.h"
 #include "cli/standard_streams.h"
 
 #include <exception>
@@ -12,7 +14,7 @@ int main(int argc, char** argv) {
     try {
         return corvelle::cli::runCommandLine(argc, argv);
     } catch (const std::exception& error) {
-        std::cerr << "corvelle: " << error.what() << std::endl;
+        std::cerr << "corvelle: " << corvelle::cli::shown(corvelle::base::reasonOf(error)) << std::endl;
         return corvelle::cli::exitFailed;
     }
 }
