@@ -106,10 +106,10 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
         "PATH is a module file (.bas, .cls, .frm, .ctl, .pag, .dob, .dsr), a project (.vbp: all its\n"
         "modules), a project group (.vbg: all its projects), a directory (every module file below it), or\n"
         "- for one module from standard input to standard output.\n\n"
-        "The removal options are the add-in's. They are not idempotent: a comment that is cut leaves the blanks\n"
-        "before it, so that a second run may change lines again. And many trailing comments stay: all that stand\n"
-        "above a module's first declaration, all of a module without one, and all of a module that is refused\n"
-        "because a literal would be cut.\n\n"
+        "With --layout classic the removal options are the add-in's. They are not idempotent: a comment that is\n"
+        "cut leaves the blanks before it, so that a second run may change lines again. And many trailing comments\n"
+        "stay: all that stand above a module's first declaration, all of a module without one, and all of a\n"
+        "module that is refused because a literal would be cut.\n\n"
         "What a project names is formatted wherever it stands, if it is a file with a module's ending. Told and\n"
         "skipped are other files, links that lead out of a directory, and paths on the network or of devices.\n\n"
         "Exit status: 0 done; 1 something must be looked at (structural errors, unsafe lines, a header that\n"
@@ -133,7 +133,7 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
     removal("--remove-empty-lines", settings.options.bNoEmpty, "Remove all empty lines");
     removal("--remove-comment-lines", settings.options.bNoCmntLn, "Remove lines that have only comments");
     removal("--remove-trailing-comments", settings.options.bNoAllCmnt,
-            "Remove trailing comments from code lines; many stay, see below");
+            "Remove trailing comments from code lines; with --layout classic many stay, see below");
     format.add_flag("--check", settings.check,
                     "Write nothing; print the path of every file that would change");
     format.add_flag("--diff", settings.diff,

@@ -82,7 +82,7 @@ class Run {
             // One file can be wrong for many modules.
             if (const auto& problem = job.settingsProblem();
                 !problem.empty() && toldProblems_.insert(problem).second) {
-                err_.write(problem + "\n");
+                err_.write(shown(problem) + "\n");
             }
             job.printMessages(err_);
         } catch (const std::exception&) {
