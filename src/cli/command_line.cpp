@@ -143,6 +143,8 @@ void addFormat(CLI::App& app, FormatSettings& settings) {
                     "Write nothing; print what holds for each module, and where each value comes from");
     format.add_flag("--force", settings.force,
                     "Write or print the result although structural errors or unsafe lines were found");
+    format.add_flag("--break-links", settings.breakLinks,
+                    "Rewrite a file that has other hard links, which keep its old bytes; else it is refused");
     option("--backup-dir", settings.backupDir, "DIR",
            "Save a copy of the whole file there before it is rewritten, as NAME_bak, or as the next free one "
            "of NAME_bak2, ...: no file is ever replaced")

@@ -201,7 +201,7 @@ void FormatJob::save() {
     try {
         if (backup_) saveBackup();
         base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
-                          {.stamp = stamp_, .content = file_->bytes()});
+                          {.stamp = stamp_, .content = file_->bytes(), .breakLinks = settings_.breakLinks});
     } catch (const std::exception& error) {
         diagnose(exitFailed, base::reasonOf(error));
         fate_ = Fate::Failed;

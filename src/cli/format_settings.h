@@ -24,6 +24,7 @@ struct FormatSettings {
     bool toStandardOutput = false;        ///< print the formatted file
     bool force = false;                   ///< accept structural errors and unsafe lines
     bool showSettings = false;            ///< print what holds for each module, and where that comes from
+    bool breakLinks = false;              ///< rewrite a file though other hard links keep its old bytes
     bool quiet = false;                   ///< no lines but errors and results
     std::optional<std::string> backupDir; ///< where the code goes before a file is rewritten
     std::string stdinName;                ///< name of the module on standard input; empty: none given

@@ -65,7 +65,7 @@ TEST(FormatKill, LeavesModulesAndBackupsThatWereThereOldOrNew) {
     test::killAtEachCall(
         5, folder.path(), arguments, [&] { test::put(folder.path(), before); },
         [&](const std::string&) {
-            const Files now = modulesIn(folder.path());
+            const Files now = test::filesIn(folder.path());
             EXPECT_EQ(now.at("old/Greeting_bak.bas"), "an older one");
             // A module that is new has a backup that is whole.
             if (now.at("a.bas") != untidy) {

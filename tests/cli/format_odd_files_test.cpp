@@ -113,6 +113,17 @@ TEST_F(OddFiles, OfGigabytesWithoutTextAreToldAfterTheirFirstBlock) {
     EXPECT_THAT(outcome.err, HasSubstr("p.vbp: this is nothing but NUL bytes, not a project or a group\n"));
 }
 
+TEST_F(OddFiles, WithOtherHardLinksAreLeftAloneUnlessTheyAreToBeBroken) {
+    fs::create_hard_link(folder.write("a.bas", untidy), folder.path() / "other.txt");
+    const Outcome outcome = format({"--quiet", "a.bas"});
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.err, "a.bas: the file has other hard links\n");
+    EXPECT_EQ(folder.read("a.bas"), untidy);
+    EXPECT_EQ(format({"--quiet", "--break-links", "a.bas"}).status, 0);
+    EXPECT_EQ(folder.read("a.bas"), tidy);
+    EXPECT_EQ(folder.read("other.txt"), untidy);
+}
+
 TEST_F(OddFiles, OutsideADirectoryAreNotReachedByLinks) {
     const std::string script = "if a:\n\tb()\n";
     folder.write("run.py", script);
