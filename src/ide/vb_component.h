@@ -5,6 +5,7 @@
 #include "ide/vb_form.h"
 #include "ide/window.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,6 +28,8 @@ class VBComponent {
     virtual std::shared_ptr<Window> DesignerWindow() = 0;
     /// Opens its designer, or its code window where it has none.
     virtual void Activate() = 0;
+    /// The path of one of its files, 1 being the module's; empty before the first saving.
+    virtual std::string FileNames(std::int32_t index) = 0;
     /// Saves it into the file of that name.
     virtual void SaveAs(std::string_view fileName) = 0;
 };

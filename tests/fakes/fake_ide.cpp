@@ -156,6 +156,11 @@ bool FakeComponent::IsDirty() {
     return dirty;
 }
 
+std::string FakeComponent::FileNames(std::int32_t) {
+    calls_->enter("VBComponent.FileNames");
+    return fileName;
+}
+
 std::shared_ptr<ide::CodeModule> FakeComponent::CodeModule() {
     calls_->enter("VBComponent.CodeModule");
     return code;

@@ -99,6 +99,7 @@ class FakeComponent : public ide::VBComponent,
     bool dirty = false;
     bool hasDesigner = false;
     std::string savedAs; ///< the file name of the last SaveAs
+    std::string fileName; ///< of the module's file
     std::shared_ptr<FakeCodeModule> code;
     std::shared_ptr<FakeWindow> designerWindow;
     std::vector<std::shared_ptr<FakeControl>> controls;
@@ -109,6 +110,7 @@ class FakeComponent : public ide::VBComponent,
     void setName(std::string_view newName) override;
     ide::ComponentType Type() override;
     bool IsDirty() override;
+    std::string FileNames(std::int32_t index) override;
     std::shared_ptr<ide::CodeModule> CodeModule() override;
     std::shared_ptr<ide::VBForm> Designer() override;
     std::shared_ptr<ide::Window> DesignerWindow() override;

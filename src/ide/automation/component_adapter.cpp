@@ -22,6 +22,10 @@ bool VBComponentAdapter::IsDirty() {
     return com::booleanOf(object_.get(L"IsDirty"));
 }
 
+std::string VBComponentAdapter::FileNames(std::int32_t index) {
+    return com::textOf(object_.get(L"FileNames", index));
+}
+
 std::shared_ptr<ide::CodeModule> VBComponentAdapter::CodeModule() {
     return adapt<CodeModuleAdapter>(object_.get(L"CodeModule"));
 }

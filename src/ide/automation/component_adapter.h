@@ -16,6 +16,7 @@ class VBComponentAdapter : public ide::VBComponent {
     void setName(std::string_view name) override;
     ide::ComponentType Type() override;
     bool IsDirty() override;
+    std::string FileNames(std::int32_t index) override;
     std::shared_ptr<ide::CodeModule> CodeModule() override;
     std::shared_ptr<ide::VBForm> Designer() override;
     std::shared_ptr<ide::Window> DesignerWindow() override;

@@ -36,7 +36,7 @@ class Component : public ide::VBComponent {
     std::shared_ptr<ide::CodeModule> CodeModule() override;
     std::shared_ptr<ide::CodePane> CodePane();
     /// The path of its only file, 1. Throws RunTimeError 9 for another number.
-    std::string FileNames(std::int32_t index);
+    std::string FileNames(std::int32_t index) override;
     /// Whether it is new and not saved yet.
     bool isNew() const { return project_ != nullptr; }
     /// Writes the changes into the file, if there are any. Throws base::FileError, also when somebody else

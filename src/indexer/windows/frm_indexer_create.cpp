@@ -2,10 +2,12 @@
 #include "ide/required.h"
 #include "indexer/create_index.h"
 #include "indexer/module_name.h"
+#include "indexer/own_files.h"
 #include "indexer/windows/frm_indexer_observer.h"
 
 #include <array>
 #include <string>
+#include <vector>
 
 // Stage 2: the files, the mapping module's name, and the creation of the index.
 namespace corvelle::indexer {
@@ -94,6 +96,12 @@ void FrmIndexer::createIndex() {
     job.configurationPath = Text1(1).text();
     job.modulePath = Text1(3).text();
     job.txtModule = txtModule.text();
+    std::vector<std::string> typed{job.headerPath, job.configurationPath};
+    if (job.options.ChkIDMap == 1) typed.push_back(job.modulePath); // else it is not saved
+    if (const auto refusal = whatForbidsPaths(job.project, typed)) {
+        msgBox(*refusal);
+        return;
+    }
     Creating observer(*this);
     if (indexer::createIndex(job, session->report, observer) != IndexOutcome::Created) return;
     session->indexCreated = true;

@@ -1,3 +1,5 @@
+#include "base/ignoring_errors.h"
+#include "indexer/own_files.h"
 #include "indexer/text_entries.h"
 #include "indexer/windows/frm_indexer.h"
 
@@ -28,6 +30,12 @@ void FrmIndexer::loadChosenTextFile() {
 }
 
 void FrmIndexer::saveTextFile() {
+    std::shared_ptr<ide::VBProject> project;
+    base::ignoringErrors([&] { project = activeProject(); });
+    if (const auto refusal = whatForbidsPaths(project, {Text1(2).text()})) {
+        msgBox(*refusal);
+        return;
+    }
     const auto saved = saveTextEntries(Text1(2).text(), txtDefault.text(), texts_.index());
     if (saved.saved) appendToReport(saved.reportLine);
     msgBox(saved.message);
