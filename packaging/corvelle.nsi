@@ -145,14 +145,6 @@ Function un.onInit
   Call un.AskToCloseTheIde
 FunctionEnd
 
-; A setting that names a file of the older version is none of the user's own.
-!macro FORGET_SETTING section key file
-  ReadRegStr $0 HKCU "${SETTINGS}\Trellis\${section}" "${key}"
-  ${If} $0 == "$older\${file}"
-    DeleteRegValue HKCU "${SETTINGS}\Trellis\${section}" "${key}"
-  ${EndIf}
-!macroend
-
 !macro REMOVE_EMPTY_KEY key
   DeleteRegKey /ifnosubkeys /ifnovalues HKCU "${key}"
 !macroend
@@ -268,8 +260,6 @@ Section "Corvelle"
   ${If} $older != ""
     StrCpy $R0 $older
     UnRegDLL "$older\Corvelle.dll"
-    !insertmacro FORGET_SETTING "Configurations" "Help File" "FormatterHelp.chm"
-    !insertmacro FORGET_SETTING "Indexer" "ExcludeList_Path" "exclude.lst"
     Call RemoveFiles
     Delete "$older\uninstall.exe"
     RMDir $older

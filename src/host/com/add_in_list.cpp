@@ -36,6 +36,10 @@ bool exists(const std::wstring& file) {
     return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+bool isNamed(const std::wstring& path, const std::wstring& name) {
+    return lstrcmpiW(path.substr(path.find_last_of(L'\\') + 1).c_str(), name.c_str()) == 0;
+}
+
 void require(BOOL done) {
     if (!done) throw com::HresultError(HRESULT_FROM_WIN32(GetLastError()));
 }
@@ -82,11 +86,15 @@ void enterAddIns() {
     for (const ComClass& entry : classTable()) {
         if (!entry.isControl) enter(entry);
     }
+}
+
+void enterSettings() {
     for (const Setting& setting : settings) {
         const std::wstring file = besideModule(setting.file);
         if (!exists(file)) continue;
-        const auto key = RegistryKey::make(HKEY_CURRENT_USER, setting.path);
-        if (!key.has(setting.name)) key.set(setting.name, file);
+        const auto now = RegistryKey::text(HKEY_CURRENT_USER, setting.path, setting.name);
+        if (now && !(isNamed(*now, setting.file) && !exists(*now))) continue;
+        RegistryKey::make(HKEY_CURRENT_USER, setting.path).set(setting.name, file);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "com/dispatch_server.h"
 #include "com/error.h"
+#include "host/com/add_in_list.h"
 #include "ide/automation/automation.h"
 
 namespace corvelle::host {
@@ -32,6 +33,11 @@ HRESULT Extensibility::OnConnection(IDispatch* VBInst, vbext_ConnectMode Connect
 
 void Extensibility::connect(IDispatch* VBInst, std::int32_t ConnectMode) {
     const com::Ptr<IUnknown> alive(&owner_); // the IDE may let go of us meanwhile
+    try {
+        enterSettings();
+    } catch (const com::HresultError&) {
+        // Without them the add-ins have their defaults.
+    }
     addIn_->IDTExtensibility_OnConnection(automation::vbe(VBInst), ConnectMode);
 }
 

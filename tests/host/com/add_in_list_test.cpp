@@ -82,20 +82,20 @@ TEST_F(AddInList, LeavesOtherAddInsAlone) {
     WritePrivateProfileStringA("Add-Ins32", "Other.AddIn", nullptr, "vbaddin.ini");
 }
 
-TEST_F(AddInList, LeavesSettingsThatAreNotItsOwn) {
+TEST_F(AddInList, LeavesTheSettingsOfWhoeverInstallsAlone) {
     forms::RegistrySettings settings;
-    const std::string before = settings.get("Trellis", "Configurations", "Help File", "(none)");
-    settings.save("Trellis", "Configurations", "Help File", "D:\\Mine.chm");
+    const auto helpFile = [&] { return settings.get("Trellis", "Configurations", "Help File", "(none)"); };
+    EXPECT_EQ(helpFile(), "(none)");
     EXPECT_EQ(dll.install(true), S_OK);
-    EXPECT_EQ(settings.get("Trellis", "Configurations", "Help File", ""), "D:\\Mine.chm");
+    EXPECT_EQ(helpFile(), "(none)");
+    settings.save("Trellis", "Configurations", "Help File", "D:\\Mine.chm");
     EXPECT_EQ(dll.install(false), S_OK);
-    EXPECT_EQ(settings.get("Trellis", "Configurations", "Help File", ""), "D:\\Mine.chm");
+    EXPECT_EQ(helpFile(), "D:\\Mine.chm");
     HKEY key = nullptr;
     RegOpenKeyExA(HKEY_CURRENT_USER, "Software\\VB and VBA Program Settings\\Trellis\\Configurations", 0,
                   KEY_WRITE, &key);
     RegDeleteValueA(key, "Help File");
     RegCloseKey(key);
-    if (before != "(none)") settings.save("Trellis", "Configurations", "Help File", before);
 }
 
 } // namespace

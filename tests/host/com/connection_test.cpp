@@ -36,6 +36,7 @@ class Connection : public corvelle::test::ServedIde {
         object.reset();
         extensibility.reset();
         forget("Corvelle\\Settings", "AutoShow");
+        forget("Trellis\\Configurations", "Help File"); // the DLL's folder has one
         forget("Trellis\\Indexer", "ExcludeList_Path");
         EXPECT_EQ(dll.canUnloadNow(), S_OK);
     }
@@ -610,6 +611,54 @@ TEST_F(Connection, SurvivesObjectsOfTheWrongKind) {
                                                               nullptr, nullptr, nullptr),
               E_POINTER);
     odd->members.clear(); // it holds itself
+}
+
+/// A copy of the DLL beside the manual and an exclusion list, as the set-up leaves them.
+class FirstStart : public Connection {
+  protected:
+    FirstStart() {
+        CopyFileW(Dll::path().c_str(), (folder.path() / "Corvelle.dll").c_str(), FALSE);
+        folder.write("FormatterHelp.chm", "");
+        folder.write("exclude.lst", "");
+        forget("Trellis\\Indexer", "ExcludeList_Path");
+        forget("Trellis\\Configurations", "Help File");
+    }
+    void start() {
+        const Dll copy(folder.path() / "Corvelle.dll");
+        const auto extensibility = copy.make(formatterClass).query<IDTExtensibility>();
+        EXPECT_EQ(extensibility->OnConnection(served.get(), startup, nullptr, nullptr), S_OK);
+        EXPECT_EQ(extensibility->OnDisconnection(vbext_dm_UserClosed, nullptr), S_OK);
+    }
+    std::string helpFile() { return settings.get("Trellis", "Configurations", "Help File", "none"); }
+    std::string excludeList() { return settings.get("Trellis", "Indexer", "ExcludeList_Path", "none"); }
+    std::string path(const char* name) { return (folder.path() / name).string(); }
+};
+
+TEST_F(FirstStart, EntersTheFilesBesideTheDllInTheUsersSettings) {
+    start();
+    EXPECT_EQ(helpFile(), path("FormatterHelp.chm"));
+    EXPECT_EQ(excludeList(), path("exclude.lst"));
+}
+
+TEST_F(FirstStart, EntersNoFileThatIsNotThere) {
+    std::filesystem::remove(folder.path() / "exclude.lst");
+    start();
+    EXPECT_EQ(excludeList(), "none");
+}
+
+TEST_F(FirstStart, LeavesWhatTheUserHasChosen) {
+    settings.save("Trellis", "Indexer", "ExcludeList_Path", "D:\\mine.lst");
+    folder.write("other/FormatterHelp.chm", "");
+    settings.save("Trellis", "Configurations", "Help File", path("other\\FormatterHelp.chm"));
+    start();
+    EXPECT_EQ(excludeList(), "D:\\mine.lst");
+    EXPECT_EQ(helpFile(), path("other\\FormatterHelp.chm"));
+}
+
+TEST_F(FirstStart, FindsTheFilesThatHaveMovedWithTheNewVersion) {
+    settings.save("Trellis", "Configurations", "Help File", path("older\\FormatterHelp.chm"));
+    start();
+    EXPECT_EQ(helpFile(), path("FormatterHelp.chm"));
 }
 
 } // namespace
