@@ -143,12 +143,16 @@ TemporaryFile::~TemporaryFile() {
     liveFiles::leave(slot_);
 }
 
-void TemporaryFile::prepareExchange(const FileStamp& old, const fs::path& path) {
+fs::path TemporaryFile::exchangeName(const FileStamp& old, const fs::path& path) const {
     FileStamp own;
     if (!stampOf(number(), own)) throw fileErrorOfErrno(path);
     auto name = path_.filename().string();
     name.insert(name.size() - ending.size(), fileField(own) + stateField(old));
-    auto renamed = path_.parent_path() / name;
+    return path_.parent_path() / name;
+}
+
+void TemporaryFile::prepareExchange(const FileStamp& old, const fs::path& path) {
+    auto renamed = exchangeName(old, path);
     std::error_code error;
     fs::rename(path_, renamed, error);
     if (error) throw fileErrorOf(error, path);

@@ -25,6 +25,8 @@ class TemporaryFile {
     /// kill which of the two may be removed. A file of neither kind, which somebody wrote at that moment, is
     /// not. Throws FileError about the path.
     void prepareExchange(const FileStamp& old, const std::filesystem::path& path);
+    /// That name. The file is open.
+    std::filesystem::path exchangeName(const FileStamp& old, const std::filesystem::path& path) const;
     /// Whether it has the name still that it was made with.
     bool hasFirstName() const { return hasFirstName_; }
     /// It has got another name, or what stands under its own is not ours any more.

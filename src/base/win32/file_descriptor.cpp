@@ -1,6 +1,9 @@
 #include "base/file_descriptor.h"
 
+#include "base/win32/last_error.h"
+
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <sys/stat.h>
@@ -12,8 +15,19 @@ namespace {
 
 constexpr std::size_t largestTransfer = std::size_t{1} << 30;
 
-FileStamp stampFrom(const struct _stat64& status) {
-    return {0, 0, static_cast<std::uint64_t>(status.st_size), status.st_mtime, 0};
+bool stampOf(HANDLE file, FileStamp& stamp) {
+    BY_HANDLE_FILE_INFORMATION found;
+    if (!GetFileInformationByHandle(file, &found)) return false;
+    const auto joined = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    constexpr std::uint64_t second = 10000000; // of the 100 nanoseconds that the time is told in
+    const auto time = joined(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+    stamp = {found.dwVolumeSerialNumber,
+             joined(found.nFileIndexHigh, found.nFileIndexLow),
+             joined(found.nFileSizeHigh, found.nFileSizeLow),
+             static_cast<std::int64_t>(time / second),
+             static_cast<std::int64_t>(time % second * 100),
+             0};
+    return true;
 }
 
 } // namespace
@@ -62,17 +76,19 @@ std::string_view whatInsteadOfFile(int file) {
 }
 
 bool stampOf(int file, FileStamp& stamp) {
-    struct _stat64 status;
-    if (_fstat64(file, &status) != 0) return false;
-    stamp = stampFrom(status);
-    return true;
+    if (stampOf(reinterpret_cast<HANDLE>(_get_osfhandle(file)), stamp)) return true;
+    errno = errnoOfLastError();
+    return false;
 }
 
 bool stampOf(const std::filesystem::path& path, FileStamp& stamp) {
-    struct _stat64 status;
-    if (_wstat64(path.c_str(), &status) != 0) return false;
-    stamp = stampFrom(status);
-    return true;
+    const HANDLE file =
+        CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                    OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr); // which opens folders too
+    const bool taken = file != INVALID_HANDLE_VALUE && stampOf(file, stamp);
+    if (!taken) errno = errnoOfLastError();
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    return taken;
 }
 
 } // namespace corvelle::base

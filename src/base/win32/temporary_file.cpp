@@ -1,11 +1,11 @@
 #include "base/temporary_file.h"
 
 #include "base/live_files.h"
+#include "base/win32/last_error.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <io.h>
-#include <system_error>
 #include <windows.h>
 
 namespace corvelle::base {
@@ -15,16 +15,6 @@ namespace {
 BOOL WINAPI removeAll(DWORD) {
     liveFiles::goAll([](const wchar_t* path) { DeleteFileW(path); });
     return FALSE; // the next handler ends the process
-}
-
-int errnoOfLastError() {
-    switch (const auto error = static_cast<int>(GetLastError())) {
-    case ERROR_FILE_EXISTS:
-    case ERROR_ALREADY_EXISTS:
-        return EEXIST;
-    default:
-        return std::error_code(error, std::system_category()).default_error_condition().value();
-    }
 }
 
 } // namespace
@@ -45,6 +35,8 @@ FileDescriptor openTemporary(const std::filesystem::path& path, unsigned) {
 }
 
 void sweep(const std::filesystem::path& path) {
+    FileStamp stamp;
+    if (!stampOf(path, stamp) || !isTemporaryName(path.filename(), stamp)) return;
     const HANDLE file = CreateFileW(path.c_str(), DELETE, 0, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
     if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
