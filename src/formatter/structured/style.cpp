@@ -195,7 +195,8 @@ class Ballot {
                     best = {tabs, count};
                 }
             }
-            if (all >= enoughVotes || most == all) {
+            // In code that nobody has laid out the votes are anything: what most do not share is no style.
+            if (2 * most >= all && (all >= enoughVotes || most == all)) {
                 unit = best;
                 style_.unitBy.source = Source::Voted;
             }

@@ -39,6 +39,13 @@ TEST(StyleTest, TwoVotesThatDifferAreNone) {
     EXPECT_EQ(styleOf(blocksOf("  ")).unit.count, 2u);
 }
 
+TEST(StyleTest, AUnitThatMostDoNotShareIsNone) {
+    const std::string text = blocksOf(" ") + blocksOf(" ") + blocksOf(" ") + blocksOf("  ") +
+                             blocksOf("   ") + blocksOf("     ") + blocksOf("       ");
+    EXPECT_EQ(styleOf(text).unit.count, 4u);
+    EXPECT_EQ(styleOf(layOut(text)).unitBy.votes, 7u);
+}
+
 TEST(StyleTest, WhatIsSaidHolds) {
     StyleOptions options;
     options.tabs = true;
