@@ -158,10 +158,11 @@ Statement StatementReader::readHead(bool inMembers) {
             return {};
         }
         if (first_ && isDigit(c)) {
-            while (at_ < end_ && isLetter(line_[at_])) ++at_;
+            while (at_ < end_ && isDigit(line_[at_])) ++at_;
+            first_ = false;
+            if (at_ < end_ && isLetter(line_[at_])) return plain(); // `4f` is no number
             if (at_ < end_ && line_[at_] == ':') ++at_;
             if (kind_ == LineKind::Code) kind_ = LineKind::Numbered;
-            first_ = false;
             return {};
         }
         if (first_ && c == '#') {

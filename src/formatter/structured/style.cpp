@@ -25,11 +25,13 @@ struct TwoWay {
     Value byDefault, other;
     std::uint32_t forDefault = 0, forOther = 0;
 
-    void decide(const std::optional<Value>& said, Value& value, Decision& by) const {
+    // `scattered`: the module's votes for its unit say that nobody has laid it out.
+    void decide(const std::optional<Value>& said, bool scattered, Value& value, Decision& by) const {
         by = {Source::Default, 0, forDefault + forOther};
         value = byDefault;
-        if (forOther > forDefault) value = other;
-        if (by.of > 0) by.source = Source::Voted;
+        const bool trusted = !scattered || (forDefault == 0 && forOther >= enoughVotes);
+        if (forOther > forDefault && trusted) value = other;
+        if (by.of > 0 && trusted) by.source = Source::Voted;
         if (said) {
             value = *said;
             by.source = Source::Said;
@@ -65,6 +67,8 @@ class Ballot {
     }
 
     void decideBodies() {
+        const UnitVotes all = unitVotes([](const Sample&) { return true; });
+        const bool scattered = all.all >= enoughVotes && 2 * all.most() < all.all;
         TwoWay<Body> procedure{Body::Indent, Body::Flush}, declarations{Body::Indent, Body::Flush},
             onError{Body::Indent, Body::Flush}, type{Body::Indent, Body::Flush},
             caseBody{Body::Indent, Body::Flush}, withBody{Body::Indent, Body::Flush};
@@ -93,12 +97,12 @@ class Ballot {
             if (child == opener) ++votes->forOther;
             if (child > opener) ++votes->forDefault;
         }
-        procedure.decide(options_.procedure, style_.procedure, style_.procedureBy);
-        declarations.decide(options_.declarations, style_.declarations, style_.declarationsBy);
-        onError.decide(options_.onError, style_.onError, style_.onErrorBy);
-        type.decide(options_.type, style_.type, style_.typeBy);
-        caseBody.decide(options_.caseBody, style_.caseBody, style_.caseBy);
-        withBody.decide(options_.withBody, style_.withBody, style_.withBy);
+        procedure.decide(options_.procedure, scattered, style_.procedure, style_.procedureBy);
+        declarations.decide(options_.declarations, scattered, style_.declarations, style_.declarationsBy);
+        onError.decide(options_.onError, scattered, style_.onError, style_.onErrorBy);
+        type.decide(options_.type, scattered, style_.type, style_.typeBy);
+        caseBody.decide(options_.caseBody, scattered, style_.caseBody, style_.caseBy);
+        withBody.decide(options_.withBody, scattered, style_.withBody, style_.withBy);
     }
 
     // Each #If keeps its own ways where they can be seen; the module's votes are for the others.
@@ -117,8 +121,8 @@ class Ballot {
             if (ownBody[i]) ++(*ownBody[i] == Body::Flush ? body.forDefault : body.forOther);
             inner_[i] = innerColumns(block.outer) + (ownBody[i] == Body::Indent ? style_.columns() : 0);
         }
-        place.decide(options_.directive, style_.directive, style_.directiveBy);
-        body.decide(options_.directiveBody, style_.directiveBody, style_.directiveBodyBy);
+        place.decide(options_.directive, false, style_.directive, style_.directiveBy);
+        body.decide(options_.directiveBody, false, style_.directiveBody, style_.directiveBodyBy);
         for (std::size_t i = 0; i < count; ++i) {
             const DirectiveBlock& block = blocks_.directives[i];
             const Place where =
@@ -161,12 +165,26 @@ class Ballot {
         return child == beside + style_.columns() ? std::optional(Body::Indent) : std::nullopt;
     }
 
-    void decideUnit() {
-        std::array<std::array<std::uint32_t, widestUnit + 1>, 2> votes{}; // blanks, tabs; by their number
+    // The votes for the unit: how many blanks or tabs, and how often.
+    struct UnitVotes {
+        std::array<std::array<std::uint32_t, widestUnit + 1>, 2> of{}; // blanks, tabs; by their number
         std::uint32_t all = 0;
+
+        std::uint32_t most() const {
+            std::uint32_t result = 0;
+            for (const auto& counts : of)
+                result = std::max(result, *std::max_element(counts.begin(), counts.end()));
+            return result;
+        }
+    };
+
+    // Counts the blocks of which `counts` holds.
+    template <class Counts>
+    UnitVotes unitVotes(Counts counts) const {
+        UnitVotes votes;
         for (const Sample& sample : blocks_.samples) {
-            const bool ofBlock = sample.depth != Depth::Declaration && sample.depth != Depth::OnError;
-            if (!ofBlock || style_.bodyOf(sample.depth) == Body::Flush) continue;
+            if (sample.depth == Depth::Declaration || sample.depth == Depth::OnError || !counts(sample))
+                continue;
             if (!mayVote(sample.opener) || !mayVote(sample.child)) continue;
             const std::string_view outer = blanksOf(texts_[sample.opener], info(sample.opener));
             std::string_view more = blanksOf(texts_[sample.child], info(sample.child));
@@ -175,9 +193,17 @@ class Ballot {
             const bool tabs = more.front() == '\t';
             if (more.size() > widestUnit || !isOnly(more, more.front())) continue;
             if (options_.tabs && *options_.tabs != tabs) continue;
-            ++votes[tabs ? 1 : 0][more.size()];
-            ++all;
+            ++votes.of[tabs ? 1 : 0][more.size()];
+            ++votes.all;
         }
+        return votes;
+    }
+
+    void decideUnit() {
+        const UnitVotes found =
+            unitVotes([this](const Sample& sample) { return style_.bodyOf(sample.depth) == Body::Indent; });
+        const auto& votes = found.of;
+        const std::uint32_t all = found.all;
         Unit& unit = style_.unit;
         const bool tabsSaid = options_.tabs.value_or(false);
         unit = {tabsSaid, tabsSaid ? 1U : 4U};

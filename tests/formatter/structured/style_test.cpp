@@ -44,6 +44,9 @@ TEST(StyleTest, AUnitThatMostDoNotShareIsNone) {
                              blocksOf("   ") + blocksOf("     ") + blocksOf("       ");
     EXPECT_EQ(styleOf(text).unit.count, 4u);
     EXPECT_EQ(styleOf(layOut(text)).unitBy.votes, 7u);
+    const std::string flush = "Sub S()\nWith a\n.b\nEnd With\nEnd Sub\n";
+    EXPECT_EQ(styleOf(text + flush).withBody, Body::Indent);
+    EXPECT_EQ(styleOf(blocksOf("  ") + blocksOf("  ") + blocksOf("  ") + flush).withBody, Body::Flush);
 }
 
 TEST(StyleTest, WhatIsSaidHolds) {
