@@ -97,7 +97,9 @@ std::string withTextReplaced(std::string_view bytes, const Topic& topic, std::st
     std::string result(bytes.substr(0, topic.textFrom));
     if (topic.lineEnd.empty()) result += lineEnd;
     result += joined(lines, lineEnd);
-    result += old.end == 0 ? lineEnd : old.lineEnd;
+    // At the end of the file an empty line is one by its line end alone.
+    const bool needsLineEnd = old.end == 0 || (old.lineEnd.empty() && isBlank(lines.back()));
+    result += needsLineEnd ? lineEnd : old.lineEnd;
     auto rest = topic.textFrom + old.end;
     rest += placeOf(emptyLinesAtEnd(lines), bytes.substr(rest, topic.end - rest));
     return result.append(bytes.substr(rest));

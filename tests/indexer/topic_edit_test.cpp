@@ -69,9 +69,11 @@ TEST(TopicEdit, GivesATextToATopicWithoutALine) {
 }
 
 TEST(TopicEdit, DoesNotLetTheFileGrowByTheSameTextAgain) {
-    for (const std::string text : {"", "a", "a\r\n", "a\r\n\r\n", "\r\n", "\r\n\r\na", "a\n \n"}) {
+    for (const std::string text : {"", "a", "a\r\n", "a\r\n\r\n", "\r\n", "\r\n\r\na", "a\n \n", "a\n "}) {
         const auto once = withTopicText(file, "IDH_AAAB", text);
         EXPECT_EQ(withTopicText(once, "IDH_AAAB", text), once) << text;
+        const auto atEnd = withTopicText(".topic  A\nno end", "A", text);
+        EXPECT_EQ(withTopicText(atEnd, "A", text), atEnd) << text;
         const auto fresh = withTopicText(file, "IDH_AAAC", text);
         EXPECT_EQ(withTopicText(fresh, "IDH_AAAC", text), fresh) << text;
     }
