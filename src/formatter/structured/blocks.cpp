@@ -338,7 +338,11 @@ class Matcher {
         if (isCase) {
             if (!placed_) {
                 placeUnder(top_, logical_);
-                if (!open_.empty()) open_.back().fresh = false;
+                // An #If that begins with a Case stands where that does, not in the body of the Case above.
+                for (auto i = open_.rbegin(); i != open_.rend() && i->fresh; ++i) {
+                    placeUnder(top_, result_.directives[i->index].line);
+                    i->fresh = false;
+                }
                 if (first) sample(Depth::Case);
             }
         } else if (!placed_) {

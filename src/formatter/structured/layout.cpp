@@ -94,6 +94,7 @@ class Layout {
         while (last < lines_.size() && lines_[last].kind == LineKind::Continuation) ++last;
         for (std::uint32_t i = begin; i < last; ++i) {
             if (result_[i].dropped || lines_[i].start >= result_[i].end) continue;
+            if (lines_[begin].start > 0 && isMarginComment(i)) continue;
             write(i, std::max<std::int64_t>(oldColumn(i) + by, 0));
             if (result_[i].size() <= std::max(longestLine, texts_[i].size())) continue;
             notices_.push_back({"CV302", i, Fault::noLine,
@@ -106,6 +107,12 @@ class Layout {
             }
             return;
         }
+    }
+
+    // Whether the line is a comment in column 1 that stays there.
+    bool isMarginComment(std::uint32_t line) const {
+        return lines_[line].kind == LineKind::Comment && lines_[line].start == 0 &&
+               style_.marginComments == MarginComments::Keep;
     }
 
     // Whether the line is but the mark that joins the next one, which must stand behind a blank.
@@ -144,7 +151,7 @@ class Layout {
             columnAfter(texts_[run.touches], lines_[run.touches].comment, style_.tabWidth) == column) {
             return newColumnOfComment(run.touches);
         }
-        if (column == 0 && style_.marginComments == MarginComments::Keep) return 0;
+        if (isMarginComment(run.begin)) return 0;
         return columnOfStatement(run.begin);
     }
 

@@ -35,6 +35,13 @@ TEST(CommentsTest, OneInColumn1AmongIndentedCodeStays) {
     EXPECT_EQ(layOut(text, follow), "Sub S()\n    x\n    '    y\n    z\nEnd Sub\n");
 }
 
+TEST(CommentsTest, OnesInColumn1BehindOthersOfTheirRunStay) {
+    EXPECT_EQ(layOut("Sub S()\n  x\n  'a\n'    y\n'    z\n  'b\n  w\nEnd Sub\n", indented()),
+              "Sub S()\n    x\n    'a\n'    y\n'    z\n    'b\n    w\nEnd Sub\n");
+    EXPECT_EQ(layOut("Sub S()\nx\n'a\n'b\ny\nEnd Sub\n", indented()),
+              "Sub S()\n    x\n    'a\n    'b\n    y\nEnd Sub\n");
+}
+
 TEST(CommentsTest, AnyOtherStandsWithTheNextStatementOrTheBody) {
     EXPECT_EQ(
         layOut(

@@ -80,6 +80,15 @@ TEST(StyleTest, DeclarationsInTheHeadersColumnStay) {
     EXPECT_EQ(layOut(text, said), "Sub S()\n    Dim a\n    On Error GoTo E\n    b\nEnd Sub\n");
 }
 
+TEST(StyleTest, ADirectiveThatBeginsWithACaseStandsWhereThatDoes) {
+    const std::string text = "Sub S()\nSelect Case a\n    Case 1\n        b\n    #If C Then\n    Case 2\n"
+                             "        d\n    #End If\nEnd Select\nEnd Sub\n";
+    EXPECT_EQ(layOut(text), text);
+    const std::string both = "Sub S()\nSelect Case a\n    Case 1\n        b\n    #If C Then\n    #If D Then\n"
+                             "    Case 2\n        e\n    #End If\n    #End If\nEnd Select\nEnd Sub\n";
+    EXPECT_EQ(layOut(both), both);
+}
+
 TEST(StyleTest, EachDirectiveKeepsItsWays) {
     const std::string text =
         "#If A Then\n    Const b = 1\n#Else\n    Const b = 2\n#End If\n#If C Then\nConst d = 1\n"
