@@ -3,6 +3,7 @@
 #include "base/binary_check.h"
 #include "base/new_file.h"
 #include "base/path_text.h"
+#include "cli/shown_text.h"
 #include "cli/unified_diff.h"
 #include "formatter/misplaced_blocks.h"
 
@@ -43,6 +44,14 @@ formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
         code.lines.push_back(file.codeLine(line));
     }
     return code;
+}
+
+// A line of a module at the end of a message. One that is longer than any the IDE takes shows its beginning.
+std::string shownSource(std::string_view line) {
+    constexpr std::size_t longest = 1023;
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    if (line.size() > longest) return shown(line.substr(0, longest)) + "...";
+    return shown(line.substr(0, line.find_last_not_of(" \t") + 1));
 }
 
 } // namespace
@@ -130,18 +139,15 @@ void FormatJob::judge() {
         return;
     }
     if (code_.error) {
-        diagnose(exitLookAt, file_->fileLine(code_.position), code_.error->description());
+        diagnose({code_.position, code_.error->description(), formatter::Finding::noLine,
+                  std::string(formatter::explanationOf(*code_.error))});
         fate_ = Fate::Refused;
         return;
     }
-    for (const auto& fault : code_.faults) {
-        diagnose(exitLookAt, file_->fileLine(fault.line), textOf(fault));
-    }
+    for (const auto& fault : code_.faults) diagnose(fault);
     if (!isStructured()) {
         const auto code = codeOf(*file_, file_->newLine());
-        if (const auto misplaced = formatter::findMisplacedBlock(code, code_)) {
-            diagnose(exitLookAt, file_->fileLine(misplaced->line), misplaced->text);
-        }
+        if (const auto misplaced = formatter::findMisplacedBlock(code, code_)) diagnose(*misplaced);
     }
     // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
     const bool wrong = status_ != exitDone && !isStructured();
@@ -150,11 +156,14 @@ void FormatJob::judge() {
         notices_.append(": ").append(textOf(notice)) += '\n';
     }
     const std::size_t saidBefore = diagnostics_.size();
-    for (const auto& found : code_.unsafe) diagnoseUnsafe(file_->fileLine(found.line), found.text);
+    for (const auto& found : code_.unsafe) {
+        diagnoseUnsafe(file_->fileLine(found.line), file_->codeLine(found.line), found.text);
+    }
     if (const auto loss = formatter::lossAtLineEnd(file_->bytes(), formatted().missingLineEnd())) {
         const auto& bytes = file_->bytes();
         const auto lineFeeds = std::count(bytes.begin(), bytes.end(), '\n');
-        diagnoseUnsafe(static_cast<std::uint32_t>(lineFeeds) + 1, *loss);
+        const auto lastLine = std::string_view(bytes).substr(bytes.rfind('\n') + 1);
+        diagnoseUnsafe(static_cast<std::uint32_t>(lineFeeds) + 1, lastLine, *loss);
     }
     if (code_.level != 0) note_ = "the level ends at " + std::to_string(code_.level);
     summary_ = "Module contains " + std::to_string(file_->codeLineCount()) +
@@ -287,8 +296,20 @@ void FormatJob::printDiff(base::FileWriter& out) const {
     differ.diff.finish();
 }
 
-void FormatJob::diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss) {
+void FormatJob::diagnose(const formatter::Finding& finding) {
+    const auto fileLine = file_->fileLine(finding.line);
+    diagnose(exitLookAt, fileLine, textOf(finding));
+    explain(fileLine, finding.explanation, file_->codeLine(finding.line));
+}
+
+void FormatJob::diagnoseUnsafe(std::uint32_t fileLine, std::string_view line, std::string_view loss) {
     diagnose(exitLookAt, fileLine, std::string("unsafe: ").append(loss));
+    explain(fileLine, formatter::unsafeExplanation, line);
+}
+
+void FormatJob::explain(std::uint32_t fileLine, std::string_view words, std::string_view line) {
+    if (words.empty()) return;
+    diagnose(exitLookAt, fileLine, std::string(words).append(": ").append(shownSource(line)));
 }
 
 void FormatJob::diagnose(ExitStatus status, std::string_view message) {

@@ -54,7 +54,10 @@ class FormatJob {
     void saveBackup() const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
-    void diagnoseUnsafe(std::uint32_t fileLine, std::string_view loss);
+    /// One line of a message, and one that explains it where it needs that.
+    void diagnose(const formatter::Finding& finding);
+    void diagnoseUnsafe(std::uint32_t fileLine, std::string_view line, std::string_view loss);
+    void explain(std::uint32_t fileLine, std::string_view words, std::string_view line);
     void printDiff(base::FileWriter& out) const;
     bool printsModule() const;
 

@@ -47,7 +47,8 @@ void indent(Engine& engine, FormattedCode& result) {
     }
     Origins origins(result.kept);
     for (const auto& error : engine.errors()) {
-        result.faults.push_back({origins.lineOf(error.position), error.text(), Finding::noLine});
+        result.faults.push_back({origins.lineOf(error.position), error.text(), Finding::noLine,
+                                 std::string(error.explanation())});
     }
     result.position = Origins(result.kept).lineOf(engine.position());
     result.level = engine.indentLevel();
@@ -60,7 +61,7 @@ std::vector<Finding> findingsOf(const std::vector<structured::Fault>& faults) {
     std::vector<Finding> findings;
     findings.reserve(faults.size());
     for (const auto& fault : faults) {
-        findings.push_back({fault.line, std::string(fault.code) + " " + fault.words, fault.other});
+        findings.push_back({fault.line, std::string(fault.code) + " " + fault.words, fault.other, {}});
     }
     return findings;
 }
@@ -125,7 +126,7 @@ std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode
     std::int32_t index = 0;
     for (std::uint32_t line = 0; line < code.lines.size(); ++line) {
         const auto report = [&](std::optional<std::string> loss) {
-            if (loss) found.push_back({line, std::move(*loss), Finding::noLine});
+            if (loss) found.push_back({line, std::move(*loss), Finding::noLine, {}});
         };
         if (formatted.kept[line]) {
             report(check.kept(code.lines[line], lines.text(index), lines.spaces(index)));
@@ -136,6 +137,17 @@ std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode
         }
     }
     return found;
+}
+
+std::string_view explanationOf(const base::RunTimeError& error) {
+    switch (static_cast<base::ErrorNumber>(error.number())) {
+    case base::ErrorNumber::Overflow:
+        return "CV103 the blocks that are open here need more than 32767 blanks";
+    case base::ErrorNumber::InvalidProcedureCall:
+        return "CV104 more blocks were closed than were open before this Case";
+    default:
+        return {};
+    }
 }
 
 std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd) {

@@ -28,6 +28,7 @@ struct Finding {
     std::uint32_t line; ///< 0-based, of the code before it was formatted
     std::string text;
     std::uint32_t other = noLine; ///< a second line that belongs to it
+    std::string explanation = {}; ///< a code and words, where the text is one that says too little
 };
 
 /// What a layout makes of a module's code.
@@ -56,6 +57,13 @@ FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOpt
 /// The lines of the code that the formatted one would harm. The check that each layout's result has to pass.
 std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode& formatted,
                                      bool commentsMayGo);
+
+/// A code and words that explain the error that ended a run; empty for one that no layout raises.
+std::string_view explanationOf(const base::RunTimeError& error);
+
+/// A code and words that explain what an unsafe line means.
+inline constexpr std::string_view unsafeExplanation =
+    "CV105 formatted, the code would not say what it says now";
 
 /// What is lost where the text's last character would become a part of the line end behind it.
 std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd);

@@ -14,6 +14,8 @@ struct StructuralError {
 
     /// The entry of the error list: "Tab On Line: 5" or "Error On Line: 5".
     std::string text() const;
+    /// A code and words that say what is wrong.
+    std::string_view explanation() const;
 };
 
 /// What a pass tells its owner, and where it lets the owner serve other work. Does nothing unless overridden,

@@ -117,7 +117,9 @@ TEST_F(Backups, UseUpNoNameForAModuleThatFails) {
     folder.write("2/m.bas", untidy);
     const Outcome outcome = formatWithBackups({"--tab-width", "10", "1", "2"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "1/m.bas:3278: Overflow\n");
+    EXPECT_EQ(outcome.err,
+              "1/m.bas:3278: Overflow\n1/m.bas:3278: CV103 the blocks that are open here need more than "
+              "32767 blanks: Do\n");
     EXPECT_THAT(backups(), ElementsAre("m_bak.bas"));
     EXPECT_EQ(folder.read("bak/m_bak.bas"), untidy);
     EXPECT_EQ(folder.read("1/m.bas"), tooDeep);

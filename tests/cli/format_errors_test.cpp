@@ -14,6 +14,11 @@ class Errors : public FormatTest {
         options.push_back("a.bas");
         return format(options);
     }
+    // What is said of an If that the counter has no room for.
+    static std::string overflow(const std::string& place) {
+        return place + ": Overflow\n" + place +
+               ": CV103 the blocks that are open here need more than 32767 blanks: If a Then\n";
+    }
     std::string repeated(std::string_view line, int times) {
         std::string result;
         for (int i = 0; i < times; ++i) result += line;
@@ -23,12 +28,12 @@ class Errors : public FormatTest {
 
 TEST_F(Errors, StandAtTheirLineInTheFile) {
     EXPECT_EQ(formatModule("a\r\nEnd Sub\r\nb\r\nEnd Sub\r\n", {"--quiet"}).err,
-              "a.bas:2: Tab On Line: 1\na.bas:4: Tab On Line: 3\n");
+              tabError("a.bas:2", 1, "End Sub") + tabError("a.bas:4", 3, "End Sub"));
 }
 
 TEST_F(Errors, OfBothKindsAreNamedAsInTheErrorList) {
     EXPECT_EQ(formatModule("Case 1\r\nEnd Sub\r\nEnd Select\r\n", {"--quiet"}).err,
-              "a.bas:3: Tab On Line: 2\na.bas:3: Error On Line: 2\n");
+              tabError("a.bas:3", 2, "End Select") + selectError("a.bas:3", 2));
 }
 
 TEST_F(Errors, CountTheHeaderAndTheHiddenLines) {
@@ -38,26 +43,38 @@ TEST_F(Errors, CountTheHeaderAndTheHiddenLines) {
                              "Sub a()\r\nAttribute a.VB_Description = \"x\"\r\n"                 // 8, 9
                              "End Sub\r\nEnd Sub\r\n";                                           // 10, 11
     folder.write("f.frm", form);
-    EXPECT_EQ(format({"--quiet", "f.frm"}).err, "f.frm:7: Tab On Line: 0\nf.frm:11: Tab On Line: 3\n");
+    EXPECT_EQ(format({"--quiet", "f.frm"}).err,
+              tabError("f.frm:7", 0, "End Sub") + tabError("f.frm:11", 3, "End Sub"));
 }
 
 TEST_F(Errors, CountTheLinesThatAreRemoved) {
     EXPECT_EQ(formatModule("\r\n' x\r\n\r\nEnd Sub\r\n\r\nEnd Sub\r\n",
                            {"--quiet", "--remove-empty-lines", "--remove-comment-lines"})
                   .err,
-              "a.bas:4: Tab On Line: 0\na.bas:6: Tab On Line: 1\n");
+              tabError("a.bas:4", 0, "End Sub") + tabError("a.bas:6", 1, "End Sub"));
+}
+
+TEST_F(Errors, ShowTheirLineWithoutItsOuterBlanksAndWithoutWhatATerminalObeys) {
+    EXPECT_EQ(formatModule(" \tEnd Sub '\x1B[2Jx\xE4 \t\n", {"--quiet"}).err,
+              tabError("a.bas:1", 0, "End Sub '\\x1B[2Jx\xE4"));
+}
+
+TEST_F(Errors, ShowTheBeginningOfALineThatTheIDECouldNotTake) {
+    const std::string line = "End Sub '" + std::string(2000, 'x');
+    EXPECT_EQ(formatModule(line, {"--quiet"}).err, tabError("a.bas:1", 0, line.substr(0, 1023) + "..."));
 }
 
 TEST_F(Errors, NameStandardInput) {
-    EXPECT_EQ(pass("End Sub\n", {"--quiet"}).err, "<stdin>:1: Tab On Line: 0\n");
-    EXPECT_EQ(pass("End Sub\n", {"--quiet", "--stdin-name", "x/y.cls"}).err, "x/y.cls:1: Tab On Line: 0\n");
+    EXPECT_EQ(pass("End Sub\n", {"--quiet"}).err, tabError("<stdin>:1", 0, "End Sub"));
+    EXPECT_EQ(pass("End Sub\n", {"--quiet", "--stdin-name", "x/y.cls"}).err,
+              tabError("x/y.cls:1", 0, "End Sub"));
 }
 
 TEST_F(Errors, AtRunTimeStandAlone) {
     // The End Sub is an error of its own, but the pass does not get to its end.
     const std::string module = "End Sub\n" + repeated("If a Then\n", 4000);
     const Outcome outcome = formatModule(module, {"--tab-width", "10"});
-    EXPECT_EQ(outcome.err, "a.bas:3279: Overflow\n");
+    EXPECT_EQ(outcome.err, overflow("a.bas:3279"));
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(folder.read("a.bas"), module);
 }
@@ -66,13 +83,15 @@ TEST_F(Errors, AtRunTimeCountTheLinesThatAreHiddenOrRemoved) {
     const std::string module = "Attribute VB_Name = \"x\"\n\nDim a\nAttribute a.VB_VarHelpID = -1\n\n" +
                                repeated("If a Then\n", 4000);
     const Outcome outcome = formatModule(module, {"--tab-width", "10", "--remove-empty-lines"});
-    EXPECT_EQ(outcome.err, "a.bas:3283: Overflow\n");
+    EXPECT_EQ(outcome.err, overflow("a.bas:3283"));
 }
 
 TEST_F(Errors, AtRunTimeCanBeANegativeLevel) {
     const std::string module = "Select Case a\nCase 1\nEnd Sub\nEnd Sub\nCase 2\n";
     const Outcome outcome = formatModule(module, {"--force"});
-    EXPECT_EQ(outcome.err, "a.bas:5: Invalid procedure call or argument\n");
+    EXPECT_EQ(outcome.err,
+              "a.bas:5: Invalid procedure call or argument\n"
+              "a.bas:5: CV104 more blocks were closed than were open before this Case: Case 2\n");
     EXPECT_EQ(outcome.status, 1);
 }
 
@@ -82,7 +101,7 @@ TEST_F(Errors, AtRunTimeAreNotForced) {
         const Outcome outcome = formatModule(module, {"--force", mode, "--tab-width", "10"});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.out, "");
-        EXPECT_EQ(outcome.err, "a.bas:3278: Overflow\n");
+        EXPECT_EQ(outcome.err, overflow("a.bas:3278"));
         EXPECT_EQ(folder.read("a.bas"), module);
     }
 }
@@ -157,7 +176,7 @@ TEST_F(Errors, InGreatNumberAreFoundInOneWalk) {
     // Each of them looked for from the module's first line on would take minutes.
     const Outcome outcome = formatModule(repeated("End Sub\n", 200'000), {"--quiet"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.err, testing::EndsWith("\na.bas:200000: Tab On Line: 199999\n"));
+    EXPECT_THAT(outcome.err, testing::EndsWith("\n" + tabError("a.bas:200000", 199999, "End Sub")));
 }
 
 } // namespace

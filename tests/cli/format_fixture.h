@@ -35,6 +35,22 @@ class FormatTest : public testing::Test {
     TemporaryFolder folder;
 };
 
+/// What is said of a structural error: its entry in the error list, and what that means.
+inline std::string tabError(const std::string& place, int position, const std::string& source) {
+    return place + ": Tab On Line: " + std::to_string(position) + "\n" + place +
+           ": CV101 this closes a block, but none is open: " + source + "\n";
+}
+inline std::string selectError(const std::string& place, int position) {
+    return place + ": Error On Line: " + std::to_string(position) + "\n" + place +
+           ": CV102 this End Select closes one block more than is open: End Select\n";
+}
+
+/// What is said of an unsafe line.
+inline std::string unsafe(const std::string& place, const std::string& loss, const std::string& source) {
+    return place + ": unsafe: " + loss + "\n" + place +
+           ": CV105 formatted, the code would not say what it says now: " + source + "\n";
+}
+
 /// The line about a module that was processed.
 inline std::string summary(std::string_view name, int before, int after) {
     return std::string(name) + ": Module contains " + std::to_string(before) +

@@ -74,7 +74,7 @@ TEST_F(Results, OfCheckAreThePathsThatWouldChange) {
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.out, "./a.bas\n");
     EXPECT_EQ(outcome.err, summary("./a.bas", 5, 5) + summary("./b.bas", 5, 5) +
-                               "./c.bas:2: Tab On Line: 1\n" + summary("./c.bas", 2, 2) +
+                               tabError("./c.bas:2", 1, "End Sub") + summary("./c.bas", 2, 2) +
                                "1 would be rewritten, 1 left unchanged, 1 refused\n");
 }
 
@@ -139,7 +139,7 @@ TEST_F(Results, OfARefusedModuleAreNeitherWrittenNorListedNorShown) {
         const Outcome outcome = format({mode, "a.bas"});
         EXPECT_EQ(outcome.status, 1);
         EXPECT_EQ(outcome.out, "");
-        EXPECT_THAT(outcome.err, HasSubstr("a.bas:2: Tab On Line: 1\n"));
+        EXPECT_THAT(outcome.err, HasSubstr(tabError("a.bas:2", 1, "End Sub")));
         EXPECT_EQ(folder.read("a.bas"), broken);
     }
 }
@@ -156,7 +156,7 @@ TEST_F(Results, OfARefusedModuleAreForcedWithTheSameStatus) {
     EXPECT_EQ(outcome.out, formatted);
     outcome = format({"--force", "a.bas"});
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.err, "a.bas:4: Tab On Line: 3\n" + summary("a.bas", 4, 4));
+    EXPECT_EQ(outcome.err, tabError("a.bas:4", 3, "End Sub") + summary("a.bas", 4, 4));
     EXPECT_EQ(folder.read("a.bas"), formatted);
 }
 
@@ -181,7 +181,7 @@ TEST_F(Results, AreQuietButForErrors) {
     folder.write("c.bas", "Sub a()\r\n");
     folder.write("d.bas", "");
     const Outcome outcome = format({"--quiet", "."});
-    EXPECT_EQ(outcome.err, "./b.bas:2: Tab On Line: 1\n");
+    EXPECT_EQ(outcome.err, tabError("./b.bas:2", 1, "End Sub"));
     EXPECT_EQ(outcome.out, "");
 }
 

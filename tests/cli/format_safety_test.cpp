@@ -80,8 +80,16 @@ TEST_F(Safety, IsInDangerByALineThatBecomesTooLong) {
 
 TEST_F(Safety, IsReportedForEveryLineInOrder) {
     const Outcome outcome = pass("Dim\ta\r\nEnd Sub\r\nDim\tb\r\n", {"--quiet"});
-    EXPECT_EQ(outcome.err, "<stdin>:2: Tab On Line: 1\n<stdin>:1: unsafe: the blank between Dim and a\n"
-                           "<stdin>:3: unsafe: the blank between Dim and b\n");
+    EXPECT_EQ(outcome.err, tabError("<stdin>:2", 1, "End Sub") +
+                               unsafe("<stdin>:1", "the blank between Dim and a", "Dim\\x09a") +
+                               unsafe("<stdin>:3", "the blank between Dim and b", "Dim\\x09b"));
+}
+
+TEST_F(Safety, ShowsTheLineBehindTheLastLineEnd) {
+    constexpr auto loss = "the carriage return in front of the line's end";
+    EXPECT_EQ(pass("Sub a()\nEnd Sub\n  ' b\r", {"--quiet"}).err, unsafe("<stdin>:3", loss, "' b\\x0D"));
+    EXPECT_EQ(pass("Dim a\nAttribute a.VB_VarHelpID = -1\r", {"--quiet"}).err,
+              unsafe("<stdin>:2", loss, "Attribute a.VB_VarHelpID = -1\\x0D"));
 }
 
 TEST_F(Safety, CountsTheHeaderAndHiddenLines) {
