@@ -167,7 +167,7 @@ TEST_F(OddFiles, WithControlCharactersInTheirNamesAreShownOnOneLine) {
                 testing::Not(testing::AnyOf(HasSubstr("\x1B"), HasSubstr("\x07"))));
     EXPECT_EQ(format({"--check", "d"}).err, summary("d/" + shownName, 5, 5));
     folder.write("d/" + name, "End Sub\r\n");
-    EXPECT_EQ(format({"--quiet", "d"}).err, "d/" + shownName + ":1: Tab On Line: 0\n");
+    EXPECT_EQ(format({"--quiet", "d"}).err, tabError("d/" + shownName + ":1", 0, "End Sub"));
     EXPECT_THAT(format({"gone\x1B.bas"}).err, HasSubstr("gone\\x1B.bas: File not found\n"));
     EXPECT_THAT(format({"--wrong\x1B[2J", "a.bas"}).err, HasSubstr("--wrong\\x1B[2J"));
     folder.write(
