@@ -288,7 +288,7 @@ Section "Corvelle"
     Call Protect
   ${EndIf}
 
-  ; The DLL also enters itself in the IDE's lists, and the settings, where the user has no values of his own.
+  ; The DLL also enters its add-ins in the IDE's lists.
   ExecWait '"$SYSDIR\regsvr32.exe" /s /i "$INSTDIR\Corvelle.dll"' $0
   ${If} $0 <> 0
     MessageBox MB_OK|MB_ICONSTOP "Corvelle.dll could not be registered. Start the set-up as an administrator." /SD IDOK

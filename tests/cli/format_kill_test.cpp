@@ -6,6 +6,8 @@
 #include "cli/run_corvelle.h"
 #include "faults/folder_state.h"
 
+#include <cstdio>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace corvelle::cli {
@@ -72,6 +74,23 @@ TEST(FormatKill, LeavesModulesAndBackupsThatWereThereOldOrNew) {
                 EXPECT_EQ(now.at("old/Greeting_bak2.bas"), untidy);
             }
         });
+}
+
+TEST(FormatKill, LeavesNoNumberOfFilesThatWouldStopAWrite) {
+    const test::InMemory inMemory;
+    const test::TemporaryFolder folder;
+    folder.write("a.bas", untidy);
+    char name[] = ".corvelle-0000000000000000.tmp";
+    for (int i = 0; i < 10000; ++i) {
+        std::snprintf(name, sizeof name, ".corvelle-%016x.tmp", i);
+        folder.write(name, "");
+    }
+    folder.write(".corvelle-mine.tmp", "no name of ours");
+    test::Surroundings surroundings;
+    surroundings.folder = folder.path();
+    EXPECT_EQ(test::runCorvelle({"format", "a.bas"}, surroundings).status, 0);
+    EXPECT_NE(folder.read("a.bas"), untidy);
+    EXPECT_THAT(folder.names(), testing::UnorderedElementsAre("a.bas", ".corvelle-mine.tmp"));
 }
 
 } // namespace
