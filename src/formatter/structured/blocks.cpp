@@ -63,6 +63,8 @@ class Matcher {
   public:
     explicit Matcher(const std::vector<std::string_view>& lines) : texts_(lines) {
         result_.lines.resize(lines.size());
+        blocks_.reserve(lines.size() / 8 + 1);
+        result_.samples.reserve(lines.size() / 8 + 1);
         blocks_.push_back({}); // the module
     }
 
@@ -151,10 +153,7 @@ class Matcher {
         info.comment = reader_.comment();
         info.carriesComment = reader_.carriesComment();
         info.joinsNext = reader_.joinsNext();
-        // A lone carriage return may end a line for another reader: what it joins is not decided here.
-        const bool unknown = text.find('\r') != std::string_view::npos;
-        const bool goesOn = info.kind == LineKind::Continuation && result_.lines[line_ - 1].keepEnd;
-        info.keepEnd = info.keepEnd || reader_.leftOpen() || unknown || goesOn;
+        info.keepEnd = info.keepEnd || reader_.leftOpen();
         if (!placed_ && info.kind != LineKind::Continuation) placeUnder(top_, line_);
         if (info.kind == LineKind::Comment && !info.joinsNext) {
             if (!off_ && isSwitch(text, "corvelle:off")) off_ = info.off = true;

@@ -22,6 +22,7 @@ enum class Depth : std::uint8_t {
     Case,        ///< a Case under its Select
     With,        ///< the body of a With
 };
+inline constexpr std::size_t depths = 8; ///< how many there are
 
 /// What the reader and the blocks tell of a physical line.
 struct LineInfo {

@@ -80,9 +80,13 @@ class Layout {
         const std::size_t tabs = style_.unit.tabs ? column / style_.tabWidth : 0;
         const std::size_t spaces = column - tabs * style_.tabWidth;
         if (blanks.size() != tabs + spaces) return false;
-        const auto firstSpace = blanks.begin() + static_cast<std::ptrdiff_t>(tabs);
-        return std::all_of(blanks.begin(), firstSpace, [](char c) { return c == '\t'; }) &&
-               std::all_of(firstSpace, blanks.end(), [](char c) { return c == ' '; });
+        for (std::size_t i = 0; i < tabs; ++i) {
+            if (blanks[i] != '\t') return false;
+        }
+        for (std::size_t i = tabs; i < blanks.size(); ++i) {
+            if (blanks[i] != ' ') return false;
+        }
+        return true;
     }
 
     // Puts the first of the lines, which belong together, into the column; the others move with it.

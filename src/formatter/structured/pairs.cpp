@@ -135,7 +135,8 @@ class Pairs {
         return lines_[next].start != lines_[line].start && column(next) == column(line) + style_.columns();
     }
     bool begins(std::uint32_t line, std::uint32_t next) const {
-        return sameBlock(line, next) && isOneDeeper(line, next) && !nameIn(line).empty();
+        return lines_[next].start > lines_[line].start && sameBlock(line, next) && isOneDeeper(line, next) &&
+               !nameIn(line).empty();
     }
 
     void end(std::uint32_t line) {

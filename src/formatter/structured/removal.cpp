@@ -13,14 +13,28 @@ class Removal {
         for (std::size_t i = 0; i < lines_.size(); ++i) {
             result_[i].end = static_cast<std::uint32_t>(texts_[i].size());
         }
-        for (std::size_t i = 0; i < lines_.size(); ++i) {
-            if (!lines_[i].fixed()) takeFrom(i);
+        const bool comments = options_.removeCommentLines || options_.removeTrailingComments;
+        if (comments || options_.trim) findEndsToKeep();
+        if (comments || options_.trim || options_.removeEmptyLines) {
+            for (std::size_t i = 0; i < lines_.size(); ++i) {
+                if (!lines_[i].fixed()) takeFrom(i);
+            }
         }
         if (options_.maxEmptyLines) foldEmptyLines(*options_.maxEmptyLines);
         return std::move(result_);
     }
 
   private:
+    // A lone carriage return may end a line for another reader: what it is and what it joins is not decided
+    // here.
+    void findEndsToKeep() {
+        keepEnd_.resize(lines_.size());
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            const bool goesOn = lines_[i].kind == LineKind::Continuation && i > 0 && keepEnd_[i - 1];
+            keepEnd_[i] = goesOn || lines_[i].keepEnd || texts_[i].find('\r') != std::string_view::npos;
+        }
+    }
+
     void takeFrom(std::size_t i) {
         const LineInfo& line = lines_[i];
         if (result_[i].dropped) return;
@@ -38,7 +52,7 @@ class Removal {
     // Whether the comment that begins in the line may go, with all the lines that it goes on in.
     bool mayDropCommentOf(std::size_t i) const {
         for (;; ++i) {
-            if (lines_[i].keepEnd || lines_[i].fixed()) return false;
+            if (keepEnd_[i] || lines_[i].fixed()) return false;
             if (!lines_[i].joinsNext || i + 1 == lines_.size()) return true;
         }
     }
@@ -61,7 +75,7 @@ class Removal {
 
     void trim(std::size_t i) {
         const std::string_view text = texts_[i].substr(0, result_[i].end);
-        if (lines_[i].keepEnd || endsInJoin(text)) return;
+        if (keepEnd_[i] || endsInJoin(text)) return;
         result_[i].end = static_cast<std::uint32_t>(lengthWithoutBlanks(text));
     }
 
@@ -83,6 +97,7 @@ class Removal {
     const std::vector<LineInfo>& lines_;
     const StructuredOptions& options_;
     std::vector<NewLine> result_;
+    std::vector<bool> keepEnd_;
 };
 
 } // namespace

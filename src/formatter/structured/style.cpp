@@ -279,12 +279,16 @@ std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& sty
         inner.push_back(innerOf(blocks.directives[i].outer) +
                         (style.directives[i].body == Body::Indent ? 1 : 0));
     }
+    std::array<std::uint32_t, depths> deeper{};
+    for (std::size_t i = 0; i < depths; ++i) {
+        deeper[i] = style.bodyOf(static_cast<Depth>(i)) == Body::Indent ? 1 : 0;
+    }
     std::vector<std::uint32_t> levels(blocks.lines.size());
     for (std::size_t i = 0; i < levels.size(); ++i) {
         const LineInfo& line = blocks.lines[i];
         levels[i] = innerOf(line.directive) - innerOf(line.within);
         if (line.parent == LineInfo::none) continue;
-        levels[i] += levels[line.parent] + (style.bodyOf(line.depth) == Body::Indent ? 1 : 0);
+        levels[i] += levels[line.parent] + deeper[static_cast<std::size_t>(line.depth)];
         if (!style.paired.empty()) levels[i] += style.paired[i] - style.paired[line.parent];
     }
     return levels;
