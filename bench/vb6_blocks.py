@@ -191,9 +191,9 @@ class Matcher:
         column = len(first_line[:blanks].expandtabs(self._tab_width))
         if bare[0] == '#' and self._directive(bare.lower(), column, number):
             return
+        if bare[0] in 'aA' and _ATTRIBUTE.match(bare):
+            return
         if _SUSPECT.search(bare):
-            if _ATTRIBUTE.match(bare):
-                return
             bare = _OPAQUE.sub(_placeholder, bare)
         text = bare.strip(' \t').lower()
         in_list = bool(self._stack) and self._stack[-1].kind in ('type', 'enum')

@@ -30,6 +30,7 @@ const Files& givenFiles() {
         {"g.vbg", "VBGROUP 5.0\r\nStartupProject=p.vbp\r\n"},
         {"m.bas", "Attribute VB_Name = \"m\"\r\n" + std::string(untidy)},
         {"sub/k.cls", std::string(untidy)},
+        {".editorconfig", "root = true\n[*.bas]\nindent_size = 3\n[*.cls]\ncorvelle_layout = classic\n"},
         {"f.frm",
          "VERSION 5.00\r\nBegin VB.Form f \r\n   Begin VB.TextBox t \r\n   End\r\nEnd\r\nAttribute VB_Name = "
          "\"f\"\r\n" +
@@ -92,7 +93,7 @@ bool onlyLooks(const Arguments& arguments) {
         const bool mayBeValue = i > 0 && arguments[i - 1].rfind("-", 0) == 0;
         if (mayBeValue) continue;
         if (argument == "--check" || argument == "--diff" || argument == "--stdout" || argument == "--help" ||
-            argument == "--version" || argument == "list")
+            argument == "--version" || argument == "--show-settings" || argument == "list")
             return true;
     }
     return false;
@@ -121,8 +122,9 @@ bool isAmbiguous(const Arguments& arguments) {
         const auto equals = argument.find('=');
         if (argument.rfind("--", 0) != 0 || equals == std::string::npos) return false;
         const auto name = argument.substr(0, equals), value = argument.substr(equals + 1);
-        const bool takesValue =
-            name == "--tab-width" || name == "--backup-dir" || name == "--stdin-name" || name == "--jobs";
+        const bool takesValue = name == "--tab-width" || name == "--backup-dir" || name == "--stdin-name" ||
+                                name == "--jobs" || name == "--layout" || name == "--style" ||
+                                name == "--max-empty-lines";
         return !takesValue || value.empty() || value.front() == '-';
     });
 }
@@ -183,6 +185,21 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
         "10",
         "11",
         "007",
+        "--layout=structured",
+        "--layout=classic",
+        "--layout",
+        "structured",
+        "classic",
+        "--style=case=flush",
+        "--style=unit=tab",
+        "--style=procedure=flush",
+        "--style",
+        "directive=code",
+        "margin_comments=follow",
+        "--trim",
+        "--max-empty-lines=#",
+        "--max-empty-lines",
+        "--show-settings",
         "--remove-empty-lines",
         "--remove-comment-lines",
         "--remove-trailing-comments",
