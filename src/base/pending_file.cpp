@@ -39,10 +39,18 @@ FileProperties propertiesToKeep(const fs::path& target, const fs::path& path, bo
     return FileProperties::of(target, status, breakLinks);
 }
 
+// Whether nothing but the file's rights or its name can have been changed since the stamp.
+bool holdsWhatWasRead(const fs::path& target, FileStamp now, const ReplaceOptions& options) {
+    now.changed = options.stamp->changed;
+    return now == *options.stamp && options.content && readFile(target) == *options.content;
+}
+
 void requireUnchanged(const fs::path& target, const ReplaceOptions& options) {
-    if (options.onlyNew ? !stampIfThere(target) : !options.stamp || stampIfThere(target) == options.stamp)
-        return;
-    throw changedMeanwhile();
+    if (!options.onlyNew && !options.stamp) return;
+    const auto now = stampIfThere(target);
+    const bool isUnchanged =
+        options.onlyNew ? !now : now && (now == options.stamp || holdsWhatWasRead(target, *now, options));
+    if (!isUnchanged) throw changedMeanwhile();
 }
 
 } // namespace

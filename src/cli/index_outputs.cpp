@@ -195,7 +195,10 @@ std::optional<std::string> IndexFiles::readOld(const IndexSettings& settings) {
         auto& old = old_[path];
         try {
             old.how.onlyNew = !base::stampIfThere(path);
-            if (!old.how.onlyNew) old.bytes = base::readFile(path, &old.how.stamp.emplace());
+            if (!old.how.onlyNew) {
+                old.bytes = base::readFile(path, &old.how.stamp.emplace());
+                old.how.content = old.bytes;
+            }
         } catch (const base::FileError& error) {
             return shown(output.path) + ": " + error.reason();
         }

@@ -1,6 +1,7 @@
 // An index that is being made while the program is killed, or while another one works on the same files.
 #ifndef _WIN32
 
+#include "base/batch_journal.h"
 #include "base/temporary_folder.h"
 #include "cli/kill_at_each_call.h"
 #include "cli/run_corvelle.h"
@@ -94,6 +95,8 @@ TEST_F(IndexKill, LeavesAllFilesOldOrAllNewForTheNextRun) {
             EXPECT_THAT(now, AnyOf(before, whole));
             EXPECT_EQ(run(indexing).status, 0);
             EXPECT_THAT(filesOfUse(), AnyOf(whole, twice));
+            for (const auto& [name, bytes] : files())
+                EXPECT_FALSE(base::isJournalName(fs::path(name).filename()));
         });
 }
 

@@ -59,7 +59,10 @@ void Component::Save() {
     if (isNew()) throw RunTimeError(ErrorNumber::BadFileNameOrNumber);
     const std::string bytes = module_.bytes();
     if (written_ || bytes != module_.file().bytes()) {
-        base::replaceFile(path_, [&](base::FileWriter& writer) { writer.write(bytes); }, {.stamp = stamp_});
+        base::ReplaceOptions how{.stamp = stamp_};
+        if (!written_) how.content = file().bytes();
+        base::replaceFile(
+            path_, [&](base::FileWriter& writer) { writer.write(bytes); }, how);
         written_ = true;
         base::stampOf(path_, stamp_);
     }
