@@ -255,32 +255,46 @@ void FormatJob::printDiff(base::FileWriter& out) const {
         const FormattedFile& formatted;
         UnifiedDiff diff;
         std::string newLine;
+        // A byte order mark begins a line of the old file, and of the new one, without being one.
+        std::string_view oldMark{}, newMark{};
 
         void hidden(std::string_view bytes) {
             while (!bytes.empty()) {
                 const auto end = std::min(bytes.find('\n'), bytes.size() - 1) + 1;
                 const std::string_view line = bytes.substr(0, end);
                 bytes.remove_prefix(end);
-                if (line.back() == '\n') {
-                    diff.same(line);
+                const bool endsFile = line.data() + line.size() == file.bytes().data() + file.bytes().size();
+                if (line.back() != '\n' && !endsFile) {
+                    oldMark = newMark = line;
+                } else if (line.back() == '\n' && oldMark.size() == newMark.size()) {
+                    newMark = {};
+                    diff.same(withMark(line));
                 } else {
-                    newLine = std::string(line) += formatted.missingLineEnd();
-                    diff.replaced(line, newLine);
+                    newLine = std::string(std::exchange(newMark, {})).append(line);
+                    if (line.back() != '\n') newLine += formatted.missingLineEnd();
+                    diff.replaced(withMark(line), newLine);
                 }
             }
         }
         void kept(std::uint32_t line, std::int32_t bufferIndex) {
-            if (formatted.same(line, bufferIndex)) return diff.same(whole(line));
-            newLine.clear();
+            if (formatted.same(line, bufferIndex) && oldMark.size() == newMark.size()) {
+                newMark = {};
+                return diff.same(whole(line));
+            }
+            newLine = std::exchange(newMark, {});
             StringWriter writer{newLine};
             formatted.writeLine(writer, line, bufferIndex);
             diff.replaced(whole(line), newLine);
         }
         void dropped(std::uint32_t line) { diff.removed(whole(line)); }
 
-        std::string_view whole(std::uint32_t line) const {
+        std::string_view whole(std::uint32_t line) {
             const std::string_view text = file.codeLine(line);
-            return {text.data(), text.size() + file.codeLineEnd(line).size()};
+            return withMark({text.data(), text.size() + file.codeLineEnd(line).size()});
+        }
+        std::string_view withMark(std::string_view line) {
+            const std::string_view mark = std::exchange(oldMark, {});
+            return {line.data() - mark.size(), mark.size() + line.size()};
         }
         struct StringWriter {
             std::string& to;

@@ -39,13 +39,19 @@ TEST_F(TwoWriters, LeaveEachModuleFormattedAndEachBackupWhole) {
     here.folder = shared.path();
     for (int round = 0; round < 10; ++round) {
         put(shared.path(), modules(false));
-        const auto run = [&] { runCorvelle({"format", "--layout", "classic", "--quiet", "--backup-dir", "bak", "."}, here); };
+        const auto run = [&] {
+            runCorvelle({"format", "--layout", "classic", "--quiet", "--backup-dir", "bak", "."}, here);
+        };
         std::thread other(run);
         run();
         other.join();
         // One of the two may have found a module changed by the other, and said so; a third has the last
         // word.
-        EXPECT_EQ(runCorvelle({"format", "--layout", "classic", "--check", "--quiet", ".", "--backup-dir", "bak"}, here).out, "");
+        EXPECT_EQ(
+            runCorvelle({"format", "--layout", "classic", "--check", "--quiet", ".", "--backup-dir", "bak"},
+                        here)
+                .out,
+            "");
         Files now = filesIn(shared.path());
         for (const auto& [name, text] : modules(true)) EXPECT_EQ(now[name], text) << name;
         int backups = 0;
@@ -72,8 +78,8 @@ TEST_F(FormatRandomKill, LeavesEachModuleOldOrNew) {
         Surroundings here;
         here.folder = shared.path();
         here.killedAfter = std::chrono::microseconds(random() % 15000);
-        const Outcome outcome =
-            runCorvelle({"format", "--layout", "classic", "--quiet", "--jobs", "4", "--backup-dir", "bak", "."}, here);
+        const Outcome outcome = runCorvelle(
+            {"format", "--layout", "classic", "--quiet", "--jobs", "4", "--backup-dir", "bak", "."}, here);
         killed += outcome.status < 0 ? 1 : 0;
         Files now = filesIn(shared.path());
         for (int i = 0; i < moduleCount; ++i) {

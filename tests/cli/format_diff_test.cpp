@@ -95,6 +95,16 @@ TEST_F(Patches, LeaveHiddenLinesAmongTheOthers) {
                   {}, "f.frm");
 }
 
+TEST_F(Patches, KeepAByteOrderMarkInFrontOfItsLine) {
+    const std::string mark = "\xEF\xBB\xBF";
+    expectToApply(mark + " a\nb\n");
+    expectToApply(mark + "a\n b\n");
+    expectToApply(mark + "\na\n b\n", {"--remove-empty-lines"});
+    expectToApply(mark + "\nAttribute b.VB_VarHelpID = -1\n b\n", {"--remove-empty-lines"});
+    expectToApply(mark + "Attribute b.VB_VarHelpID = -1\n b\n");
+    expectToApply(mark + "Attribute VB_Name = \"x\"\n b\n");
+}
+
 TEST_F(Patches, FindFilesOfAnyName) {
     for (const char* name :
          {"sub/two words.bas", "tab\there.bas", "quo\"te.bas", "back\\slash.bas", "m\xC3\xA4rz.bas"}) {
