@@ -77,6 +77,7 @@ struct HostileIde : testing::Test {
             {L"Name", [c = component()] { c->setName("x"); }},
             {L"Type", [c = component()] { c->Type(); }},
             {L"IsDirty", [c = component()] { c->IsDirty(); }},
+            {L"FileNames", [c = component()] { c->FileNames(1); }},
             {L"CodeModule", [c = component()] { c->CodeModule(); }, true},
             {L"Designer", [c = component()] { c->Designer(); }, true},
             {L"DesignerWindow", [c = component()] { c->DesignerWindow(); }, true},

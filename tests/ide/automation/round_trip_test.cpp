@@ -43,8 +43,16 @@ TEST_F(RoundTrip, Components) {
     EXPECT_EQ(errorOf([&] { components()->Item("none"); }), error(ErrorNumber::SubscriptOutOfRange));
 }
 
+TEST_F(RoundTrip, FilesOfComponents) {
+    const auto form = components()->Item(1);
+    EXPECT_EQ(form->FileNames(1), (folder.path() / "frmMain.frm").string());
+    EXPECT_EQ(errorOf([&] { form->FileNames(2); }), error(ErrorNumber::SubscriptOutOfRange));
+    EXPECT_EQ(errorOf([&] { form->FileNames(0); }), error(ErrorNumber::SubscriptOutOfRange));
+}
+
 TEST_F(RoundTrip, NewModule) {
     const auto module = components()->Add(ComponentType::StdModule);
+    EXPECT_EQ(module->FileNames(1), "");
     EXPECT_EQ(module->Name(), "Module1");
     EXPECT_TRUE(module->IsDirty());
     module->setName("modHelp");
