@@ -2,6 +2,7 @@
 
 #include "cli/module_source.h"
 #include "settings/editor_config.h"
+#include "settings/files_on_disk.h"
 
 #include <string>
 
@@ -19,9 +20,7 @@ class ModuleSettings {
 
   private:
     std::string stdinName_;
-    settings::EditorConfig files_{readIfThere};
-
-    static std::optional<std::string> readIfThere(const std::string& path);
+    settings::EditorConfig files_{settings::readIfThere};
 };
 
 } // namespace corvelle::cli

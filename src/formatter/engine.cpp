@@ -57,24 +57,12 @@ bool Engine::cleanLine(std::string_view raw) {
 
 std::int32_t Engine::VB_Format(std::int32_t maxIndx) {
     errors_.clear();
-    observer_.startIndicator();
-    observer_.clearErrors();
-    observer_.setInfo("Formating...");
-    for (std::int32_t i = 0; i <= maxIndx; ++i) {
-        observer_.doEvents();
-        if (cancelRequested_) {
-            observer_.stopIndicator();
-            observer_.SetProcInfo("Cleaning Memory..");
-            observer_.SetProcInfo("No Process..");
-            return -1;
-        }
+    const bool completed = passOverLines(observer_, maxIndx, cancelRequested_, [this](std::int32_t i) {
         position_ = i;
         if (i > buffer_.maxIndx()) throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
         formatLine(i);
-        observer_.lineFormatted(i, maxIndx);
-    }
-    observer_.setInfo("Formating Done...");
-    observer_.stopIndicator();
+    });
+    if (!completed) return -1;
     return static_cast<std::int32_t>(errors_.size());
 }
 

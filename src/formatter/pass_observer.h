@@ -42,4 +42,28 @@ class PassObserver {
     virtual void lineFormatted(std::int32_t i, std::int32_t maxIndx);
 };
 
+/// An indentation pass as its owner sees it: gives `formatLine` each of the lines 0 to maxIndx, yields before
+/// each and tells of it behind it. False when `stopped` was found true, which ends the pass at that line.
+template <class FormatLine>
+bool passOverLines(PassObserver& observer, std::int32_t maxIndx, const bool& stopped,
+                   const FormatLine& formatLine) {
+    observer.startIndicator();
+    observer.clearErrors();
+    observer.setInfo("Formating...");
+    for (std::int32_t i = 0; i <= maxIndx; ++i) {
+        observer.doEvents();
+        if (stopped) {
+            observer.stopIndicator();
+            observer.SetProcInfo("Cleaning Memory..");
+            observer.SetProcInfo("No Process..");
+            return false;
+        }
+        formatLine(i);
+        observer.lineFormatted(i, maxIndx);
+    }
+    observer.setInfo("Formating Done...");
+    observer.stopIndicator();
+    return true;
+}
+
 } // namespace corvelle::formatter
