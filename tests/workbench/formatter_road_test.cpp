@@ -45,14 +45,22 @@ struct FormatterRoad : WithAddIns {
                         [&] { return hasText(dialog, "File--> " + path + " was saved successfully.."); });
     }
 
-    /// Formats a component by hand and compares the files with what the command line makes of a copy.
-    void formatsAsTheCommandLine(const std::string& component, const std::string& ending, bool pictures) {
+    /// Formats a component by hand and compares the files with what the command line makes of a copy, which
+    /// gets the folder's .editorconfig along.
+    void formatsAsTheCommandLine(const std::string& component, const std::string& ending, bool pictures,
+                                 const std::string& settings = "") {
         const std::string file = component + ending;
         const corvelle::test::TemporaryFolder byCommand;
         byCommand.write(file, folder.read(file));
-        const auto outcome = corvelle::test::runCorvelle(
-            {"format", "--layout", "classic", "--remove-empty-lines", "--backup-dir",
-             byCommand.path().string(), (byCommand.path() / file).string()});
+        std::vector<std::string> arguments{"format", "--remove-empty-lines", "--backup-dir",
+                                           byCommand.path().string(), (byCommand.path() / file).string()};
+        if (settings.empty()) {
+            arguments.insert(arguments.end(), {"--layout", "classic"});
+        } else {
+            folder.write(".editorconfig", settings);
+            byCommand.write(".editorconfig", settings);
+        }
+        const auto outcome = corvelle::test::runCorvelle(arguments);
         ASSERT_EQ(0, outcome.status) << outcome.err;
         ASSERT_NE(folder.read(file), byCommand.read(file));
 
@@ -100,6 +108,23 @@ TEST_F(FormatterRoad, FormatsAModuleAsTheCommandLineDoes) {
 
 TEST_F(FormatterRoad, FormatsAFormAsTheCommandLineDoes) {
     formatsAsTheCommandLine("frmParts", ".frm", false);
+}
+
+const std::string structured = "root = true\n[*.{bas,frm}]\ncorvelle_layout = structured\n"
+                               "indent_style = space\nindent_size = 3\ncorvelle_procedure = indent\n";
+
+TEST_F(FormatterRoad, FormatsAModuleByItsBlocksWhereAnEditorConfigSaysSo) {
+    formatsAsTheCommandLine("modText", ".bas", false, structured);
+    EXPECT_NE(std::string::npos, folder.read("modText.bas").find("\r\n   "));
+}
+
+TEST_F(FormatterRoad, FormatsAFormByItsBlocksWhereAnEditorConfigSaysSo) {
+    formatsAsTheCommandLine("frmParts", ".frm", false, structured);
+}
+
+TEST_F(FormatterRoad, FormatsAsAlwaysWhereAnEditorConfigSaysNothingOfTheLayout) {
+    folder.write(".editorconfig", "root = true\n[*.{bas,frm}]\nindent_size = 3\ncorvelle_case = flush\n");
+    formatsAsTheCommandLine("modText", ".bas", false);
 }
 
 TEST_F(FormatterRoad, FollowsTheActiveCodeWindow) {

@@ -41,6 +41,7 @@ void FrmFormatter::FormatModule(const std::shared_ptr<frmMain>& FrmRef, const fo
 void FrmFormatter::Form_Load() {
     options_.mTab = 2;
     options_.bNoEmpty = 1;
+    takeSettings();
     InitBtns();
     Form_MouseMove(); // the hint that stands there at first
     const auto page = FrmCalled.lock();
@@ -75,11 +76,6 @@ void FrmFormatter::objectNotSet() {
                      "Object variable not set..");
 }
 
-void FrmFormatter::Slider1_Change() {
-    lblTab.setCaption(std::to_string(Slider1.value()));
-    options_.mTab = static_cast<std::uint8_t>(Slider1.value());
-}
-
 // Commands that must not meet one another
 
 void FrmFormatter::runAlone(const std::function<void()>& command) {
@@ -100,7 +96,12 @@ bool FrmFormatter::mustClose() const {
 }
 
 void FrmFormatter::DisableProc() {
-    if (inPass_) engine_.DisableProc();
+    if (!inPass_) return;
+    if (structured_) {
+        structured_->DisableProc();
+    } else {
+        engine_.DisableProc();
+    }
 }
 
 void FrmFormatter::doEvents() {
@@ -146,6 +147,7 @@ void FrmFormatter::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
 
 void FrmFormatter::Form_Unload(bool& /*cancel*/) {
     engine_.takeLineBuffer();
+    structured_.reset();
     maxIndx_ = -1;
     if (const auto list = std::exchange(errors_, nullptr)) list->unload();
     const std::string path = Text1.text();

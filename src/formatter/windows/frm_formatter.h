@@ -2,6 +2,7 @@
 
 #include "formatter/engine.h"
 #include "formatter/pass_observer.h"
+#include "formatter/structured_pass.h"
 #include "formatter/windows/frm_error.h"
 #include "forms/check_box.h"
 #include "forms/command_button.h"
@@ -13,12 +14,14 @@
 #include "forms/surface.h"
 #include "forms/text_box.h"
 #include "ide/vbe.h"
+#include "settings/editor_config.h"
 #include "ui/indicator.h"
 
 #include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -41,6 +44,13 @@ class FrmFormatter : public forms::Form, private PassObserver {
     std::string BackDir;
     /// The page; it owns the dialog.
     std::weak_ptr<frmMain> FrmCalled;
+    /// Reads the .editorconfig files above the module's file.
+    settings::EditorConfig::Read ReadSettings;
+    /// Makes the structured layout, for modules of which such a file says so.
+    StructuredPass::LayOut LayOutStructured = [](const ModuleCode& code,
+                                                 const structured::StructuredOptions& options) {
+        return formatCode(code, options);
+    };
 
     // Controls, in tab order.
 
@@ -103,7 +113,9 @@ class FrmFormatter : public forms::Form, private PassObserver {
     std::string SetHelp();
 
     /// The formatted lines.
-    const base::LineBuffer& lineBuffer() const { return engine_.lineBuffer(); }
+    const base::LineBuffer& lineBuffer() const {
+        return structured_ ? structured_->lineBuffer() : engine_.lineBuffer();
+    }
 
   protected:
     void design() override;
@@ -129,6 +141,11 @@ class FrmFormatter : public forms::Form, private PassObserver {
     void ChkNoAll_Click() { options_.bNoAllCmnt = ChkNoAll.value(); }
     void Slider1_Change();
 
+    // The module's settings
+    void takeSettings();
+    std::uint32_t ownUnit();
+    structured::StructuredOptions structuredOptions() const;
+
     void layOut(forms::Size size);
     void connectHints();
     void showHint(const char* tag, const char* text);
@@ -144,6 +161,7 @@ class FrmFormatter : public forms::Form, private PassObserver {
     void ResetAll();
     std::int32_t formatModule();
     std::int32_t LoadDataArray();
+    std::int32_t readModule(ide::CodeModule& module, std::int32_t n);
     std::int32_t runPass();
     void showResult(std::int32_t errorCount);
     void showErrors(std::int32_t errorCount);
@@ -161,6 +179,10 @@ class FrmFormatter : public forms::Form, private PassObserver {
 
     Engine engine_{*this};
     FormatOptions options_;
+    std::optional<StructuredPass> structured_; // takes the engine's place where the settings say so
+    structured::StructuredOptions said_;       // by the settings
+    std::optional<std::uint32_t> unit_;        // by the slider once it has been moved
+    std::optional<settings::SettingsError> settingsProblem_;
     std::int32_t maxIndx_ = -1;       // of the buffer; -1: no run has filled it
     std::int32_t initialLines_ = 0;   // the module's line count when formatting started
     bool formatted_ = false;          // a pass has been completed

@@ -40,7 +40,7 @@ void FrmFormatter::CmdFile_Click() {
             return;
         }
         setInfo("Saving file -->" + path);
-        if (SaveToFile(path, engine_.lineBuffer())) {
+        if (SaveToFile(path, lineBuffer())) {
             setImage(2);
             setInfo("File--> " + path + " was saved successfully..");
             CmdFmt.setEnabled(true);

@@ -16,7 +16,11 @@ void FrmFormatter::ResetAll() {
     formatted_ = false;
     bSave_ = false;
     CmdAdd.setEnabled(false); // there is nothing to add any more
-    engine_.ResetAll();
+    if (structured_) {
+        structured_->ResetAll();
+    } else {
+        engine_.ResetAll();
+    }
 }
 
 void FrmFormatter::CmdFmt_Click() {
@@ -39,12 +43,12 @@ void FrmFormatter::CmdFmt_Click() {
 std::int32_t FrmFormatter::formatModule() {
     setImage(3);
     formatted_ = false;
+    if (settingsProblem_) throw settings::SettingsError(*settingsProblem_);
     // A module that is not set is LoadDataArray's to report.
     initialLines_ = FmtCodeModule ? FmtCodeModule->CountOfLines() : 0;
     setMousePointer(forms::MousePointer::Hourglass);
     ResetAll();
     setInfo("Loading file to internal buffer..");
-    engine_.options = options_; // the user can reach the options until the module is read
     const std::int32_t maxIndx = LoadDataArray();
     if (maxIndx == -1) {
         setImage(1);
@@ -72,11 +76,25 @@ std::int32_t FrmFormatter::LoadDataArray() {
     const std::int32_t n = module->CountOfLines();
     setInfo("Reading Module Pane..");
     Indic.StartNow();
-    engine_.beginCleaning(static_cast<std::size_t>(std::max(n, 0)));
-    for (std::int32_t i = 1; i <= n && !mustClose(); ++i) engine_.cleanLine(module->Lines(i, 1));
+    const std::int32_t maxIndx = readModule(*module, n);
     Indic.stopNow();
     SetProcInfo("No Process..");
     setInfo("Code Module Successfully loaded ..");
+    return maxIndx;
+}
+
+// The user can reach the options until the module is read: they are taken before.
+std::int32_t FrmFormatter::readModule(ide::CodeModule& module, std::int32_t n) {
+    const auto lines = static_cast<std::size_t>(std::max(n, 0));
+    if (structured_) {
+        const auto options = structuredOptions();
+        structured_->beginReading(lines);
+        for (std::int32_t i = 1; i <= n && !mustClose(); ++i) structured_->readLine(module.Lines(i, 1));
+        return structured_->endReading(options);
+    }
+    engine_.options = options_;
+    engine_.beginCleaning(lines);
+    for (std::int32_t i = 1; i <= n && !mustClose(); ++i) engine_.cleanLine(module.Lines(i, 1));
     return engine_.lineBuffer().maxIndx();
 }
 
@@ -87,7 +105,10 @@ std::int32_t FrmFormatter::runPass() {
         ~Ended() { inPass = false; }
     } ended{inPass_};
     if (mustClose()) DisableProc();
-    return engine_.VB_Format(maxIndx_);
+    if (!structured_) return engine_.VB_Format(maxIndx_);
+    const std::int32_t errorCount = structured_->run();
+    maxIndx_ = structured_->lineBuffer().maxIndx();
+    return errorCount;
 }
 
 void FrmFormatter::showResult(std::int32_t errorCount) {
@@ -101,7 +122,12 @@ void FrmFormatter::showResult(std::int32_t errorCount) {
         setImage(2);
         CmdAdd.setEnabled(true);
     } else {
-        setInfo("Formatting was not successful." + std::to_string(errorCount) + " errors detected..");
+        std::string info =
+            "Formatting was not successful." + std::to_string(errorCount) + " errors detected..";
+        if (structured_) {
+            for (const std::string& find : structured_->finds()) info.append(" ").append(find);
+        }
+        setInfo(info);
         setImage(1);
     }
     SetResults("Module contains " + std::to_string(initialLines_) +

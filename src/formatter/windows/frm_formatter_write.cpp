@@ -77,7 +77,7 @@ void FrmFormatter::replaceLines(ide::CodeModule& module, std::string& oldText) {
     for (std::int32_t i = 0; i <= maxIndx_; ++i) {
         SetProcInfo("In Line: " + std::to_string(i + 1) + " of " + total);
         desktop().doEvents();
-        module.InsertLines(i + 1, engine_.lineBuffer().line(i));
+        module.InsertLines(i + 1, lineBuffer().line(i));
     }
 }
 

@@ -104,6 +104,7 @@ void frmMain::CmdNext_Click() {
     dialog->FmtCodeModule = codeModule_;
     dialog->FmtCodePane = codePane_;
     dialog->BackDir = BackupDir_;
+    dialog->ReadSettings = ReadSettings;
     const auto self = std::static_pointer_cast<frmMain>(shared_from_this());
     dialog->FrmCalled = self;
     try {

@@ -7,6 +7,8 @@
 #include "forms/label.h"
 #include "forms/text_box.h"
 #include "ide/vbe.h"
+#include "settings/editor_config.h"
+#include "settings/files_on_disk.h"
 
 #include <memory>
 #include <string>
@@ -26,6 +28,8 @@ class frmMain : public forms::Form {
     std::shared_ptr<ide::VBE> VBInstance;
     /// The connect object; it owns the page.
     std::weak_ptr<AddInManager> ThisAddInMgr;
+    /// Reads the settings files of modules; from the disk if nobody says otherwise.
+    settings::EditorConfig::Read ReadSettings = settings::readIfThere;
 
     // Controls, in tab order.
 

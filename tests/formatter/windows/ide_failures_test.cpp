@@ -33,6 +33,7 @@ class WholeWay : public Session {
     using Session::calls;
     using Session::code;
     using Session::disaster;
+    using Session::followSettings;
 
     /// Whether the user has been told of a failure.
     bool told = false;
@@ -63,7 +64,7 @@ class WholeWay : public Session {
 using Faults = std::function<void(corvelle::test::Calls&, int n)>;
 
 // Runs the way with the n-th call failing, for every n, and lets `check` look at what is left.
-void forEveryCall(const Faults& fail, const std::function<void(WholeWay&)>& check) {
+void forEveryCallBy(const char* settings, const Faults& fail, const std::function<void(WholeWay&)>& check) {
     const corvelle::test::TemporaryFolder folder;
     const auto backup = folder.path() / "Account_bak.bas";
     int calls = 0;
@@ -72,6 +73,7 @@ void forEveryCall(const Faults& fail, const std::function<void(WholeWay&)>& chec
         SCOPED_TRACE("call " + std::to_string(calls));
         std::filesystem::remove(backup);
         WholeWay way(backup);
+        if (*settings != 0) way.followSettings(settings);
         fail(way.calls, calls);
         way.walk();
         failed = static_cast<int>(way.calls.all().size()) >= calls && way.calls.anyFailed();
@@ -89,6 +91,15 @@ void forEveryCall(const Faults& fail, const std::function<void(WholeWay&)>& chec
         if (testing::Test::HasFailure()) return;
     }
     EXPECT_GT(calls, 50); // the way is as long as it was meant to be
+}
+
+// The same in both layouts.
+void forEveryCall(const Faults& fail, const std::function<void(WholeWay&)>& check) {
+    for (const char* settings : {"", structuredSample}) {
+        SCOPED_TRACE(settings);
+        forEveryCallBy(settings, fail, check);
+        if (testing::Test::HasFailure()) return;
+    }
 }
 
 TEST(IdeFailures, AnyCallThatFailsOnceHarmsNothing) {

@@ -58,9 +58,20 @@ void Session::openModule(const std::string& name, Lines lines) {
     if (manager->page) desktop.click(page());
 }
 
+void Session::followSettings(const std::string& lines) {
+    module->fileName = "/projects/stock/Account.bas";
+    readSettings_ = [lines](const std::string& path) -> std::optional<std::string> {
+        const std::string wanted = "/projects/stock/.editorconfig"; // behind a drive, where there are some
+        const bool found = path.size() >= wanted.size() &&
+                           path.compare(path.size() - wanted.size(), wanted.size(), wanted) == 0;
+        return found ? std::optional("root = true\n[*]\n" + lines) : std::nullopt;
+    };
+}
+
 void Session::showPage() {
     if (!manager->page) {
         manager->page = std::make_shared<frmMain>(desktop);
+        if (readSettings_) manager->page->ReadSettings = readSettings_;
         manager->page->VBInstance = ide;
         manager->page->ThisAddInMgr = manager;
         manager->made = manager->page;
@@ -133,6 +144,10 @@ Lines sample() {
             "' done",
             "End Sub"};
 }
+
+const char* const structuredSample = "corvelle_layout = structured\nindent_size = 2\n"
+                                     "corvelle_procedure = indent\ncorvelle_declarations = indent\n"
+                                     "corvelle_margin_comments = follow\n";
 
 Lines formattedSample() {
     return {"Option Explicit", "Sub Main()", "  Dim n As Long ' count",

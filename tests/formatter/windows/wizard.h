@@ -61,6 +61,9 @@ class Session {
 
     /// A standard module with the lines, made the IDE's active one; the page, if there is one, is told.
     void openModule(const std::string& name, Lines lines);
+    /// Gives the active module a file, and the folder of that the lines for an .editorconfig below a section
+    /// for all files. A page shown later reads them.
+    void followSettings(const std::string& lines);
     /// Makes and shows the page as the menu command does.
     void showPage();
     frmMain& page() const { return *manager->page; }
@@ -91,6 +94,9 @@ class Session {
     std::shared_ptr<FakeManager> manager = std::make_shared<FakeManager>();
 
     static const base::RunTimeError disaster;
+
+  private:
+    settings::EditorConfig::Read readSettings_; ///< none: what the page has by itself
 };
 
 class Wizard : public testing::Test, protected Session {};
@@ -100,5 +106,7 @@ std::string asFile(const Lines& lines);
 /// A small module as people write it, and as a run with the dialog's own options leaves it.
 Lines sample();
 Lines formattedSample();
+/// Settings by which the structured layout leaves the sample the same.
+extern const char* const structuredSample;
 
 } // namespace corvelle::formatter::test
