@@ -98,7 +98,7 @@ class FakeComponent : public ide::VBComponent,
     ide::ComponentType type;
     bool dirty = false;
     bool hasDesigner = false;
-    std::string savedAs; ///< the file name of the last SaveAs
+    std::string savedAs;  ///< the file name of the last SaveAs
     std::string fileName; ///< of the module's file
     std::shared_ptr<FakeCodeModule> code;
     std::shared_ptr<FakeWindow> designerWindow;
