@@ -147,15 +147,15 @@ TEST_F(OddFiles, OutsideADirectoryAreNotReachedByLinks) {
 
 TEST_F(OddFiles, ThatAProjectReachesByALinkMustBeModules) {
     folder.write("run.py", "if a:\n\tb()\n");
-    folder.write("shared/real.bas", untidy);
+    folder.write("common/real.bas", untidy);
     folder.write("p/p.vbp", "Module=A; evil.bas\r\nModule=B; good.bas\r\n");
     fs::create_symlink("../run.py", folder.path() / "p/evil.bas");
-    fs::create_symlink("../shared/real.bas", folder.path() / "p/good.bas");
+    fs::create_symlink("../common/real.bas", folder.path() / "p/good.bas");
     const Outcome outcome = format({"--quiet", "p/p.vbp"});
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err, "p/evil.bas: skipped: a link that leads to no module\n");
     EXPECT_EQ(folder.read("run.py"), "if a:\n\tb()\n");
-    EXPECT_EQ(folder.read("shared/real.bas"), tidy);
+    EXPECT_EQ(folder.read("common/real.bas"), tidy);
 }
 
 TEST_F(OddFiles, WithControlCharactersInTheirNamesAreShownOnOneLine) {
