@@ -122,7 +122,7 @@ TEST_F(LayoutTest, RefusesAWrongSettingOfAModuleItWorksOnAndTellsItOnce) {
     folder.write("c.cls", select);
     const auto outcome = format({"--quiet", "a.bas", "b.bas", "c.cls"});
     EXPECT_EQ(outcome.status, 2);
-    EXPECT_EQ(outcome.err, (folder.path() / ".editorconfig").string() +
+    EXPECT_EQ(outcome.err, (folder.path() / ".editorconfig").generic_string() +
                                ":3: corvelle_case = left: the value must be one of auto, indent, flush\n");
     EXPECT_EQ(folder.read("a.bas"), select);
     EXPECT_NE(folder.read("c.cls"), select);
@@ -154,7 +154,7 @@ TEST_F(LayoutTest, ShowsWhatHoldsAndWritesNothing) {
     const auto outcome = format({"--show-settings", "--trim", "a.bas"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, "");
-    const std::string file = (folder.path() / ".editorconfig").string();
+    const std::string file = (folder.path() / ".editorconfig").generic_string();
     EXPECT_THAT(outcome.out, StartsWith("a.bas\n  layout = structured               default\n"));
     EXPECT_THAT(outcome.out, HasSubstr("  unit = 2                          " + file + ":3\n"));
     EXPECT_THAT(outcome.out, HasSubstr("  trim_trailing_whitespace = true   option --trim\n"));

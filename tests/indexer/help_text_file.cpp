@@ -62,6 +62,16 @@ std::map<std::string, std::string> readHelpTexts(std::string_view bytes) {
     return texts;
 }
 
+std::map<std::string, std::string> shownHelpTexts(std::string_view bytes) {
+    auto texts = readHelpTexts(bytes);
+    for (auto& [name, text] : texts) {
+        const auto begin = std::min(text.find_first_not_of(" \n"), text.size());
+        text = text.substr(begin, text.find_last_not_of(" \n") + 1 - begin);
+    }
+    std::erase_if(texts, [](const auto& entry) { return entry.second.empty(); });
+    return texts;
+}
+
 std::map<std::string, int> readHelpMap(std::string_view bytes) {
     std::map<std::string, int> map;
     std::set<int> numbers;

@@ -11,6 +11,10 @@ namespace corvelle::test {
 /// Gives the texts, lines joined by LF, by name. Throws std::runtime_error for what breaks the rules.
 std::map<std::string, std::string> readHelpTexts(std::string_view bytes);
 
+/// What a reader sees of them: the texts without blanks and empty lines at their ends, and only those that
+/// hold anything.
+std::map<std::string, std::string> shownHelpTexts(std::string_view bytes);
+
 /// Reads a header file: "#define", a name and a decimal number on each line; names and numbers stand once.
 std::map<std::string, int> readHelpMap(std::string_view bytes);
 

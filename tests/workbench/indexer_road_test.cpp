@@ -1,4 +1,5 @@
 #include "cli/run_corvelle.h"
+#include "indexer/help_text_file.h"
 #include "indexer/text_entries.h"
 #include "places.h"
 #include "workbench/indexer_road.h"
@@ -148,8 +149,11 @@ struct WholeIndexerRoad : IndexerRoad {
         close(editor);
     }
     void expectIndexAsTheCommandLine() const {
-        for (const char* name : {"a.h", "a.hcnf", "a.txt", "modHelp.bas", "Stockroom.vbp"})
+        for (const char* name : {"a.h", "a.hcnf", "modHelp.bas", "Stockroom.vbp"})
             expectAsTheCommandLine(name);
+        // The window writes each text anew, the command line only the one that changes.
+        EXPECT_EQ(corvelle::test::shownHelpTexts(copy.read("a.txt")),
+                  corvelle::test::shownHelpTexts(folder.read("a.txt")));
         expectAsTheCommandLineBut(0, "a.icp");
     }
     /// Name of the control with that help name, of the first designer.
