@@ -18,6 +18,7 @@
 #include "work_folder.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdint>
 #include <optional>
 #include <set>
@@ -165,6 +166,17 @@ bool isLeftOut(const std::string& className, const indexer::ExcludeList& list, c
     return false;
 }
 
+// Letters, digits, _ and bytes above 127.
+bool isNamePart(std::string_view text) {
+    const auto isPart = [](unsigned char c) { return c > 127 || std::isalnum(c) != 0 || c == '_'; };
+    return !text.empty() && std::all_of(text.begin(), text.end(), isPart);
+}
+
+// A letter or such a byte first.
+bool isName(std::string_view text) {
+    return isNamePart(text) && text[0] != '_' && std::isdigit(static_cast<unsigned char>(text[0])) == 0;
+}
+
 Expected expectedOf(const Workspace& workspace, const cli::IndexSettings& settings, const Files& before) {
     indexer::IndexOptions options;
     if (settings.components)
@@ -175,13 +187,14 @@ Expected expectedOf(const Workspace& workspace, const cli::IndexSettings& settin
     if (settings.excludeList) indexer::readExcludeList(before.at(*settings.excludeList), list);
     Expected expected;
     for (const auto& component : workspace.projects().front()->components()) {
-        if (boxOf(component->Type(), options) != 1) continue;
+        if (boxOf(component->Type(), options) != 1 || !isName(component->Name())) continue;
         expected.designers.push_back(component->Name());
         auto& controls = expected.controls.emplace_back();
         const auto& file = component->file();
         for (std::uint32_t i = 0; i < file.controlCount(); ++i) {
             const std::string className(file.controlClass(i));
             if (isLeftOut(className, list, settings.exclude)) continue;
+            if (!isName(file.controlName(i)) || !isNamePart(className)) continue;
             controls.push_back(std::string(file.controlName(i)) + " " + className);
             expected.plain = expected.plain && controls.back().find('\r') == std::string::npos;
         }

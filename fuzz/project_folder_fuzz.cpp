@@ -46,6 +46,7 @@ fs::path real(const fs::path& path) {
 
 void checkLists(const Workspace& workspace, const std::string& opened) {
     Paths modules, listed, missing, notListed;
+    bool skipped = false; // what is no module by its name may be missing, nobody looks
     for (const auto& project : workspace.projects()) {
         for (const auto& component : project->components()) modules.insert(real(component->path()));
     }
@@ -61,6 +62,8 @@ void checkLists(const Workspace& workspace, const std::string& opened) {
             require(listed.insert(real(source.path)).second, "a module is listed once");
         else if (!source.problem.empty() && !fs::exists(source.shownPath))
             notListed.insert(source.shownPath);
+        else if (!source.skipped.empty())
+            skipped = true;
     }
     const auto isProject = [](const fs::path& path) {
         return fs::is_directory(path) || path.extension() == ".vbp";
@@ -68,8 +71,11 @@ void checkLists(const Workspace& workspace, const std::string& opened) {
     for (const auto& path : listed)
         require(modules.count(path) == 1, "a listed module is opened: " + path.string());
     for (const auto& path : modules)
-        require(listed.count(path) == 1 || isProject(path), "an opened module is listed: " + path.string());
-    require(missing == notListed, "the same files are missing");
+        require(skipped || listed.count(path) == 1 || isProject(path),
+                "an opened module is listed: " + path.string());
+    require(skipped ? std::includes(missing.begin(), missing.end(), notListed.begin(), notListed.end())
+                    : missing == notListed,
+            "the same files are missing");
 }
 
 void checkComponent(Component& component) {
