@@ -8,7 +8,7 @@ namespace corvelle::formatter {
 void StructuredPass::ResetAll() {
     buffer_.reset();
     formatted_ = {};
-    finds_.clear();
+    remarks_.clear();
     cancelRequested_ = false;
     observer_.SetProcInfo("No Process");
 }
@@ -32,22 +32,26 @@ std::int32_t StructuredPass::endReading(const structured::StructuredOptions& opt
 }
 
 std::int32_t StructuredPass::run() {
-    const std::vector<Wrong> wrong = everythingWrong();
-    auto next = wrong.begin();
+    const std::vector<Entry> entries = everythingToTell();
+    auto next = entries.begin();
+    std::int32_t errors = 0;
     const auto tell = [&](std::int32_t i) {
-        for (; next != wrong.end() && next->position == i; ++next) {
-            const StructuralError error{StructuralError::Kind::Tab, i};
-            observer_.addError(error);
-            if (!next->find.empty()) finds_.push_back(error.text() + ": " + next->find);
+        for (; next != entries.end() && next->position == i; ++next) {
+            const StructuralError place{StructuralError::Kind::Tab, i};
+            if (next->error) {
+                observer_.addError(place);
+                ++errors;
+            }
+            if (!next->remark.empty()) remarks_.push_back(place.text() + ": " + next->remark);
         }
     };
     if (!passOverLines(observer_, formatted_.lines.maxIndx(), cancelRequested_, tell)) return -1;
     buffer_ = std::move(formatted_.lines);
-    return static_cast<std::int32_t>(wrong.size());
+    return errors;
 }
 
 // By their positions. A line that is not kept has the position of the one that follows, or of the last.
-std::vector<StructuredPass::Wrong> StructuredPass::everythingWrong() const {
+std::vector<StructuredPass::Entry> StructuredPass::everythingToTell() const {
     std::vector<std::int32_t> positions;
     positions.reserve(formatted_.kept.size());
     std::int32_t next = 0;
@@ -55,12 +59,14 @@ std::vector<StructuredPass::Wrong> StructuredPass::everythingWrong() const {
         positions.push_back(std::min(next, formatted_.lines.maxIndx()));
         if (kept) ++next;
     }
-    std::vector<Wrong> wrong;
-    for (const auto& fault : formatted_.faults) wrong.push_back({positions[fault.line], {}});
-    for (const auto& find : formatted_.unsafe) wrong.push_back({positions[find.line], find.text});
-    std::stable_sort(wrong.begin(), wrong.end(),
-                     [](const Wrong& a, const Wrong& b) { return a.position < b.position; });
-    return wrong;
+    std::vector<Entry> entries;
+    for (const auto& fault : formatted_.faults) entries.push_back({positions[fault.line], {}, true});
+    for (const auto& find : formatted_.unsafe) entries.push_back({positions[find.line], find.text, true});
+    for (const auto& notice : formatted_.notices)
+        entries.push_back({positions[notice.line], notice.text, false});
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.position < b.position; });
+    return entries;
 }
 
 } // namespace corvelle::formatter

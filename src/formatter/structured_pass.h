@@ -31,29 +31,31 @@ class StructuredPass {
     /// the lines as they were read.
     std::int32_t endReading(const structured::StructuredOptions& options);
 
-    /// Tells the owner of each line and of what is wrong with it. Returns how much is wrong and puts the new
-    /// lines into the buffer; or -1 when DisableProc stopped it, which changes no line.
+    /// Tells the owner of each line and of what is wrong with it. Returns how many errors there are and puts
+    /// the new lines into the buffer; or -1 when DisableProc stopped it, which changes no line.
     std::int32_t run();
 
     /// Stops a running pass at the next line.
     void DisableProc() { cancelRequested_ = true; }
 
     const base::LineBuffer& lineBuffer() const { return buffer_; }
-    /// What the safety check found, each with its line's entry in the error list before it.
-    const std::vector<std::string>& finds() const { return finds_; }
+    /// What is to be said of single lines in words, each with the line's position before it: what the safety
+    /// check found, each an error of its own, and lines that stay where they are, which is none.
+    const std::vector<std::string>& remarks() const { return remarks_; }
 
   private:
-    struct Wrong {
+    struct Entry {
         std::int32_t position; // of the new lines
-        std::string find;      // empty for a fault of the structure
+        std::string remark;    // empty for a fault of the structure
+        bool error;
     };
-    std::vector<Wrong> everythingWrong() const;
+    std::vector<Entry> everythingToTell() const;
 
     PassObserver& observer_;
     LayOut layOut_;
     base::LineBuffer buffer_;
     FormattedCode formatted_;
-    std::vector<std::string> finds_;
+    std::vector<std::string> remarks_;
     bool cancelRequested_ = false;
 };
 

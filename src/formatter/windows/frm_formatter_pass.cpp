@@ -117,17 +117,17 @@ void FrmFormatter::showResult(std::int32_t errorCount) {
         setImage(0);
         return;
     }
+    std::string remarks;
+    if (structured_) {
+        for (const std::string& remark : structured_->remarks()) remarks.append(" ").append(remark);
+    }
     if (errorCount == 0) {
-        setInfo("Formatting completed successfully...");
+        setInfo("Formatting completed successfully..." + remarks);
         setImage(2);
         CmdAdd.setEnabled(true);
     } else {
-        std::string info =
-            "Formatting was not successful." + std::to_string(errorCount) + " errors detected..";
-        if (structured_) {
-            for (const std::string& find : structured_->finds()) info.append(" ").append(find);
-        }
-        setInfo(info);
+        setInfo("Formatting was not successful." + std::to_string(errorCount) + " errors detected.." +
+                remarks);
         setImage(1);
     }
     SetResults("Module contains " + std::to_string(initialLines_) +

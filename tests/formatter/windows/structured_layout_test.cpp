@@ -219,6 +219,28 @@ TEST_F(StructuredDialog, ListsWhatTheSafetyCheckFindsAndSaysItInTheStatus) {
     });
 }
 
+TEST_F(StructuredDialog, SaysInTheStatusWhichLineHasNoRoomToMoveAndStillOffersToAdd) {
+    followSettings(threeBlanks);
+    const std::string noRoom = "x = \"" + std::string(1016, 'a') + "\"";
+    code() = {"", "Sub A()", noRoom, "y", "End Sub"};
+    inDialog([&](FrmFormatter& dialog) {
+        format(dialog);
+        EXPECT_EQ(bufferOf(dialog), (Lines{"Sub A()", noRoom, "   y", "End Sub"}));
+        const std::string remark =
+            " Tab On Line: 1: CV302 the line would have 1025 bytes, the IDE takes 1023; it stays where it is";
+        EXPECT_EQ(status(dialog), " Status: Formatting completed successfully..." + remark);
+        EXPECT_EQ(picture(dialog), 2);
+        EXPECT_TRUE(dialog.CmdAdd.enabled());
+        code().push_back("Next");
+        EXPECT_EQ(errorsOf(dialog), (Lines{"Tab On Line: 4"}));
+        EXPECT_EQ(status(dialog), " Status: Formatting was not successful.1 errors detected.." + remark);
+        code() = nested();
+        format(dialog);
+        EXPECT_EQ(status(dialog), " Status: Formatting completed successfully...");
+        leaveAnyway(dialog);
+    });
+}
+
 TEST_F(StructuredDialog, ChangesNoLineWhenItIsStopped) {
     followSettings(threeBlanks);
     code() = nested();
