@@ -2,20 +2,12 @@
 
 #include "base/text.h"
 #include "ide/workspace/attribute_line.h"
+#include "ide/workspace/designer_lines.h"
 #include "ide/workspace/module_file.h"
 
 namespace corvelle::workspace {
 
 namespace {
-
-// Whether the line begins with the word; then `rest` is what follows it and the blanks after it.
-bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
-    line = withoutLeadingBlanks(line);
-    if (!base::startsWithIgnoringCase(line, word)) return false;
-    line.remove_prefix(word.size());
-    rest = withoutLeadingBlanks(line);
-    return rest.empty() || rest.size() < line.size() || rest[0] == '=';
-}
 
 bool isVersionLine(std::string_view line) {
     std::string_view rest;
@@ -27,11 +19,6 @@ bool isObjectLine(std::string_view line) {
     return takeWord(line, "Object", rest) && !rest.empty() && rest[0] == '=';
 }
 
-// A property may be called Begin or End: its line, with the equals sign, belongs to no block.
-bool isBeginLine(std::string_view line, std::string_view& rest) {
-    return takeWord(line, "Begin", rest) && (rest.empty() || rest[0] != '=');
-}
-
 // Whether the line's first letters let it be a Begin or an End line. Rules out nearly every line at once.
 bool mayBeBlockLine(std::string_view line) {
     std::size_t blanks = 0;
@@ -39,20 +26,6 @@ bool mayBeBlockLine(std::string_view line) {
     if (line.size() - blanks < 3) return false;
     const char first = base::lower(line[blanks]), third = base::lower(line[blanks + 2]);
     return (first == 'b' && third == 'g') || (first == 'e' && third == 'd');
-}
-
-bool isEndLine(std::string_view line) {
-    std::string_view rest;
-    return takeWord(line, "End", rest) && rest.empty();
-}
-
-std::string_view nextWord(std::string_view& text) {
-    text = withoutLeadingBlanks(text);
-    std::size_t size = 0;
-    while (size < text.size() && !isBlank(text[size])) ++size;
-    const auto word = text.substr(0, size);
-    text.remove_prefix(size);
-    return word;
 }
 
 // The text of a literal, quotes inside it doubled; empty when there is none.

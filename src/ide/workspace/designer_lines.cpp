@@ -1,0 +1,34 @@
+#include "ide/workspace/designer_lines.h"
+
+#include "base/text.h"
+#include "ide/workspace/line_text.h"
+
+namespace corvelle::workspace {
+
+bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
+    line = withoutLeadingBlanks(line);
+    if (!base::startsWithIgnoringCase(line, word)) return false;
+    line.remove_prefix(word.size());
+    rest = withoutLeadingBlanks(line);
+    return rest.empty() || rest.size() < line.size() || rest[0] == '=';
+}
+
+bool isBeginLine(std::string_view line, std::string_view& rest) {
+    return takeWord(line, "Begin", rest) && (rest.empty() || rest[0] != '=');
+}
+
+bool isEndLine(std::string_view line) {
+    std::string_view rest;
+    return takeWord(line, "End", rest) && rest.empty();
+}
+
+std::string_view nextWord(std::string_view& text) {
+    text = withoutLeadingBlanks(text);
+    std::size_t size = 0;
+    while (size < text.size() && !isBlank(text[size])) ++size;
+    const auto word = text.substr(0, size);
+    text.remove_prefix(size);
+    return word;
+}
+
+} // namespace corvelle::workspace

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+
+// The kinds of lines of a designer section.
+namespace corvelle::workspace {
+
+/// Whether the line begins with the word; then `rest` is what follows it and the blanks after it.
+bool takeWord(std::string_view line, std::string_view word, std::string_view& rest);
+
+/// Whether the line begins a block; then `rest` is what follows the word. A property may be called Begin or
+/// End: its line, with the equals sign, belongs to no block.
+bool isBeginLine(std::string_view line, std::string_view& rest);
+
+/// Whether the line ends a block.
+bool isEndLine(std::string_view line);
+
+/// Takes the next word, up to a blank, off the text; empty when there is none.
+std::string_view nextWord(std::string_view& text);
+
+} // namespace corvelle::workspace
