@@ -1,6 +1,8 @@
 #include "cli/unified_diff.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace corvelle::cli {
 
@@ -45,7 +47,15 @@ void UnifiedDiff::put(std::string& to, char mark, std::string_view line) {
 
 void UnifiedDiff::openHunk() {
     trailing_ = 0;
-    if (!hunk_.empty()) return;
+    if (isOpen_ && !passed_.empty()) {
+        // The lines between two differences stand near enough to both to join their hunks.
+        for (const std::string_view line : passed_) put(hunk_, ' ', line);
+        oldCount_ += passed_.size();
+        newCount_ += passed_.size();
+        passed_.clear();
+    }
+    if (isOpen_) return;
+    isOpen_ = true;
     hunkOld_ = oldLine_ - passed_.size();
     hunkNew_ = newLine_ - passed_.size();
     oldCount_ = newCount_ = passed_.size();
@@ -60,7 +70,8 @@ void UnifiedDiff::endRun() {
 
 void UnifiedDiff::closeHunk() {
     endRun();
-    if (hunk_.empty()) return;
+    if (!isOpen_) return;
+    isOpen_ = false;
     if (!headWritten_) {
         const std::string path = headPath(path_);
         sink_("--- " + path + "\n+++ " + path + "\n");
@@ -72,7 +83,7 @@ void UnifiedDiff::closeHunk() {
 }
 
 void UnifiedDiff::same(std::string_view line) {
-    if (!hunk_.empty() && trailing_ < context) {
+    if (isOpen_ && trailing_ < context) {
         endRun();
         put(hunk_, ' ', line);
         ++oldCount_;
@@ -92,19 +103,17 @@ void UnifiedDiff::same(std::string_view line) {
 
 void UnifiedDiff::replaced(std::string_view oldLine, std::string_view newLine) {
     removed(oldLine);
+    added(newLine);
+}
+
+void UnifiedDiff::added(std::string_view newLine) {
+    openHunk();
     put(added_, '+', newLine);
     ++newLine_;
     ++newCount_;
 }
 
 void UnifiedDiff::removed(std::string_view oldLine) {
-    if (!hunk_.empty() && !passed_.empty()) {
-        // The lines between two differences stand near enough to both to join their hunks.
-        for (const std::string_view line : passed_) put(hunk_, ' ', line);
-        oldCount_ += passed_.size();
-        newCount_ += passed_.size();
-        passed_.clear();
-    }
     openHunk();
     put(hunk_, '-', oldLine);
     ++oldLine_;
@@ -113,6 +122,47 @@ void UnifiedDiff::removed(std::string_view oldLine) {
 
 void UnifiedDiff::finish() {
     closeHunk();
+}
+
+namespace {
+
+// The lines of a text, with their ends.
+std::vector<std::string_view> linesOf(std::string_view text) {
+    std::vector<std::string_view> lines;
+    while (!text.empty()) {
+        const auto end = std::min(text.find('\n'), text.size() - 1) + 1;
+        lines.push_back(text.substr(0, end));
+        text.remove_prefix(end);
+    }
+    return lines;
+}
+
+} // namespace
+
+void writeDiff(const std::string& path, std::string_view before, std::string_view after,
+               const UnifiedDiff::Sink& sink) {
+    UnifiedDiff diff(path, sink);
+    const auto old = linesOf(before), fresh = linesOf(after);
+    auto o = old.begin();
+    auto f = fresh.begin();
+    const auto isNear = [](auto from, auto end, std::string_view line) {
+        constexpr std::ptrdiff_t ahead = 16;
+        const auto last = from + std::min<std::ptrdiff_t>(ahead, end - from);
+        return std::find(from, last, line) != last;
+    };
+    while (o != old.end() || f != fresh.end()) {
+        if (o != old.end() && f != fresh.end() && *o == *f) {
+            diff.same(*o++);
+            ++f;
+        } else if (o == old.end() || (f != fresh.end() && isNear(f, fresh.end(), *o))) {
+            diff.added(*f++);
+        } else if (f == fresh.end() || isNear(o, old.end(), *f)) {
+            diff.removed(*o++);
+        } else {
+            diff.replaced(*o++, *f++);
+        }
+    }
+    diff.finish();
 }
 
 } // namespace corvelle::cli

@@ -21,6 +21,7 @@ class UnifiedDiff {
     void same(std::string_view line);
     void replaced(std::string_view oldLine, std::string_view newLine);
     void removed(std::string_view oldLine);
+    void added(std::string_view newLine);
     /// Ends the diff; call once, last.
     void finish();
 
@@ -37,11 +38,17 @@ class UnifiedDiff {
     bool headWritten_ = false;
     std::size_t oldLine_ = 0, newLine_ = 0; // lines passed so far
     std::deque<std::string_view> passed_;   // the last equal lines, not in any hunk yet
-    std::string hunk_;                      // the open hunk; empty: none is open
+    bool isOpen_ = false;                   // whether there is an open hunk
+    std::string hunk_;                      // its lines
     std::string added_;                     // new lines of the current run, which follow its old lines
     std::size_t hunkOld_ = 0, hunkNew_ = 0; // where the hunk begins, 0-based
     std::size_t oldCount_ = 0, newCount_ = 0;
     std::size_t trailing_ = 0; // equal lines since the last difference
 };
+
+/// The diff of two whole texts that differ here and there by a few lines: not always the shortest one where
+/// they differ by more. Nothing for equal ones.
+void writeDiff(const std::string& path, std::string_view before, std::string_view after,
+               const UnifiedDiff::Sink& sink);
 
 } // namespace corvelle::cli

@@ -74,6 +74,26 @@ TEST(UnifiedDiff, MarksARemovedLastLineWithoutAnEnd) {
     EXPECT_EQ(diffOf({" 1\n", "-2"}), head + "@@ -1,2 +1 @@\n  1\n--2\n\\ No newline at end of file\n");
 }
 
+std::string diffOfTexts(std::string_view before, std::string_view after) {
+    std::string result;
+    writeDiff("f", before, after, [&](std::string_view text) { result += text; });
+    return result;
+}
+
+TEST(UnifiedDiff, FindsTheLinesThatCameAndWent) {
+    EXPECT_EQ(diffOfTexts("1\n2\n", "1\n2\n"), "");
+    EXPECT_EQ(diffOfTexts("", "1\n"), head + "@@ -0,0 +1 @@\n+1\n");
+    EXPECT_EQ(diffOfTexts("1\n", "0\n1\n2\n"), head + "@@ -1 +1,3 @@\n+0\n 1\n+2\n");
+    EXPECT_EQ(diffOfTexts("0\n1\n2\n", "1\n"), head + "@@ -1,3 +1 @@\n-0\n 1\n-2\n");
+    EXPECT_EQ(diffOfTexts("1\n2\n3", "1\n9\n3"),
+              head + "@@ -1,3 +1,3 @@\n 1\n-2\n+9\n 3\n\\ No newline at end of file\n");
+}
+
+TEST(UnifiedDiff, JoinsLinesThatCameNearOneAnother) {
+    EXPECT_EQ(diffOfTexts("1\n2\n3\n4\n5\n6\n7\n8\n", "a\n1\n2\n3\n4\n5\n6\nb\n7\n8\n"),
+              head + "@@ -1,8 +1,10 @@\n+a\n 1\n 2\n 3\n 4\n 5\n 6\n+b\n 7\n 8\n");
+}
+
 TEST(UnifiedDiff, EndsANameWithBlanksAndQuotesAStrangeOne) {
     const auto headOf = [](const std::string& path) {
         std::string result;
