@@ -19,6 +19,12 @@ struct BackupName {
     std::string text() const;
 };
 
+/// Saves a copy of a file's bytes in the folder, which is made where there is none: under that name, or under
+/// the next free one where another run has taken it. Nobody can read it who cannot read the file `like`.
+/// Throws std::runtime_error, which names the copy.
+void saveBackup(const std::filesystem::path& folder, BackupName name, std::string_view bytes,
+                const std::filesystem::path& like);
+
 /// Gives each backup of one run a name of its own, in the order of asking: what a folder holds already is
 /// never one of them.
 class BackupNames {

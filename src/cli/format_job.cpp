@@ -1,7 +1,6 @@
 #include "cli/format_job.h"
 
 #include "base/binary_check.h"
-#include "base/new_file.h"
 #include "base/path_text.h"
 #include "cli/shown_text.h"
 #include "cli/unified_diff.h"
@@ -185,30 +184,10 @@ void FormatJob::chooseBackup(BackupNames& names) {
     backup_ = names.next(name, file_->type());
 }
 
-void FormatJob::saveBackup() const {
-    const std::filesystem::path folder = base::pathOf(*settings_.backupDir);
-    const auto fail = [&](const std::filesystem::path& path, const std::string& reason) {
-        throw std::runtime_error("not rewritten, its backup " + base::textOf(path) +
-                                 " could not be saved: " + reason);
-    };
-    std::error_code error;
-    std::filesystem::create_directories(folder, error);
-    if (error) fail(folder / base::pathOf(backup_->text()), base::fileErrorOf(error, folder).reason());
-    // Another run may have taken the name since it was chosen.
-    for (BackupName name = *backup_;; ++name.copy) {
-        const auto path = folder / base::pathOf(name.text());
-        try {
-            if (base::writeNewFile(path, file_->bytes(), source_.path)) return;
-        } catch (const base::FileError& failure) {
-            fail(path, failure.reason());
-        }
-    }
-}
-
 void FormatJob::save() {
     if (fate_ != Fate::Rewritten || !settings_.writesFiles() || source_.isStandardInput()) return;
     try {
-        if (backup_) saveBackup();
+        if (backup_) saveBackup(base::pathOf(*settings_.backupDir), *backup_, file_->bytes(), source_.path);
         base::replaceFile(source_.path, [&](base::FileWriter& out) { formatted().write(out); },
                           {.stamp = stamp_, .content = file_->bytes(), .breakLinks = settings_.breakLinks});
     } catch (const std::exception& error) {

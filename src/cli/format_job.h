@@ -51,7 +51,6 @@ class FormatJob {
     bool isStructured() const { return layout_.layout == settings::Layout::Structured; }
     workspace::FormattedFile formatted() const;
     std::string textOf(const formatter::Finding& finding) const;
-    void saveBackup() const;
     void diagnose(ExitStatus status, std::string_view message);
     void diagnose(ExitStatus status, std::uint32_t fileLine, std::string_view message);
     /// One line of a message, and one that explains it where it needs that.
