@@ -208,6 +208,24 @@ TEST(WithModule, RewritesTheLineOfTheSameFile) {
     EXPECT_EQ(withM("\xEF\xBB\xBFModule=Old; m.bas\r\n"), "\xEF\xBB\xBFModule=M; m.bas\r\n");
 }
 
+TEST(WithHelpFile, ReplacesTheNameInItsLine) {
+    EXPECT_EQ(withHelpFile("Startup=\"f\"\r\nHelpFile=\"\"\r\nTitle=\"x\"\r\n", "Help\\a b.chm"),
+              "Startup=\"f\"\r\nHelpFile=\"Help\\a b.chm\"\r\nTitle=\"x\"\r\n");
+    EXPECT_EQ(withHelpFile("Type=Exe\n helpfile = old.hlp \nTitle=\"x\"", "a.chm"),
+              "Type=Exe\n helpfile = \"a.chm\" \nTitle=\"x\"");
+    EXPECT_EQ(withHelpFile("HelpFile=", "a.chm"), "HelpFile=\"a.chm\"");
+    EXPECT_EQ(withHelpFile("HelpFile=\"a.chm\"\r\n", "a.chm"), "HelpFile=\"a.chm\"\r\n");
+}
+
+TEST(WithHelpFile, AddsTheLineWhereThereIsNone) {
+    EXPECT_EQ(withHelpFile("Type=Exe\r\nStartup=\"f\"\r\nName=\"x\"\r\n", "a.chm"),
+              "Type=Exe\r\nStartup=\"f\"\r\nHelpFile=\"a.chm\"\r\nName=\"x\"\r\n");
+    EXPECT_EQ(withHelpFile("Type=Exe\nName=\"x\"\n\n[Other]\nHelpFile=1\n", "a.chm"),
+              "Type=Exe\nName=\"x\"\nHelpFile=\"a.chm\"\n\n[Other]\nHelpFile=1\n");
+    EXPECT_EQ(withHelpFile("Type=Exe", "a.chm"), "Type=Exe\r\nHelpFile=\"a.chm\"\r\n");
+    EXPECT_EQ(withHelpFile("\xEF\xBB\xBF", "a.chm"), "\xEF\xBB\xBFHelpFile=\"a.chm\"\r\n");
+}
+
 TEST(WrittenPath, IsRelativeWithBackslashes) {
     const TemporaryFolder folder;
     const auto inside = folder.write("p/sub/m.bas", "");

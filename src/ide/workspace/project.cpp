@@ -84,7 +84,14 @@ bool Project::hasName(std::string_view name, const Component& except) const {
 
 void Project::enter(std::string_view name, const std::filesystem::path& path) {
     if (path_.empty()) return;
-    auto bytes = withModule(bytes_, path_.parent_path(), name, path);
+    rewrite(withModule(bytes_, path_.parent_path(), name, path));
+}
+
+void Project::setHelpFile(std::string_view name) {
+    if (!path_.empty()) rewrite(withHelpFile(bytes_, name));
+}
+
+void Project::rewrite(std::string bytes) {
     if (bytes == bytes_) return;
     write_(path_, bytes, {.stamp = stamp_});
     bytes_ = std::move(bytes);

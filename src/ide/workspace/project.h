@@ -60,6 +60,10 @@ class Project : public ide::VBProject {
     /// base::FileError, also when somebody else has changed the file meanwhile.
     void enter(std::string_view name, const std::filesystem::path& path);
 
+    /// Writes the name of the application's help file into the project's file, unless it is there. Throws as
+    /// `enter` does.
+    void setHelpFile(std::string_view name);
+
     const std::filesystem::path& path() const { return path_; }
     /// The project file as it is on disk, as far as is known here.
     const std::string& bytes() const { return bytes_; }
@@ -79,6 +83,8 @@ class Project : public ide::VBProject {
       private:
         Project& project_;
     };
+
+    void rewrite(std::string bytes);
 
     std::weak_ptr<void> whole_;
     std::filesystem::path path_;

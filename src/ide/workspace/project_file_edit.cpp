@@ -2,6 +2,7 @@
 
 #include "base/path_text.h"
 #include "base/text.h"
+#include "ide/workspace/key_value.h"
 #include "ide/workspace/line_reader.h"
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
@@ -9,6 +10,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <system_error>
+#include <vector>
 
 namespace corvelle::workspace {
 
@@ -93,6 +95,32 @@ std::string withModule(std::string_view bytes, const fs::path& folder, std::stri
     result += bytes.substr(place.end);
     endLine();
     return result;
+}
+
+std::string withHelpFile(std::string_view bytes, std::string_view name) {
+    std::vector<std::string_view> values;
+    std::size_t behind = linesOf(bytes).position(), behindStartup = 0;
+    readKeyValues(bytes, [&](std::string_view key, std::string_view value) {
+        behind = lineAt(bytes, static_cast<std::size_t>(key.data() - bytes.data())).end;
+        if (base::equalIgnoringCase(key, "Startup")) behindStartup = behind;
+        if (base::equalIgnoringCase(key, "HelpFile")) values.push_back(value);
+    });
+    const auto quoted = '"' + std::string(name) + '"';
+    std::string result;
+    std::size_t kept = 0;
+    for (const auto value : values) {
+        const auto begin = static_cast<std::size_t>(value.data() - bytes.data());
+        result.append(bytes.substr(kept, begin - kept)).append(quoted);
+        kept = begin + value.size();
+    }
+    if (values.empty()) {
+        const auto newLine = newLineOf(bytes);
+        kept = behindStartup != 0 ? behindStartup : behind;
+        result = bytes.substr(0, kept);
+        if (kept > linesOf(bytes).position() && result.back() != '\n') result += newLine;
+        result.append("HelpFile=").append(quoted).append(newLine);
+    }
+    return result.append(bytes.substr(kept));
 }
 
 } // namespace corvelle::workspace

@@ -17,4 +17,9 @@ std::string writtenPath(const std::filesystem::path& folder, const std::filesyst
 std::string withModule(std::string_view bytes, const std::filesystem::path& folder, std::string_view name,
                        const std::filesystem::path& file);
 
+/// The project file with the name of the application's help file, `HelpFile="name"`, in the line that it has
+/// for it; else in a new one, behind the start-up object's or behind the last line before the first section.
+/// The other bytes are kept. The name has no quotes and no line end in it.
+std::string withHelpFile(std::string_view bytes, std::string_view name);
+
 } // namespace corvelle::workspace
