@@ -6,13 +6,14 @@
 #include "base/text.h"
 #include "formatter/backup.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <system_error>
 
 namespace corvelle::cli {
 
 std::string BackupName::text() const {
-    return formatter::backupName(module, type, copy);
+    return formatter::backupName(module, type, copy) + ending;
 }
 
 void saveBackup(const std::filesystem::path& folder, BackupName name, std::string_view bytes,
@@ -34,15 +35,30 @@ void saveBackup(const std::filesystem::path& folder, BackupName name, std::strin
     }
 }
 
+bool isPlainName(std::string_view name) {
+    return !name.empty() && name.find_first_of("/\\:*?\"<>|") == std::string_view::npos &&
+           std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
+}
+
 BackupName BackupNames::next(std::string_view module, ide::ComponentType type) {
-    unsigned& copies = copies_[base::upper(module)];
-    BackupName name{std::string(module), type, ++copies};
-    std::error_code ignored;
-    while (std::filesystem::exists(
-        std::filesystem::symlink_status(folder_ / base::pathOf(name.text()), ignored))) {
-        name.copy = ++copies;
-    }
+    BackupName name{std::string(module), type};
+    findFree(name);
     return name;
+}
+
+BackupName BackupNames::next(const std::filesystem::path& file) {
+    BackupName name{base::textOf(file.stem()), {}, 1, base::textOf(file.extension())};
+    findFree(name);
+    return name;
+}
+
+void BackupNames::findFree(BackupName& name) {
+    unsigned& copies = copies_[base::upper(name.module)];
+    std::error_code ignored;
+    do {
+        name.copy = ++copies;
+    } while (std::filesystem::exists(
+        std::filesystem::symlink_status(folder_ / base::pathOf(name.text()), ignored)));
 }
 
 } // namespace corvelle::cli

@@ -19,12 +19,6 @@ using workspace::ModuleFile;
 
 namespace {
 
-// A module's name becomes part of a file's name: one that would lead elsewhere is not used.
-bool isPlainName(std::string_view name) {
-    return !name.empty() && name.find_first_of("/\\:*?\"<>|") == std::string_view::npos &&
-           std::none_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 32; });
-}
-
 void requireText(std::string_view bytes) {
     const auto what = base::whatInsteadOfText(bytes);
     if (!what.empty()) throw std::runtime_error("this is " + std::string(what) + ", not a module");

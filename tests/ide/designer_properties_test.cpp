@@ -33,7 +33,7 @@ std::vector<Fate> fatesOf(const ChangedDesigner& changed) {
 // Writes the properties into the section, and looks that their removal gives the old bytes again.
 std::string written(const std::string& section, const std::vector<HelpPropertyWish>& wishes) {
     const auto file = form(section);
-    const auto changed = withHelpProperties(file, wishes, false);
+    const auto changed = withHelpProperties(file, wishes);
     for (const auto fate : fatesOf(changed)) EXPECT_EQ(fate, Fate::Done);
     const auto back = withoutHelpProperties(ModuleFile(changed.bytes, file.type()), wishes);
     EXPECT_EQ(back.bytes, file.bytes());
@@ -103,7 +103,7 @@ TEST(HelpProperties, AreNotWrittenIntoAControlThatIsInvisibleAtRunTime) {
           "      Left = 0\r\n      _ExtentX = 8\r\n      Height = 1\r\n      Width = 5\r\n"}) {
         const auto file = form("Begin VB.Form frm \r\n   Begin Lib.Clock clk \r\n" + properties +
                                "      HelpContextID = 0\r\n   End\r\nEnd\r\n");
-        const auto changed = withHelpProperties(file, {{"clk", {}, help, 6}}, true);
+        const auto changed = withHelpProperties(file, {{"clk", {}, help, 6, {}, true}});
         EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Invisible));
         EXPECT_EQ(changed.bytes, file.bytes());
     }
@@ -152,7 +152,7 @@ TEST(HelpProperties, EndTheirLinesAsTheBlockDoes) {
 
 TEST(HelpProperties, KeepAByteOrderMark) {
     const ModuleFile file("\xEF\xBB\xBFVERSION 5.00\nBegin VB.Form f\nEnd\n", ide::ComponentType::VBForm);
-    EXPECT_EQ(withHelpProperties(file, {{"", {}, help, 1}}, false).bytes,
+    EXPECT_EQ(withHelpProperties(file, {{"", {}, help, 1}}).bytes,
               "\xEF\xBB\xBFVERSION 5.00\nBegin VB.Form f\n   HelpContextID   =   1\nEnd\n");
 }
 
@@ -161,23 +161,31 @@ const std::string numbered = "Begin VB.Form frm \r\n   Begin VB.TextBox txt \r\n
 
 TEST(HelpProperties, LeaveANumberThatStandsThere) {
     const auto file = form(numbered);
-    const auto changed = withHelpProperties(file, {{"txt", {}, help, 9}}, false);
+    const auto changed = withHelpProperties(file, {{"txt", {}, help, 9}});
     EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Differs));
     EXPECT_EQ(changed.outcomes[0].found, "5");
     EXPECT_EQ(changed.outcomes[0].line, 5U);
     EXPECT_EQ(changed.bytes, file.bytes());
-    EXPECT_THAT(fatesOf(withHelpProperties(file, {{"txt", {}, help, 5}}, true)), ElementsAre(Fate::Needless));
+    EXPECT_THAT(fatesOf(withHelpProperties(file, {{"txt", {}, help, 5, {}, true}})),
+                ElementsAre(Fate::Needless));
 }
 
 TEST(HelpProperties, ReplaceANumberWhenToldTo) {
-    const auto changed = withHelpProperties(form(numbered), {{"txt", {}, help, 9}}, true);
+    const auto changed = withHelpProperties(form(numbered), {{"txt", {}, help, 9, {}, true}});
     EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Replaced));
     EXPECT_THAT(changed.bytes, HasSubstr("      helpcontextid = 9\r\n   End"));
 }
 
+TEST(HelpProperties, ReplaceANumberOfOurOwn) {
+    EXPECT_THAT(fatesOf(withHelpProperties(form(numbered), {{"txt", {}, help, 9, 5}})),
+                ElementsAre(Fate::Replaced));
+    EXPECT_THAT(fatesOf(withHelpProperties(form(numbered), {{"txt", {}, help, 9, 4}})),
+                ElementsAre(Fate::Differs));
+}
+
 TEST(HelpProperties, ReplaceAZero) {
     const auto file = form("Begin VB.Form frm \r\n   HelpContextID   =   0\r\nEnd\r\n");
-    const auto changed = withHelpProperties(file, {{"", {}, help, 9}}, false);
+    const auto changed = withHelpProperties(file, {{"", {}, help, 9}});
     EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Replaced));
     EXPECT_THAT(changed.bytes, HasSubstr("   HelpContextID   =   9\r\nEnd"));
 }
@@ -190,9 +198,8 @@ TEST(HelpProperties, TellWhatTheyDoNotFind) {
                                             {{"txt", {}, help, 1},
                                              {"lst", {}, help, 1},
                                              {"lst", 0, help, 1},
-                                             {"lst", 1, help, 9},
-                                             {"x", {}, help, 1}},
-                                            true);
+                                             {"lst", 1, help, 9, {}, true},
+                                             {"x", {}, help, 1}});
     EXPECT_THAT(fatesOf(changed),
                 ElementsAre(Fate::Ambiguous, Fate::Missing, Fate::Missing, Fate::Ambiguous, Fate::Missing));
     EXPECT_EQ(changed.bytes, file.bytes());
@@ -220,9 +227,7 @@ TEST(HelpProperties, SwitchWhatsThisHelpOn) {
 TEST(HelpProperties, GiveAQuestionMarkOnlyToFormsThatHaveRoomForIt) {
     const auto fate = [](const std::string& properties, const std::string& kind = "Form") {
         const auto file = form("Begin VB." + kind + " frm \r\n" + properties + "End\r\n");
-        return withHelpProperties(file, {{"", {}, HelpProperty::WhatsThisButton, -1}}, false)
-            .outcomes[0]
-            .fate;
+        return withHelpProperties(file, {{"", {}, HelpProperty::WhatsThisButton, -1}}).outcomes[0].fate;
     };
     const std::string noButtons = "   MaxButton = 0 'False\r\n   MinButton = 0\r\n";
     EXPECT_EQ(fate(""), Fate::Forbidden);
@@ -239,8 +244,7 @@ TEST(HelpProperties, GiveAQuestionMarkOnlyToFormsThatHaveRoomForIt) {
 TEST(HelpProperties, RefuseASectionThatNoIdeWrites) {
     const auto lineOf = [](const std::string& inside) {
         try {
-            withHelpProperties(form("Begin VB.Form frm\r\n" + inside + "End\r\n"), {{"", {}, help, 1}},
-                               false);
+            withHelpProperties(form("Begin VB.Form frm\r\n" + inside + "End\r\n"), {{"", {}, help, 1}});
         } catch (const StrangeDesigner& error) {
             return error.line();
         }

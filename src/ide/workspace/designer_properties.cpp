@@ -151,12 +151,12 @@ class Change {
     explicit Change(const ModuleFile& file)
         : file_(file), blocks_(readDesignerSection(file)), names_(blocks_) {}
 
-    HelpPropertyOutcome write(const HelpPropertyWish& wish, bool replaceNumbers) {
+    HelpPropertyOutcome write(const HelpPropertyWish& wish) {
         return onTheOnlyOne(wish, [&](std::size_t number, const DesignerBlock& block) {
             if (!isBuiltIn(block.className) && containersProperties(block) == 0)
                 return HelpPropertyOutcome{Fate::Invisible, block.line, {}};
             const auto* const old = block.find(nameOf(wish.property));
-            if (old) return overwrite(*old, number, wish, replaceNumbers);
+            if (old) return overwrite(*old, number, wish);
             if (wish.property == HelpProperty::WhatsThisButton && !allowsWhatsThisButton(block))
                 return HelpPropertyOutcome{Fate::Forbidden, block.line, {}};
             note(number, insertion(block, wish));
@@ -195,12 +195,12 @@ class Change {
     }
 
     HelpPropertyOutcome overwrite(const DesignerProperty& old, std::size_t number,
-                                  const HelpPropertyWish& wish, bool replaceNumbers) {
+                                  const HelpPropertyWish& wish) {
         const auto value = numberOf(old.value);
         if (value == wish.value) return {Fate::Needless, old.line, {}};
         HelpPropertyOutcome outcome{Fate::Replaced, old.line, std::string(old.value)};
         // A number of none, which stands where somebody has typed it, is no number yet.
-        if (value != 0 && !replaceNumbers) outcome.fate = Fate::Differs;
+        if (value != 0 && value != wish.previous && !wish.replacesAny) outcome.fate = Fate::Differs;
         if (outcome.fate == Fate::Differs) return outcome;
         const auto begin = static_cast<std::size_t>(old.value.data() - file_.bytes().data());
         note(number, {begin, begin + old.value.size(), valueText(wish), wish.property});
@@ -245,11 +245,10 @@ std::optional<HelpProperty> helpPropertyNamed(std::string_view name) {
     return std::nullopt;
 }
 
-ChangedDesigner withHelpProperties(const ModuleFile& file, const std::vector<HelpPropertyWish>& wishes,
-                                   bool replaceNumbers) {
+ChangedDesigner withHelpProperties(const ModuleFile& file, const std::vector<HelpPropertyWish>& wishes) {
     Change change(file);
     ChangedDesigner result;
-    for (const auto& wish : wishes) result.outcomes.push_back(change.write(wish, replaceNumbers));
+    for (const auto& wish : wishes) result.outcomes.push_back(change.write(wish));
     result.bytes = change.bytes();
     return result;
 }

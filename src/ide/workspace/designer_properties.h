@@ -23,6 +23,9 @@ struct HelpPropertyWish {
     std::optional<std::int32_t> index; ///< in a control array
     HelpProperty property{};
     std::int32_t value = 0; ///< -1 of one that is on or off
+    /// A number of ours that may stand there and is replaced.
+    std::optional<std::int32_t> previous{};
+    bool replacesAny = false; ///< whether any other number that stands there is replaced
 };
 
 /// What became of a wish.
@@ -55,8 +58,7 @@ struct ChangedDesigner {
 /// byte is kept. Whether a built-in class has the property is for the caller to know. A number other than 0
 /// that stands there stays, unless it is to be replaced. The result has been read back: it is the same
 /// designer with these properties. Throws StrangeDesigner.
-ChangedDesigner withHelpProperties(const ModuleFile& file, const std::vector<HelpPropertyWish>& wishes,
-                                   bool replaceNumbers);
+ChangedDesigner withHelpProperties(const ModuleFile& file, const std::vector<HelpPropertyWish>& wishes);
 
 /// The file without these properties, as far as they stand there with these values. Read back as well.
 /// Throws StrangeDesigner.
