@@ -105,7 +105,7 @@ class StatementReader {
     };
 
     Statement readHead(bool inMembers);
-    Statement headWord(std::string_view word, bool inMembers);
+    Statement headWord(Word word, std::string_view text, bool inMembers);
     Statement afterWord(Word word);
     Statement readAfterThen();
     Statement readCondition();
@@ -115,11 +115,13 @@ class StatementReader {
     bool skipRest();
     void comment(std::size_t at);
     bool skipHidden();
+    template <char wanted>
+    void skipTo();
     Statement endOfLine();
     bool label(std::size_t end) const;
     bool namesMember() const;
     bool neverTrue() const;
-    std::string_view word();
+    Word readWord();
     bool wordEnded(std::size_t at) const { return at >= end_ || isBlank(line_[at]); }
 
     Statement open(BlockKind block, Mode then);

@@ -1,18 +1,106 @@
 #include "formatter/structured/words.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
 
 namespace corvelle::formatter::structured {
 namespace {
 
-constexpr std::size_t longestPacked = 8;
+struct KnownWord {
+    std::string_view text;
+    Word word;
+};
 
-// Up to eight characters as one number, letters in lower case. A bit more makes a letter small and changes no
-// other byte of a name into a letter.
+constexpr std::array<KnownWord, 33> knownWords{{
+    {"as", Word::As},
+    {"case", Word::Case},
+    {"const", Word::Const},
+    {"dim", Word::Dim},
+    {"do", Word::Do},
+    {"else", Word::Else},
+    {"elseif", Word::ElseIf},
+    {"end", Word::End},
+    {"endif", Word::EndIf},
+    {"enum", Word::Enum},
+    {"for", Word::For},
+    {"friend", Word::Modifier},
+    {"function", Word::Function},
+    {"get", Word::Get},
+    {"global", Word::Modifier},
+    {"if", Word::If},
+    {"let", Word::Let},
+    {"loop", Word::Loop},
+    {"next", Word::Next},
+    {"on", Word::On},
+    {"private", Word::Modifier},
+    {"property", Word::Property},
+    {"public", Word::Modifier},
+    {"rem", Word::Rem},
+    {"select", Word::Select},
+    {"set", Word::Set},
+    {"static", Word::Modifier},
+    {"sub", Word::Sub},
+    {"then", Word::Then},
+    {"type", Word::Type},
+    {"wend", Word::Wend},
+    {"while", Word::While},
+    {"with", Word::With},
+}};
+
+constexpr std::size_t shortestWord = 2, longestWord = 8;
+
+// A word of up to eight letters as one number, the first letter in the lowest byte.
 constexpr std::uint64_t packed(std::string_view text) {
     std::uint64_t value = 0;
-    for (const char c : text) value = value << 8 | static_cast<unsigned char>(c | 0x20);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        value |= std::uint64_t{static_cast<unsigned char>(text[i])} << (8 * i);
+    }
     return value;
+}
+
+// The known words where their numbers, multiplied, lead to: each has a place of its own, so that one
+// comparison tells a word. The factor was found by trying; another list of words may need another one.
+class PackedWords {
+  public:
+    constexpr PackedWords() {
+        for (const KnownWord& known : knownWords) {
+            Place& place = places_[placeOf(packed(known.text))];
+            distinct_ = distinct_ && place.value == 0;
+            place = {packed(known.text), known.word};
+        }
+    }
+    constexpr bool distinct() const { return distinct_; }
+    constexpr Word find(std::uint64_t value) const {
+        const Place& place = places_[placeOf(value)];
+        return place.value == value ? place.word : Word::Other;
+    }
+
+  private:
+    struct Place {
+        std::uint64_t value = 0;
+        Word word = Word::Other;
+    };
+    static constexpr std::size_t placeOf(std::uint64_t value) {
+        return static_cast<std::size_t>((value * 0xC5867BB3D20113F9U) >> 58);
+    }
+
+    std::array<Place, 64> places_{};
+    bool distinct_ = true;
+};
+
+constexpr PackedWords packedWords;
+static_assert(packedWords.distinct());
+
+// The word as one number. Where eight bytes can be read at once they are, and what is not the word's is cut.
+std::uint64_t packedIn(std::string_view line, std::size_t begin, std::size_t length) {
+    const bool rightOrder = std::endian::native == std::endian::little;
+    if (!rightOrder || line.size() < longestWord) return packed(line.substr(begin, length));
+    const std::size_t from = std::min(begin, line.size() - longestWord);
+    std::uint64_t value = 0;
+    std::memcpy(&value, line.data() + from, longestWord);
+    value >>= 8 * (begin - from);
+    return value & (~std::uint64_t{0} >> (8 * (longestWord - length)));
 }
 
 constexpr std::array<std::string_view, 142> reservedWords{
@@ -47,74 +135,16 @@ bool sameWord(std::string_view a, std::string_view b) {
 
 } // namespace
 
+Word wordIn(std::string_view line, std::size_t begin, std::size_t length) {
+    if (length < shortestWord || length > longestWord) return Word::Other;
+    // A bit more makes a letter small and changes no other byte of a name into a letter.
+    constexpr std::uint64_t small = 0x2020202020202020U;
+    const std::uint64_t ofWord = small >> (8 * (longestWord - length));
+    return packedWords.find(packedIn(line, begin, length) | ofWord);
+}
+
 Word wordOf(std::string_view text) {
-    if (text.size() < 2 || text.size() > longestPacked) return Word::Other;
-    switch (packed(text)) {
-    case packed("as"):
-        return Word::As;
-    case packed("case"):
-        return Word::Case;
-    case packed("const"):
-        return Word::Const;
-    case packed("dim"):
-        return Word::Dim;
-    case packed("do"):
-        return Word::Do;
-    case packed("else"):
-        return Word::Else;
-    case packed("elseif"):
-        return Word::ElseIf;
-    case packed("end"):
-        return Word::End;
-    case packed("endif"):
-        return Word::EndIf;
-    case packed("enum"):
-        return Word::Enum;
-    case packed("for"):
-        return Word::For;
-    case packed("function"):
-        return Word::Function;
-    case packed("get"):
-        return Word::Get;
-    case packed("if"):
-        return Word::If;
-    case packed("let"):
-        return Word::Let;
-    case packed("loop"):
-        return Word::Loop;
-    case packed("public"):
-    case packed("private"):
-    case packed("friend"):
-    case packed("global"):
-    case packed("static"):
-        return Word::Modifier;
-    case packed("next"):
-        return Word::Next;
-    case packed("on"):
-        return Word::On;
-    case packed("property"):
-        return Word::Property;
-    case packed("rem"):
-        return Word::Rem;
-    case packed("select"):
-        return Word::Select;
-    case packed("set"):
-        return Word::Set;
-    case packed("sub"):
-        return Word::Sub;
-    case packed("then"):
-        return Word::Then;
-    case packed("type"):
-        return Word::Type;
-    case packed("wend"):
-        return Word::Wend;
-    case packed("while"):
-        return Word::While;
-    case packed("with"):
-        return Word::With;
-    default:
-        return Word::Other;
-    }
+    return wordIn(text, 0, text.size());
 }
 
 bool isReserved(std::string_view text) {

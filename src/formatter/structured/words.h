@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/byte_search.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -46,57 +48,45 @@ enum class Word : std::uint8_t {
 /// The word's meaning.
 Word wordOf(std::string_view text);
 
+/// The meaning of the word of that length that begins at that position of the line. Faster than taking the
+/// word out of it.
+Word wordIn(std::string_view line, std::size_t begin, std::size_t length);
+
 /// Whether the word is reserved, so that with a colon behind it at a line's beginning it is no label.
 bool isReserved(std::string_view text);
 
-namespace detail {
-
-enum ByteClass : std::uint8_t {
-    blank = 1,
-    letter = 2,  ///< letters, digits, the underscore, bytes above 127: what a name is made of
-    special = 4, ///< what can end a statement or hide its end
-    digit = 8,
-};
-
-constexpr std::array<std::uint8_t, 256> makeByteClasses() {
-    std::array<std::uint8_t, 256> classes{};
-    for (std::size_t c = 128; c < 256; ++c) classes[c] = letter;
-    for (std::size_t c = 'a'; c <= 'z'; ++c) classes[c] = letter;
-    for (std::size_t c = 'A'; c <= 'Z'; ++c) classes[c] = letter;
-    for (std::size_t c = '0'; c <= '9'; ++c) classes[c] = letter | digit;
-    classes['_'] = letter;
-    classes[' '] = classes['\t'] = blank;
-    for (const unsigned char c : {'"', '\'', ':', '#', '['}) classes[c] = special;
-    return classes;
-}
-
-inline constexpr auto byteClasses = makeByteClasses();
-
-inline bool is(char c, std::uint8_t classes) {
-    return (byteClasses[static_cast<unsigned char>(c)] & classes) != 0;
-}
-
-} // namespace detail
+/// What a name is made of: letters, digits, the underscore, bytes above 127.
+using Letters = base::NameBytes;
+using Blanks = base::AnyOf<' ', '\t'>;
+/// What can end a statement or hide its end.
+using Specials = base::AnyOf<'"', '\'', ':', '#', '['>;
 
 /// Whether the byte is a space or a tab.
 inline bool isBlank(char c) {
-    return detail::is(c, detail::blank);
+    return Blanks::has(c);
 }
 /// Whether a name may hold the byte.
 inline bool isLetter(char c) {
-    return detail::is(c, detail::letter);
+    static constexpr auto letters = [] {
+        std::array<bool, 256> table{};
+        for (std::size_t c = 0; c < table.size(); ++c) table[c] = Letters::has(static_cast<char>(c));
+        return table;
+    }();
+    return letters[static_cast<unsigned char>(c)];
 }
 inline bool isDigit(char c) {
-    return detail::is(c, detail::digit);
-}
-inline bool isSpecial(char c) {
-    return detail::is(c, detail::special);
+    return c >= '0' && c <= '9';
 }
 
 /// The position of the first byte from `at` that is no blank; the text's length if there is none.
 inline std::size_t pastBlanks(std::string_view text, std::size_t at) {
-    while (at < text.size() && isBlank(text[at])) ++at;
-    return at;
+    if (at >= text.size() || !isBlank(text[at])) return at; // one look tells it mostly
+    return base::skipKind<Blanks>(text, at);
+}
+
+/// The position of the first byte from `at`, which is not beyond the end, that no name holds.
+inline std::size_t pastLetters(std::string_view text, std::size_t at) {
+    return base::skipKind<Letters>(text, at);
 }
 
 /// The text's length without the blanks at its end.
