@@ -183,7 +183,7 @@ void report(benchmark::State& state) {
 
 void clean(Engine& engine) {
     engine.ResetAll();
-    engine.beginCleaning(module().lines().size(), module().bytes());
+    engine.beginCleaning(module().lines().size());
     for (const std::string& line : module().lines()) engine.cleanLine(line);
 }
 

@@ -2,33 +2,51 @@
 
 #include "base/run_time_error.h"
 
-#include <limits>
+#include <algorithm>
 
 namespace corvelle::base {
 
+namespace {
+
+constexpr std::size_t block = std::size_t{1} << 16;
+
+} // namespace
+
 void LineBuffer::reset() {
-    // Swapped, not cleared: a large module's memory goes back when its run is over.
-    std::string().swap(text_);
-    std::vector<std::uint32_t>{0}.swap(ends_);
-    std::vector<std::int16_t>{0}.swap(spaces_);
+    beginLoading(0);
+    lines_.push_back({nullptr, 0, 0});
 }
 
-void LineBuffer::beginLoading(std::size_t lines, std::size_t bytes) {
-    text_.clear();
-    ends_.clear();
-    spaces_.clear();
-    text_.reserve(bytes);
-    ends_.reserve(lines);
-    spaces_.reserve(lines);
+void LineBuffer::beginLoading(std::size_t lines) {
+    // Swapped, not cleared: a large module's memory goes back when its run is over.
+    std::vector<Line>().swap(lines_);
+    blocks_.clear();
+    free_ = nullptr;
+    freeBytes_ = 0;
+    lines_.reserve(lines);
 }
 
 void LineBuffer::append(std::string_view text) {
-    if (text.size() > std::numeric_limits<std::uint32_t>::max() - text_.size()) {
-        throw RunTimeError(ErrorNumber::OutOfMemory);
+    if (text.size() > longestLine) refuse();
+    char* const copy = roomFor(text.size());
+    std::copy(text.begin(), text.end(), copy);
+    refer({copy, text.size()});
+}
+
+char* LineBuffer::roomFor(std::size_t bytes) {
+    if (bytes > freeBytes_) {
+        freeBytes_ = std::max(bytes, block);
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(freeBytes_));
+        free_ = blocks_.back().get();
     }
-    text_.append(text);
-    ends_.push_back(static_cast<std::uint32_t>(text_.size()));
-    spaces_.push_back(0);
+    char* const room = free_;
+    free_ += bytes;
+    freeBytes_ -= bytes;
+    return room;
+}
+
+void LineBuffer::refuse() {
+    throw RunTimeError(ErrorNumber::OutOfMemory);
 }
 
 std::string LineBuffer::line(std::int32_t index) const {

@@ -111,7 +111,10 @@ void FormatJob::layOut() {
         code_ = formatter::formatCode(codeOf(*file_, {}), structured);
     } else {
         options.mTab = layout_.classicTab.value_or(options.mTab);
-        code_ = formatter::formatCode(codeOf(*file_, file_->newLine()), options);
+        const auto code = codeOf(*file_, file_->newLine());
+        code_ = formatter::formatCode(code, options);
+        const bool finished = code_.holdsLines() && !code_.error;
+        if (finished && !settings_.showSettings) misplaced_ = formatter::findMisplacedBlock(code, code_);
     }
     if (!settings_.showSettings) judge();
 }
@@ -138,10 +141,7 @@ void FormatJob::judge() {
         return;
     }
     for (const auto& fault : code_.faults) diagnose(fault);
-    if (!isStructured()) {
-        const auto code = codeOf(*file_, file_->newLine());
-        if (const auto misplaced = formatter::findMisplacedBlock(code, code_)) diagnose(*misplaced);
-    }
+    if (misplaced_) diagnose(*misplaced_);
     // The structured layout leaves the procedure of a fault as it stands, so that the rest can be written.
     const bool wrong = status_ != exitDone && !isStructured();
     for (const auto& notice : code_.notices) {

@@ -68,6 +68,7 @@ class FormatJob {
     base::FileStamp stamp_{};
     std::optional<workspace::ModuleFile> file_;
     formatter::FormattedCode code_;
+    std::optional<formatter::Finding> misplaced_; // of the classic layout
     std::optional<BackupName> backup_;
     std::string diagnostics_; // lines
     std::string notices_;     // lines

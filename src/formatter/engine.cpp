@@ -35,12 +35,12 @@ void Engine::ResetAll() {
     observer_.SetProcInfo("No Process");
 }
 
-void Engine::beginCleaning(std::size_t lines, std::size_t bytes) {
+void Engine::beginCleaning(std::size_t lines) {
     bCode_ = false;
-    buffer_.beginLoading(lines, bytes);
+    buffer_.beginLoading(lines);
 }
 
-bool Engine::cleanLine(std::string_view raw) {
+bool Engine::cleanLine(std::string_view raw, bool outlivesBuffer) {
     std::string_view t = Scanner::myTrim(raw, tabless_);
     if (options.bNoEmpty == 1 && t.empty()) return false;
     if (!bCode_) bCode_ = Scanner::codeStarted(t);
@@ -49,7 +49,11 @@ bool Engine::cleanLine(std::string_view raw) {
         const auto apostrophe = t.find('\'');
         if (apostrophe != std::string_view::npos && apostrophe > 0) t = Scanner::SafeUncomment(t);
     }
-    buffer_.append(t);
+    if (outlivesBuffer && t.data() != tabless_.data()) {
+        buffer_.refer(t);
+    } else {
+        buffer_.append(t);
+    }
     observer_.lineKept(buffer_.maxIndx() + 1);
     observer_.doEvents();
     return true;

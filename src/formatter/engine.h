@@ -36,10 +36,11 @@ class Engine {
     /// Clears the state of a run, empties the buffer to one empty line and shows "No Process".
     void ResetAll();
 
-    /// Starts the cleaning pass over a module of that many lines (and about that many bytes).
-    void beginCleaning(std::size_t lines, std::size_t bytes = 0);
-    /// The cleaning pass for the module's next line; whether the line was kept.
-    bool cleanLine(std::string_view raw);
+    /// Starts the cleaning pass over a module of that many lines.
+    void beginCleaning(std::size_t lines);
+    /// The cleaning pass for the module's next line; whether the line was kept. The buffer refers to a line
+    /// that outlives it and copies one that does not.
+    bool cleanLine(std::string_view raw, bool outlivesBuffer = false);
 
     /// The indentation pass over lines 0 to maxIndx of the buffer. Returns the number of structural errors,
     /// or -1 when DisableProc stopped it; the lines from there on stay without indentation. Raises "Overflow"

@@ -32,11 +32,9 @@ class Origins {
 };
 
 void clean(Engine& engine, const ModuleCode& code, std::vector<bool>& kept) {
-    std::size_t bytes = 0;
-    for (const auto line : code.lines) bytes += line.size();
-    engine.beginCleaning(code.lines.size(), bytes);
+    engine.beginCleaning(code.lines.size());
     kept.reserve(code.lines.size());
-    for (const auto line : code.lines) kept.push_back(engine.cleanLine(line));
+    for (const auto line : code.lines) kept.push_back(engine.cleanLine(line, true));
 }
 
 void indent(Engine& engine, FormattedCode& result) {
@@ -54,8 +52,8 @@ void indent(Engine& engine, FormattedCode& result) {
     result.level = engine.indentLevel();
 }
 
-// Of a line's own spaces so many are counted; any number would do that the buffer can hold.
-constexpr std::size_t longestIndentation = 1000;
+// The most spaces that the buffer makes before a line.
+constexpr std::uint32_t mostSpaces = 32767;
 
 std::vector<Finding> findingsOf(const std::vector<structured::Fault>& faults) {
     std::vector<Finding> findings;
@@ -87,21 +85,16 @@ FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObse
 FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOptions& options) {
     auto laidOut = structured::formatStructured(code.lines, options);
     FormattedCode result;
-    std::size_t bytes = 0;
-    for (const auto& line : laidOut.lines) bytes += line.dropped ? 0 : line.size();
-    result.lines.beginLoading(code.lines.size(), bytes);
+    result.lines.beginLoading(code.lines.size());
     result.kept.reserve(code.lines.size());
     std::string text;
     for (std::size_t i = 0; i < code.lines.size(); ++i) {
         const auto& line = laidOut.lines[i];
         result.kept.push_back(!line.dropped);
         if (line.dropped) continue;
-        if (line.tabs == 0) {
-            const std::string_view kept = code.lines[i].substr(line.begin, line.end - line.begin);
-            std::size_t blanks = 0; // the buffer makes them when it is written
-            while (blanks < kept.size() && blanks < longestIndentation && kept[blanks] == ' ') ++blanks;
-            result.lines.append(kept.substr(blanks));
-            result.lines.setSpaces(result.lines.maxIndx(), static_cast<std::int16_t>(line.spaces + blanks));
+        if (line.tabs == 0 && line.spaces <= mostSpaces) {
+            result.lines.refer(code.lines[i].substr(line.begin, line.end - line.begin),
+                               static_cast<std::int16_t>(line.spaces));
         } else {
             text.clear();
             line.appendTo(text, code.lines[i]);

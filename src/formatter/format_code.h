@@ -47,11 +47,12 @@ struct FormattedCode {
     bool holdsLines() const { return lines.maxIndx() >= 0; }
 };
 
-/// Formats the code by the tables' rules, with the safety check behind it. An observer that is given is told
-/// what a pass tells.
+/// Formats the code by the tables' rules, with the safety check behind it. The formatted lines refer to the
+/// code's, which must outlive them. An observer that is given is told what a pass tells.
 FormattedCode formatCode(const ModuleCode& code, FormatOptions options, PassObserver* observer = nullptr);
 
-/// Formats the code by the language's blocks, in the module's own style, with the same check behind it.
+/// Formats the code by the language's blocks, in the module's own style, with the same check behind it. The
+/// formatted lines refer to the code's here too.
 FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOptions& options);
 
 /// The lines of the code that the formatted one would harm. The check that each layout's result has to pass.

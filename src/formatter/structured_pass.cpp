@@ -14,7 +14,7 @@ void StructuredPass::ResetAll() {
 }
 
 void StructuredPass::beginReading(std::size_t lines) {
-    buffer_.beginLoading(lines, 0);
+    buffer_.beginLoading(lines);
 }
 
 void StructuredPass::readLine(std::string_view raw) {
@@ -46,7 +46,7 @@ std::int32_t StructuredPass::run() {
         }
     };
     if (!passOverLines(observer_, formatted_.lines.maxIndx(), cancelRequested_, tell)) return -1;
-    buffer_ = std::move(formatted_.lines);
+    std::swap(buffer_, formatted_.lines); // the new lines refer to the old ones, which live on
     return errors;
 }
 

@@ -16,13 +16,13 @@ TEST(LineBuffer, holdsASingleEmptyLineAtFirst) {
 
 TEST(LineBuffer, holdsNoLineWhenLoadingBegins) {
     LineBuffer buffer;
-    buffer.beginLoading(10, 100);
+    buffer.beginLoading(10);
     EXPECT_EQ(buffer.maxIndx(), -1);
 }
 
 TEST(LineBuffer, keepsTheLinesInTheirOrder) {
     LineBuffer buffer;
-    buffer.beginLoading(3, 0);
+    buffer.beginLoading(3);
     buffer.append("Sub A()");
     buffer.append("");
     buffer.append("End Sub");
@@ -34,7 +34,7 @@ TEST(LineBuffer, keepsTheLinesInTheirOrder) {
 
 TEST(LineBuffer, growsBeyondTheSizeThatWasGivenToIt) {
     LineBuffer buffer;
-    buffer.beginLoading(1, 1);
+    buffer.beginLoading(1);
     for (int i = 0; i < 1000; ++i) buffer.append(std::to_string(i));
     EXPECT_EQ(buffer.maxIndx(), 999);
     EXPECT_EQ(buffer.text(0), "0");
@@ -43,7 +43,7 @@ TEST(LineBuffer, growsBeyondTheSizeThatWasGivenToIt) {
 
 TEST(LineBuffer, writesTheSpacesBeforeTheText) {
     LineBuffer buffer;
-    buffer.beginLoading(2, 0);
+    buffer.beginLoading(2);
     buffer.append("a = 1 ");
     buffer.append("b");
     buffer.setSpaces(0, 4);
@@ -51,6 +51,28 @@ TEST(LineBuffer, writesTheSpacesBeforeTheText) {
     EXPECT_EQ(buffer.text(0), "a = 1 ");
     EXPECT_EQ(buffer.spaces(0), 4);
     EXPECT_EQ(buffer.line(1), "b");
+}
+
+TEST(LineBuffer, refersToALineThatOutlivesIt) {
+    const std::string line = "  a = 1";
+    LineBuffer buffer;
+    buffer.beginLoading(2);
+    buffer.refer(std::string_view(line).substr(2), 4);
+    buffer.append(line);
+    EXPECT_EQ(buffer.text(0).data(), line.data() + 2);
+    EXPECT_EQ(buffer.line(0), "    a = 1");
+    EXPECT_NE(buffer.text(1).data(), line.data());
+    EXPECT_EQ(buffer.line(1), line);
+}
+
+TEST(LineBuffer, keepsItsLinesWhenItIsMoved) {
+    LineBuffer buffer;
+    buffer.beginLoading(2);
+    buffer.append("short");
+    buffer.append(std::string(100000, 'x'));
+    const LineBuffer moved = std::move(buffer);
+    EXPECT_EQ(moved.text(0), "short");
+    EXPECT_EQ(moved.text(1), std::string(100000, 'x'));
 }
 
 TEST(LineBuffer, setsTheSpacesAnewEachTime) {
@@ -69,14 +91,14 @@ TEST(LineBuffer, takesTheLargestNumberOfSpaces) {
 TEST(LineBuffer, keepsNulsAndBytesAbove127) {
     const std::string text("a\0\xFF", 3);
     LineBuffer buffer;
-    buffer.beginLoading(1, 0);
+    buffer.beginLoading(1);
     buffer.append(text);
     EXPECT_EQ(buffer.text(0), text);
 }
 
 TEST(LineBuffer, resetLeavesASingleEmptyLineWithoutSpaces) {
     LineBuffer buffer;
-    buffer.beginLoading(2, 0);
+    buffer.beginLoading(2);
     buffer.append("a");
     buffer.append("b");
     buffer.setSpaces(0, 4);
@@ -87,10 +109,10 @@ TEST(LineBuffer, resetLeavesASingleEmptyLineWithoutSpaces) {
 
 TEST(LineBuffer, aNewLoadForgetsTheOldLines) {
     LineBuffer buffer;
-    buffer.beginLoading(1, 0);
+    buffer.beginLoading(1);
     buffer.append("old");
     buffer.setSpaces(0, 4);
-    buffer.beginLoading(1, 0);
+    buffer.beginLoading(1);
     buffer.append("new");
     EXPECT_EQ(buffer.maxIndx(), 0);
     EXPECT_EQ(buffer.line(0), "new");

@@ -76,6 +76,16 @@ TEST(FormatCode, EndsWithTheRunTimeErrorAndItsLine) {
     EXPECT_THAT(formatted.unsafe, IsEmpty());
 }
 
+TEST(FormatCode, LaysOutALineWithMoreSpacesThanABufferMakes) {
+    const std::string line = std::string(40000, ' ') + "x";
+    ModuleCode code;
+    code.lines.assign(9000, "Do");
+    code.lines.push_back(line);
+    const auto formatted = formatCode(code, structured::StructuredOptions());
+    EXPECT_EQ(formatted.lines.line(9000), std::string(36000, ' ') + "x");
+    EXPECT_THAT(formatted.unsafe, IsEmpty());
+}
+
 TEST(FormatCode, OfNoLineLooksForNothing) {
     EXPECT_FALSE(formatCode({}, FormatOptions()).holdsLines());
     const auto code = formatCode({.lines = {"", "' note"}}, removingAll());

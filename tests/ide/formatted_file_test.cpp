@@ -21,7 +21,7 @@ struct Composed {
 
     Composed(std::string bytes, const std::vector<Line>& lines)
         : file(std::move(bytes), ide::ComponentType::StdModule) {
-        buffer.beginLoading(lines.size(), 0);
+        buffer.beginLoading(lines.size());
         for (const Line& line : lines) {
             kept.push_back(line.kept);
             if (!line.kept) continue;

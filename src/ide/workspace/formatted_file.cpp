@@ -1,14 +1,19 @@
 #include "ide/workspace/formatted_file.h"
 
+#include "base/byte_search.h"
+
 namespace corvelle::workspace {
 
 bool FormattedFile::same(std::uint32_t codeLine, std::int32_t bufferIndex) const {
     const std::string_view old = file_.codeLine(codeLine);
     const std::string_view text = buffer_.text(bufferIndex);
     const auto spaces = static_cast<std::size_t>(buffer_.spaces(bufferIndex));
-    return old.size() == spaces + text.size() && file_.codeLineEnd(codeLine) == endOf(codeLine) &&
-           old.substr(spaces) == text &&
-           old.substr(0, spaces).find_first_not_of(' ') == std::string_view::npos;
+    if (old.size() != spaces + text.size()) return false;
+    // A line that differs by its blanks at most is most often a part of the file's own bytes.
+    if (old.data() + spaces != text.data() && old.substr(spaces) != text) return false;
+    const std::string_view blanks = old.substr(0, spaces);
+    if (base::skipKind<base::AnyOf<' '>>(blanks, 0) != spaces) return false;
+    return ends_ == LineEnds::OfLine || file_.codeLineEnd(codeLine) == endOf(codeLine);
 }
 
 bool FormattedFile::changed() const {

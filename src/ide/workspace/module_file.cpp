@@ -58,17 +58,6 @@ std::string_view ModuleFile::controlName(std::uint32_t index) const {
     return std::string_view(bytes_).substr(block.nameBegin, block.nameSize);
 }
 
-std::string_view ModuleFile::codeLine(std::uint32_t index) const {
-    const Line& line = lines_[index];
-    return std::string_view(bytes_).substr(line.begin, line.end - line.begin);
-}
-
-std::string_view ModuleFile::codeLineEnd(std::uint32_t index) const {
-    const auto end = lines_[index].end;
-    if (end == bytes_.size()) return {};
-    return bytes_[end] == '\n' ? "\n" : "\r\n";
-}
-
 std::uint32_t ModuleFile::fileLine(std::uint32_t index) const {
     const auto after =
         std::upper_bound(hidden_.begin(), hidden_.end(), index,

@@ -60,9 +60,16 @@ class ModuleFile {
 
     std::uint32_t codeLineCount() const { return static_cast<std::uint32_t>(lines_.size()); }
     /// Code line 0 to codeLineCount() - 1, without its line end.
-    std::string_view codeLine(std::uint32_t index) const;
+    std::string_view codeLine(std::uint32_t index) const {
+        const Line& line = lines_[index];
+        return {bytes_.data() + line.begin, line.end - line.begin};
+    }
     /// The line end of that code line as it is in the file: CR LF, LF, or empty (last line only).
-    std::string_view codeLineEnd(std::uint32_t index) const;
+    std::string_view codeLineEnd(std::uint32_t index) const {
+        const auto end = lines_[index].end;
+        if (end == bytes_.size()) return {};
+        return bytes_[end] == '\n' ? "\n" : "\r\n";
+    }
     /// The 1-based number in the file of that code line.
     std::uint32_t fileLine(std::uint32_t index) const;
 
