@@ -87,4 +87,11 @@ inline std::size_t skipKind(std::string_view text, std::size_t at) {
     return findKind<Kind, false>(text, at);
 }
 
+/// The position of the first byte from `at` that is no space or tab; the text's length if there is none.
+inline std::size_t pastBlanks(std::string_view text, std::size_t at) {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    if (at >= text.size() || !isBlank(text[at])) return at; // one look tells it mostly
+    return skipKind<AnyOf<' ', '\t'>>(text, at);
+}
+
 } // namespace corvelle::base

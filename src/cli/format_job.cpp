@@ -85,9 +85,14 @@ void FormatJob::tellInstead() {
 }
 
 void FormatJob::read() {
-    std::string bytes = source_.isStandardInput() ? base::readStandardInput()
-                                                  : base::readFile(source_.path, &stamp_, requireText);
-    requireText(bytes);
+    std::size_t lookedAt = 0; // most modules are shorter than what is looked at before the rest is read
+    const auto look = [&lookedAt](std::string_view block) {
+        requireText(block);
+        lookedAt = block.size();
+    };
+    std::string bytes =
+        source_.isStandardInput() ? base::readStandardInput() : base::readFile(source_.path, &stamp_, look);
+    if (lookedAt < bytes.size()) requireText(bytes);
     // Of an unnamed module the first line tells: a header behind VERSION is read whatever the type.
     const bool unnamed = source_.type == ide::ComponentType{};
     const auto type = unnamed ? ide::ComponentType::StdModule : source_.type;

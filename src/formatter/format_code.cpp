@@ -118,16 +118,17 @@ std::vector<Finding> findUnsafeLines(const ModuleCode& code, const FormattedCode
     const auto& lines = formatted.lines;
     std::int32_t index = 0;
     for (std::uint32_t line = 0; line < code.lines.size(); ++line) {
-        const auto report = [&](std::optional<std::string> loss) {
-            if (loss) found.push_back({line, std::move(*loss), Finding::noLine, {}});
+        const auto report = [&](std::string&& loss) {
+            found.push_back({line, std::move(loss), Finding::noLine, {}});
         };
-        if (formatted.kept[line]) {
-            report(check.kept(code.lines[line], lines.text(index), lines.spaces(index)));
-            report(lossAtLineEnd(lines.text(index), code.lineEnd));
-            ++index;
-        } else {
-            report(check.dropped(code.lines[line]));
+        if (!formatted.kept[line]) {
+            if (auto loss = check.dropped(code.lines[line])) report(std::move(*loss));
+            continue;
         }
+        const std::string_view text = lines.text(index);
+        if (auto loss = check.kept(code.lines[line], text, lines.spaces(index))) report(std::move(*loss));
+        if (auto loss = lossAtLineEnd(text, code.lineEnd)) report(std::move(*loss));
+        ++index;
     }
     return found;
 }
@@ -141,11 +142,6 @@ std::string_view explanationOf(const base::RunTimeError& error) {
     default:
         return {};
     }
-}
-
-std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd) {
-    if (lineEnd != "\n" || text.empty() || text.back() != '\r') return std::nullopt;
-    return "the carriage return in front of the line's end";
 }
 
 } // namespace corvelle::formatter

@@ -67,6 +67,9 @@ inline constexpr std::string_view unsafeExplanation =
     "CV105 formatted, the code would not say what it says now";
 
 /// What is lost where the text's last character would become a part of the line end behind it.
-std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd);
+inline std::optional<std::string> lossAtLineEnd(std::string_view text, std::string_view lineEnd) {
+    if (text.empty() || text.back() != '\r' || lineEnd != "\n") return std::nullopt;
+    return "the carriage return in front of the line's end";
+}
 
 } // namespace corvelle::formatter

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/byte_search.h"
 #include "formatter/vb_lexer.h"
 
 #include <cstddef>
@@ -44,11 +45,7 @@ class TokenCheck {
     }
 
   private:
-    static std::size_t skipBlanks(std::string_view line) {
-        std::size_t at = 0;
-        while (at < line.size() && isVbBlank(line[at])) ++at;
-        return at;
-    }
+    static std::size_t skipBlanks(std::string_view line) { return base::pastBlanks(line, 0); }
 
     static bool fits(std::string_view oldLine, std::string_view newText, std::int32_t spaces) {
         const auto length = static_cast<std::int64_t>(newText.size()) + spaces;
@@ -62,6 +59,7 @@ class TokenCheck {
         const std::string_view text = newText.substr(skipBlanks(newText));
         if (text.empty()) return code.empty();
         if (code.size() < text.size()) return false;
+        // Most often the new text is a part of the old one's bytes.
         if (code.data() != text.data() && std::memcmp(code.data(), text.data(), text.size()) != 0)
             return false;
         std::size_t end = text.size();

@@ -78,11 +78,7 @@ inline bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The position of the first byte from `at` that is no blank; the text's length if there is none.
-inline std::size_t pastBlanks(std::string_view text, std::size_t at) {
-    if (at >= text.size() || !isBlank(text[at])) return at; // one look tells it mostly
-    return base::skipKind<Blanks>(text, at);
-}
+using base::pastBlanks;
 
 /// The position of the first byte from `at`, which is not beyond the end, that no name holds.
 inline std::size_t pastLetters(std::string_view text, std::size_t at) {

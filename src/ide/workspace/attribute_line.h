@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/byte_search.h"
 #include "ide/workspace/line_text.h"
 
 #include <string_view>
@@ -20,8 +21,7 @@ AttributeLine readAttributeLine(std::string_view line);
 /// Whether the line's first character behind blanks lets it be one that the IDE hides. Rules out nearly every
 /// line at once.
 inline bool mayBeAttributeLine(std::string_view line) {
-    std::size_t blanks = 0;
-    while (blanks < line.size() && isBlank(line[blanks])) ++blanks;
+    const std::size_t blanks = base::pastBlanks(line, 0);
     return blanks < line.size() && (line[blanks] == 'A' || line[blanks] == 'a');
 }
 

@@ -1,11 +1,11 @@
 #include "ide/workspace/line_text.h"
 
+#include "base/byte_search.h"
+
 namespace corvelle::workspace {
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
-    std::size_t blanks = 0;
-    while (blanks < text.size() && isBlank(text[blanks])) ++blanks;
-    return text.substr(blanks);
+    return text.substr(base::pastBlanks(text, 0));
 }
 
 std::string_view withoutBlanks(std::string_view text) {
