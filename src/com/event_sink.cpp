@@ -6,37 +6,23 @@
 
 namespace corvelle::com {
 
-HRESULT EventSink::GetTypeInfoCount(UINT* count) {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
+HRESULT EventSink::Invoke(DISPID id, REFIID /*iid*/, LCID locale, WORD kind, DISPPARAMS* parameters,
+                          VARIANT* result, EXCEPINFO* information, UINT* wrong) {
+    // Some sources give the interface of their events.
+    return DispatchObject::Invoke(id, IID_NULL, locale, kind, parameters, result, information, wrong);
 }
 
-HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
-    if (information) *information = nullptr;
-    return DISP_E_BADINDEX;
-}
-
-HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT count, LCID, DISPID* ids) {
-    for (UINT i = 0; ids && i < count; ++i) ids[i] = DISPID_UNKNOWN;
-    return DISP_E_UNKNOWNNAME; // a source calls by DISPID
-}
-
-HRESULT EventSink::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT* result, EXCEPINFO*,
-                          UINT*) {
-    if (result) VariantInit(result);
-    const DISPPARAMS none{};
-    AddRef(); // the event may let go of us
-    const auto self = Ptr<IDispatch>::take(this);
+HRESULT EventSink::invoke(DISPID id, WORD /*kind*/, DISPPARAMS& parameters, VARIANT* /*result*/,
+                          EXCEPINFO* /*information*/, UINT* /*wrong*/) {
     try {
-        event(id, Arguments(parameters ? *parameters : none));
+        event(id, Arguments(parameters));
     } catch (...) { // nobody to tell
     }
     return S_OK;
 }
 
 void* EventSink::find(REFIID iid) {
-    return IsEqualIID(iid, events_) ? static_cast<IDispatch*>(this) : Object::find(iid);
+    return IsEqualIID(iid, events_) ? static_cast<IDispatch*>(this) : DispatchObject::find(iid);
 }
 
 Connection::Connection(IUnknown* source, REFIID events, IUnknown* sink) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "com/arguments.h"
-#include "com/object.h"
+#include "com/dispatch_object.h"
 
 #include <ocidl.h>
 #include <ole2.h>
@@ -10,14 +10,10 @@ namespace corvelle::com {
 
 /// Receives the events of a source: the object that is advised. It answers IUnknown, IDispatch and the
 /// source's own event interface. What an event throws ends there.
-class EventSink : public Object<IDispatch> {
+class EventSink : public DispatchObject<Object<IDispatch>> {
   public:
     explicit EventSink(REFIID events) : events_(events) {}
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
-                                            DISPID* ids) override;
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD kind, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* information, UINT* wrong) override;
 
@@ -25,6 +21,8 @@ class EventSink : public Object<IDispatch> {
     /// An event of that DISPID. Of the arguments any may be missing or odd.
     virtual void event(DISPID id, const Arguments& arguments) = 0;
     void* find(REFIID iid) override;
+    HRESULT invoke(DISPID id, WORD kind, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO* information,
+                   UINT* wrong) override;
 
   private:
     IID events_;

@@ -1,29 +1,12 @@
 #include "host/com/extensibility.h"
 
-#include "com/dispatch_server.h"
 #include "com/error.h"
 #include "host/com/add_in_list.h"
 #include "ide/automation/automation.h"
 
+#include <limits>
+
 namespace corvelle::host {
-
-namespace {
-
-enum Method : DISPID { onConnection = 1, onDisconnection, onAddInsUpdate, onStartupComplete };
-
-struct NamedMethod {
-    const wchar_t* name;
-    Method id;
-};
-
-constexpr NamedMethod methods[] = {
-    {L"OnConnection", onConnection},
-    {L"OnDisconnection", onDisconnection},
-    {L"OnAddInsUpdate", onAddInsUpdate},
-    {L"OnStartupComplete", onStartupComplete},
-};
-
-} // namespace
 
 // The methods
 
@@ -56,55 +39,27 @@ HRESULT Extensibility::OnStartupComplete(SAFEARRAY**) {
 
 // The same, late-bound
 
-HRESULT Extensibility::GetTypeInfoCount(UINT* count) {
-    if (!count) return E_POINTER;
-    *count = 0;
-    return S_OK;
-}
-
-HRESULT Extensibility::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
-    if (!information) return E_POINTER;
-    *information = nullptr;
-    return DISP_E_BADINDEX;
-}
-
-HRESULT Extensibility::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    if (!names || !ids) return E_POINTER;
-    for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
-    if (count == 0) return S_OK;
-    for (const auto& method : methods) {
-        if (!com::isMemberName(method.name, names[0])) continue;
-        ids[0] = method.id;
-        return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
-    }
-    return DISP_E_UNKNOWNNAME;
-}
-
-HRESULT Extensibility::Invoke(DISPID id, REFIID iid, LCID, WORD kind, DISPPARAMS* parameters, VARIANT* result,
-                              EXCEPINFO* information, UINT*) {
-    if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    if (!parameters) return E_POINTER;
-    if ((kind & DISPATCH_METHOD) == 0) return DISP_E_MEMBERNOTFOUND;
-    if (parameters->cNamedArgs > 0) return DISP_E_NONAMEDARGS;
-    if (result) VariantInit(result);
-    try {
-        const com::Arguments arguments(*parameters);
-        switch (id) {
-        case onConnection:
-            connect(arguments.object(0).get(), arguments.number(1));
-            return S_OK;
-        case onDisconnection:
-            return OnDisconnection(vbext_dm_HostShutdown, nullptr);
-        case onAddInsUpdate:
-        case onStartupComplete:
-            return S_OK;
-        default:
-            return DISP_E_MEMBERNOTFOUND;
-        }
-    } catch (...) {
-        return com::reportCurrentException(information);
-    }
+std::span<const com::Member<Extensibility>> Extensibility::members() {
+    using com::Arguments;
+    using com::Variant;
+    constexpr unsigned anyNumber = std::numeric_limits<unsigned>::max();
+    static constexpr com::Member<Extensibility> methods[] = {
+        {L"OnConnection", 1, com::method, 0, anyNumber,
+         [](Extensibility& self, const Arguments& arguments) -> Variant {
+             self.connect(arguments.object(0).get(), arguments.number(1));
+             return {};
+         }},
+        {L"OnDisconnection", 2, com::method, 0, anyNumber,
+         [](Extensibility& self, const Arguments&) -> Variant {
+             com::require(self.OnDisconnection(vbext_dm_HostShutdown, nullptr));
+             return {};
+         }},
+        {L"OnAddInsUpdate", 3, com::method, 0, anyNumber,
+         [](Extensibility&, const Arguments&) -> Variant { return {}; }},
+        {L"OnStartupComplete", 4, com::method, 0, anyNumber,
+         [](Extensibility&, const Arguments&) -> Variant { return {}; }},
+    };
+    return methods;
 }
 
 } // namespace corvelle::host

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "com/arguments.h"
+#include "com/dispatch_server.h"
 #include "host/add_in.h"
 
 #include <memory>
+#include <span>
 #include <vbide.h>
 
 namespace corvelle::host {
 
 /// The add-in connection interface of a COM object, whose references it shares. The IDE may call it by its
 /// methods or late-bound. Arguments that the add-in has no use for may be anything.
-class Extensibility : public IDTExtensibility {
+class Extensibility : public com::DispatchServer<Extensibility, IDTExtensibility> {
   public:
     Extensibility(IUnknown& owner, std::shared_ptr<AddIn> addIn) : owner_(owner), addIn_(std::move(addIn)) {}
 
@@ -20,18 +21,14 @@ class Extensibility : public IDTExtensibility {
     ULONG STDMETHODCALLTYPE AddRef() override { return owner_.AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return owner_.Release(); }
 
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
-                                            DISPID* ids) override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD kind, DISPPARAMS* parameters,
-                                     VARIANT* result, EXCEPINFO* information, UINT* wrong) override;
-
     HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* VBInst, vbext_ConnectMode ConnectMode,
                                            ::AddIn* AddInInst, SAFEARRAY** custom) override;
     HRESULT STDMETHODCALLTYPE OnDisconnection(vbext_DisconnectMode RemoveMode, SAFEARRAY** custom) override;
     HRESULT STDMETHODCALLTYPE OnAddInsUpdate(SAFEARRAY** custom) override;
     HRESULT STDMETHODCALLTYPE OnStartupComplete(SAFEARRAY** custom) override;
+
+    /// The methods for late-bound callers.
+    static std::span<const com::Member<Extensibility>> members();
 
   private:
     void connect(IDispatch* VBInst, std::int32_t ConnectMode);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "com/connection_point.h"
+#include "com/dispatch_object.h"
 #include "com/error.h"
-#include "com/object.h"
 #include "forms/win32/win32_desktop.h"
 #include "host/com/indicator/control_home.h"
 #include "host/com/indicator/indicator_window.h"
@@ -22,9 +22,10 @@ namespace corvelle::host {
 /// may show it with or without a window. A container may let go of it, or take its window away, inside any
 /// call that it gets from here.
 class IndicatorControl final
-    : public com::Object<_Indicator, IOleObject, IOleInPlaceObject, IOleInPlaceActiveObject, IOleControl,
-                         IViewObject2, IPersistStreamInit, IPersistPropertyBag, IConnectionPointContainer,
-                         IProvideClassInfo2, ISupportErrorInfo> {
+    : public com::DispatchObject<
+          com::Object<_Indicator, IOleObject, IOleInPlaceObject, IOleInPlaceActiveObject, IOleControl,
+                      IViewObject2, IPersistStreamInit, IPersistPropertyBag, IConnectionPointContainer,
+                      IProvideClassInfo2, ISupportErrorInfo>> {
   public:
     /// A new control's own unknown; with an `outer` one it is part of that aggregate. The library describes
     /// it; throws RunTimeError if it does not.
@@ -42,14 +43,6 @@ class IndicatorControl final
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override;
     ULONG STDMETHODCALLTYPE AddRef() override;
     ULONG STDMETHODCALLTYPE Release() override;
-
-    // IDispatch
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID locale,
-                                            DISPID* ids) override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID iid, LCID locale, WORD kind, DISPPARAMS* parameters,
-                                     VARIANT* result, EXCEPINFO* information, UINT* wrong) override;
 
     // _Indicator
     HRESULT STDMETHODCALLTYPE get_RaiseTicK(VARIANT_BOOL* value) override;
@@ -159,6 +152,9 @@ class IndicatorControl final
 
   protected:
     void* find(REFIID iid) override;
+    ITypeInfo* typeInformation() const override { return members_.get(); }
+    HRESULT invoke(DISPID id, WORD kind, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO* information,
+                   UINT* wrong) override;
 
   private:
     /// The control's own unknown, for who aggregates it.

@@ -1,4 +1,4 @@
-// The indicator's members: IDispatch and _Indicator.
+// The indicator's members: late-bound calls and _Indicator.
 
 #include "com/variant.h"
 #include "host/com/indicator/indicator_control.h"
@@ -32,45 +32,20 @@ bool isColour(ITypeInfo& members, DISPID id) {
 
 } // namespace
 
-// IDispatch
+// Late-bound calls
 
-HRESULT IndicatorControl::GetTypeInfoCount(UINT* count) {
-    if (count == nullptr) return E_POINTER;
-    *count = 1;
-    return S_OK;
-}
-
-HRESULT IndicatorControl::GetTypeInfo(UINT index, LCID, ITypeInfo** information) {
-    if (information == nullptr) return E_POINTER;
-    *information = nullptr;
-    if (index != 0) return DISP_E_BADINDEX;
-    *information = com::Ptr<ITypeInfo>(members_).release();
-    return S_OK;
-}
-
-HRESULT IndicatorControl::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    return members_->GetIDsOfNames(names, count, ids);
-}
-
-HRESULT IndicatorControl::Invoke(DISPID id, REFIID iid, LCID, WORD kind, DISPPARAMS* parameters,
-                                 VARIANT* result, EXCEPINFO* information, UINT* wrong) {
-    if (!IsEqualIID(iid, IID_NULL)) return DISP_E_UNKNOWNINTERFACE;
-    return run([&]() -> HRESULT {
-        DISPPARAMS none{}, given = parameters != nullptr ? *parameters : none;
-        VARIANT colour;
-        const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-        if (puts && given.cArgs == 1 && isColour(*members_.get(), id)) {
-            colour = given.rgvarg[0]; // still the caller's
-            if (takeAsColour(colour)) given.rgvarg = &colour;
-        }
-        SetErrorInfo(0, nullptr); // an older error is not ours
-        const HRESULT status =
-            members_->Invoke(static_cast<_Indicator*>(this), id, kind, &given, result, information, wrong);
-        if (SUCCEEDED(status) && result != nullptr && V_VT(result) == VT_UI4)
-            V_VT(result) = VT_I4; // a VB Long
-        return status;
-    });
+HRESULT IndicatorControl::invoke(DISPID id, WORD kind, DISPPARAMS& parameters, VARIANT* result,
+                                 EXCEPINFO* information, UINT* wrong) {
+    DISPPARAMS given = parameters;
+    VARIANT colour;
+    const bool puts = (kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
+    if (puts && given.cArgs == 1 && isColour(*members_.get(), id)) {
+        colour = given.rgvarg[0]; // still the caller's
+        if (takeAsColour(colour)) given.rgvarg = &colour;
+    }
+    const HRESULT status = DispatchObject::invoke(id, kind, given, result, information, wrong);
+    if (SUCCEEDED(status) && result && V_VT(result) == VT_UI4) V_VT(result) = VT_I4; // a VB Long
+    return status;
 }
 
 // Properties
