@@ -37,6 +37,11 @@ inline void require(HRESULT result) {
     if (FAILED(result)) throw HresultError(result);
 }
 
+/// Throws the HresultError of a system's call that gives an error number, ERROR_SUCCESS for none.
+inline void requireSuccess(LONG error) {
+    if (error != ERROR_SUCCESS) throw HresultError(HRESULT_FROM_WIN32(static_cast<DWORD>(error)));
+}
+
 /// The HRESULT that carries the error: 0x800A0000 + number; a number that is a failed HRESULT already stays.
 HRESULT hresultOf(const base::RunTimeError& error);
 

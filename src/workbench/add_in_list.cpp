@@ -2,89 +2,36 @@
 
 #include "base/run_time_error.h"
 #include "base/text.h"
+#include "base/win32/code_page.h"
+#include "base/win32/registry_key.h"
 
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <utility>
-#include <windows.h>
 
 namespace corvelle::workbench {
 
 namespace {
 
-const std::string listKey = "Software\\Microsoft\\Visual Basic\\6.0\\Addins";
+using base::RegistryKey;
+
+const std::wstring listKey = L"Software\\Microsoft\\Visual Basic\\6.0\\Addins";
 constexpr const char* iniFile = "vbaddin.ini";
 constexpr const char* iniSection = "Add-Ins32";
-constexpr const char* loadBehavior = "LoadBehavior";
+constexpr const wchar_t* loadBehavior = L"LoadBehavior";
 constexpr DWORD startupBit = 1; // of LoadBehavior and of the number in the file
 
-/// A key of the registry, open as long as the object lives; empty where it could not be opened.
-class Key {
-  public:
-    Key(HKEY root, const std::string& path, REGSAM access = KEY_READ) {
-        if (RegOpenKeyExA(root, path.c_str(), 0, access, &key_) != ERROR_SUCCESS) key_ = nullptr;
-    }
-    static Key create(HKEY root, const std::string& path) {
-        Key made;
-        if (RegCreateKeyExA(root, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &made.key_,
-                            nullptr) != ERROR_SUCCESS) {
-            made.key_ = nullptr;
-        }
-        return made;
-    }
-    Key(Key&& other) noexcept : key_(std::exchange(other.key_, nullptr)) {}
-    Key(const Key&) = delete;
-    Key& operator=(const Key&) = delete;
-    ~Key() {
-        if (key_ != nullptr) RegCloseKey(key_);
-    }
-    explicit operator bool() const { return key_ != nullptr; }
+// What no text stands for is nowhere in the registry.
+std::wstring wide(const std::string& text) {
+    return base::wideText(text).value_or(L"?");
+}
 
-    std::string text(const char* name) const {
-        std::array<char, 1024> text{};
-        DWORD size = text.size() - 1; // what is stored need not end with NUL
-        DWORD type = 0;
-        if (key_ == nullptr ||
-            RegQueryValueExA(key_, name, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size) !=
-                ERROR_SUCCESS) {
-            return {};
-        }
-        return type == REG_SZ ? std::string(text.data()) : std::string();
-    }
-    DWORD number(const char* name) const {
-        DWORD number = 0;
-        DWORD size = sizeof number;
-        DWORD type = 0;
-        if (key_ == nullptr || RegQueryValueExA(key_, name, nullptr, &type, reinterpret_cast<BYTE*>(&number),
-                                                &size) != ERROR_SUCCESS) {
-            return 0;
-        }
-        return type == REG_DWORD ? number : 0;
-    }
-    bool setNumber(const char* name, DWORD number) const {
-        return key_ != nullptr &&
-               RegSetValueExA(key_, name, 0, REG_DWORD, reinterpret_cast<const BYTE*>(&number),
-                              sizeof number) == ERROR_SUCCESS;
-    }
-    std::vector<std::string> subkeys() const {
-        std::vector<std::string> names;
-        std::array<char, 256> name{};
-        while (key_ != nullptr && RegEnumKeyA(key_, static_cast<DWORD>(names.size()), name.data(),
-                                              name.size()) == ERROR_SUCCESS) {
-            names.emplace_back(name.data());
-        }
-        return names;
-    }
-
-  private:
-    Key() = default;
-
-    HKEY key_ = nullptr;
-};
+std::string textOf(const RegistryKey& key, const wchar_t* name = L"") {
+    return base::messageText(key.text(name).value_or(L""));
+}
 
 bool isClass(const std::string& progId) {
-    return static_cast<bool>(Key(HKEY_CLASSES_ROOT, progId + "\\CLSID"));
+    return static_cast<bool>(RegistryKey::open(HKEY_CLASSES_ROOT, wide(progId) + L"\\CLSID"));
 }
 
 std::vector<ListedAddIn>::iterator find(std::vector<ListedAddIn>& list, const std::string& progId) {
@@ -94,11 +41,12 @@ std::vector<ListedAddIn>::iterator find(std::vector<ListedAddIn>& list, const st
 
 // An add-in that is in the list already keeps what stands there.
 void addFrom(HKEY root, std::vector<ListedAddIn>& list) {
-    for (const auto& progId : Key(root, listKey).subkeys()) {
+    for (const auto& name : RegistryKey::open(root, listKey).subkeys()) {
+        const std::string progId = base::messageText(name);
         if (find(list, progId) != list.end()) continue;
-        const Key key(root, listKey + "\\" + progId);
-        list.push_back({progId, key.text("FriendlyName"), key.text("Description"),
-                        (key.number(loadBehavior) & startupBit) != 0});
+        const auto key = RegistryKey::open(root, listKey + L"\\" + name);
+        list.push_back({progId, textOf(key, L"FriendlyName"), textOf(key, L"Description"),
+                        (key.number(loadBehavior).value_or(0) & startupBit) != 0});
     }
 }
 
@@ -135,7 +83,8 @@ std::vector<ListedAddIn> listAddIns() {
         if (isClass(own) && find(list, own) == list.end()) list.push_back({own, {}, {}, false});
     }
     for (auto& addIn : list) {
-        if (addIn.description.empty()) addIn.description = Key(HKEY_CLASSES_ROOT, addIn.progId).text("");
+        if (addIn.description.empty())
+            addIn.description = textOf(RegistryKey::open(HKEY_CLASSES_ROOT, wide(addIn.progId)));
         if (addIn.name.empty()) addIn.name = addIn.progId;
     }
     std::sort(list.begin(), list.end(), [](const ListedAddIn& a, const ListedAddIn& b) {
@@ -146,17 +95,19 @@ std::vector<ListedAddIn> listAddIns() {
 
 void setOnStartup(const std::string& progId, bool onStartup) {
     const bool inIni = isInIni(progId);
-    const std::string path = listKey + "\\" + progId;
+    const std::wstring path = listKey + L"\\" + wide(progId);
     bool kept = true;
     if (inIni)
         kept =
             WritePrivateProfileStringA(iniSection, progId.c_str(), onStartup ? "1" : "0", iniFile) != FALSE;
-    const Key users(HKEY_CURRENT_USER, path);
-    const Key machines(HKEY_LOCAL_MACHINE, path);
+    const auto users = RegistryKey::open(HKEY_CURRENT_USER, path);
+    const auto machines = RegistryKey::open(HKEY_LOCAL_MACHINE, path);
     if (users || machines || !inIni) {
-        const DWORD before = users ? users.number(loadBehavior) : machines.number(loadBehavior);
+        const DWORD before = (users ? users : machines).number(loadBehavior).value_or(0);
         const DWORD now = onStartup ? before | startupBit : before & ~startupBit;
-        kept = Key::create(HKEY_CURRENT_USER, path).setNumber(loadBehavior, now) && kept;
+        RegistryKey key;
+        kept = key.make(HKEY_CURRENT_USER, path) == ERROR_SUCCESS &&
+               key.set(loadBehavior, now) == ERROR_SUCCESS && kept;
     }
     if (!kept) throw base::RunTimeError(base::ErrorNumber::PathFileAccessError);
 }

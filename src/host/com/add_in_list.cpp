@@ -1,15 +1,18 @@
 #include "host/com/add_in_list.h"
 
+#include "base/win32/registry_key.h"
 #include "com/error.h"
 #include "host/com/class_table.h"
 #include "host/com/module.h"
-#include "host/com/registry_key.h"
 
 #include <string>
 
 namespace corvelle::host {
 
 namespace {
+
+using base::RegistryKey;
+using com::requireSuccess;
 
 const std::wstring visualBasic = L"Software\\Microsoft\\Visual Basic";
 const std::wstring versionKey = visualBasic + L"\\6.0";
@@ -45,11 +48,12 @@ void require(BOOL done) {
 }
 
 void enter(const ComClass& addIn) {
-    const auto key = RegistryKey::make(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId);
-    key.set(L"FriendlyName", addIn.description);
-    key.set(L"Description", addIn.description);
-    key.set(L"CommandLineSafe", DWORD{0});
-    if (!key.has(L"LoadBehavior")) key.set(L"LoadBehavior", DWORD{0});
+    RegistryKey key;
+    requireSuccess(key.make(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
+    requireSuccess(key.set(L"FriendlyName", addIn.description));
+    requireSuccess(key.set(L"Description", addIn.description));
+    requireSuccess(key.set(L"CommandLineSafe", DWORD{0}));
+    if (!key.has(L"LoadBehavior")) requireSuccess(key.set(L"LoadBehavior", DWORD{0}));
     wchar_t line[16];
     if (GetPrivateProfileStringW(listSection, addIn.progId, L"", line, 16, listFile) == 0) {
         require(WritePrivateProfileStringW(listSection, addIn.progId, L"0", listFile));
@@ -57,7 +61,7 @@ void enter(const ComClass& addIn) {
 }
 
 void remove(const ComClass& addIn) {
-    RegistryKey::remove(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId);
+    requireSuccess(RegistryKey::remove(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
     wchar_t line[16];
     if (GetPrivateProfileStringW(listSection, addIn.progId, L"", line, 16, listFile) > 0) {
         require(WritePrivateProfileStringW(listSection, addIn.progId, nullptr, listFile));
@@ -92,9 +96,11 @@ void enterSettings() {
     for (const Setting& setting : settings) {
         const std::wstring file = besideModule(setting.file);
         if (!exists(file)) continue;
-        const auto now = RegistryKey::text(HKEY_CURRENT_USER, setting.path, setting.name);
+        const auto now = RegistryKey::open(HKEY_CURRENT_USER, setting.path).text(setting.name);
         if (now && !(isNamed(*now, setting.file) && !exists(*now))) continue;
-        RegistryKey::make(HKEY_CURRENT_USER, setting.path).set(setting.name, file);
+        RegistryKey key;
+        requireSuccess(key.make(HKEY_CURRENT_USER, setting.path));
+        requireSuccess(key.set(setting.name, file));
     }
 }
 
@@ -107,9 +113,9 @@ void removeAddIns() {
         RegistryKey::removeIfEmpty(HKEY_CURRENT_USER, path);
     }
     for (const Setting& setting : settings) {
-        if (RegistryKey::text(HKEY_CURRENT_USER, setting.path, setting.name) == besideModule(setting.file)) {
-            RegistryKey::removeValue(HKEY_CURRENT_USER, setting.path, setting.name);
-        }
+        const auto key = RegistryKey::open(HKEY_CURRENT_USER, setting.path, KEY_READ | KEY_SET_VALUE);
+        if (key.text(setting.name) == besideModule(setting.file))
+            requireSuccess(key.removeValue(setting.name));
         RegistryKey::removeIfEmpty(HKEY_CURRENT_USER, setting.path);
     }
     for (const std::wstring& path : {settingsKey + L"\\Trellis", settingsKey}) {

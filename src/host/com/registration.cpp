@@ -1,16 +1,19 @@
 #include "host/com/registration.h"
 
+#include "base/win32/registry_key.h"
 #include "com/error.h"
 #include "host/com/class_table.h"
 #include "host/com/indicator/indicator_control.h"
 #include "host/com/module.h"
-#include "host/com/registry_key.h"
 
+#include <optional>
 #include <string>
 
 namespace corvelle::host {
 
 namespace {
+
+using base::RegistryKey;
 
 // That a class may be used by late-bound callers, and that it is a control.
 const std::wstring programmable = L"{40FC6ED5-2438-11CF-A3DB-080036F12502}";
@@ -56,7 +59,17 @@ std::wstring classPath(const ComClass& entry) {
 }
 
 void set(const std::wstring& path, const std::wstring& value, const std::wstring& name = {}) {
-    RegistryKey::make(HKEY_CLASSES_ROOT, path).set(name, value);
+    RegistryKey key;
+    com::requireSuccess(key.make(HKEY_CLASSES_ROOT, path));
+    com::requireSuccess(key.set(name, value));
+}
+
+void remove(const std::wstring& path) {
+    com::requireSuccess(RegistryKey::remove(HKEY_CLASSES_ROOT, path));
+}
+
+std::optional<std::wstring> registeredText(const std::wstring& path) {
+    return RegistryKey::open(HKEY_CLASSES_ROOT, path).text();
 }
 
 bool isSame(const std::wstring& a, const std::wstring& b) {
@@ -102,21 +115,21 @@ void registerClass(const ComClass& entry, const LibraryKey& library, const std::
 
 void unregisterClass(const ComClass& entry, const std::wstring& file) {
     const std::wstring path = classPath(entry);
-    const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, path + L"\\InprocServer32");
+    const auto registered = registeredText(path + L"\\InprocServer32");
     if (registered && !isSameFile(*registered, file)) return; // another copy's
-    RegistryKey::remove(HKEY_CLASSES_ROOT, path);
+    remove(path);
     const std::wstring progId = entry.progId;
-    const auto id = RegistryKey::text(HKEY_CLASSES_ROOT, progId + L"\\CLSID");
-    if (id && isSame(*id, textOf(entry.id))) RegistryKey::remove(HKEY_CLASSES_ROOT, progId);
+    const auto id = registeredText(progId + L"\\CLSID");
+    if (id && isSame(*id, textOf(entry.id))) remove(progId);
 }
 
 void unregisterTypeLibrary(const std::wstring& file) {
     const LibraryKey key;
-    const auto registered = RegistryKey::text(HKEY_CLASSES_ROOT, key.filePath());
+    const auto registered = registeredText(key.filePath());
     if (!registered || !isSameFile(*registered, file)) return; // another copy's
     const TLIBATTR& of = key.attributes();
     com::require(UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind));
-    RegistryKey::remove(HKEY_CLASSES_ROOT, key.versionPath()); // flags and folder
+    remove(key.versionPath()); // flags and folder
     RegistryKey::removeIfEmpty(HKEY_CLASSES_ROOT, key.path());
 }
 

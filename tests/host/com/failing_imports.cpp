@@ -17,20 +17,20 @@ bool fails() {
     return anyFailed = true;
 }
 
-LONG WINAPI openKey(HKEY key, LPCSTR name, DWORD options, REGSAM access, PHKEY opened) {
-    return fails() ? ERROR_ACCESS_DENIED : RegOpenKeyExA(key, name, options, access, opened);
+LONG WINAPI openKey(HKEY key, LPCWSTR name, DWORD options, REGSAM access, PHKEY opened) {
+    return fails() ? ERROR_ACCESS_DENIED : RegOpenKeyExW(key, name, options, access, opened);
 }
-LONG WINAPI createKey(HKEY key, LPCSTR name, DWORD reserved, LPSTR type, DWORD options, REGSAM access,
+LONG WINAPI createKey(HKEY key, LPCWSTR name, DWORD reserved, LPWSTR type, DWORD options, REGSAM access,
                       LPSECURITY_ATTRIBUTES security, PHKEY opened, LPDWORD disposition) {
     return fails()
                ? ERROR_ACCESS_DENIED
-               : RegCreateKeyExA(key, name, reserved, type, options, access, security, opened, disposition);
+               : RegCreateKeyExW(key, name, reserved, type, options, access, security, opened, disposition);
 }
-LONG WINAPI queryValue(HKEY key, LPCSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size) {
-    return fails() ? ERROR_ACCESS_DENIED : RegQueryValueExA(key, name, reserved, type, data, size);
+LONG WINAPI queryValue(HKEY key, LPCWSTR name, LPDWORD reserved, LPDWORD type, LPBYTE data, LPDWORD size) {
+    return fails() ? ERROR_ACCESS_DENIED : RegQueryValueExW(key, name, reserved, type, data, size);
 }
-LONG WINAPI setValue(HKEY key, LPCSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size) {
-    return fails() ? ERROR_ACCESS_DENIED : RegSetValueExA(key, name, reserved, type, data, size);
+LONG WINAPI setValue(HKEY key, LPCWSTR name, DWORD reserved, DWORD type, const BYTE* data, DWORD size) {
+    return fails() ? ERROR_ACCESS_DENIED : RegSetValueExW(key, name, reserved, type, data, size);
 }
 
 int fileFailed() {
@@ -68,10 +68,10 @@ struct Replacement {
 };
 
 Replacement replacements[] = {
-    {Imports::Registry, "RegOpenKeyExA", reinterpret_cast<void*>(openKey), nullptr},
-    {Imports::Registry, "RegCreateKeyExA", reinterpret_cast<void*>(createKey), nullptr},
-    {Imports::Registry, "RegQueryValueExA", reinterpret_cast<void*>(queryValue), nullptr},
-    {Imports::Registry, "RegSetValueExA", reinterpret_cast<void*>(setValue), nullptr},
+    {Imports::Registry, "RegOpenKeyExW", reinterpret_cast<void*>(openKey), nullptr},
+    {Imports::Registry, "RegCreateKeyExW", reinterpret_cast<void*>(createKey), nullptr},
+    {Imports::Registry, "RegQueryValueExW", reinterpret_cast<void*>(queryValue), nullptr},
+    {Imports::Registry, "RegSetValueExW", reinterpret_cast<void*>(setValue), nullptr},
     {Imports::Files, "_wopen", reinterpret_cast<void*>(openFile), nullptr},
     {Imports::Files, "_read", reinterpret_cast<void*>(readFile), nullptr},
     {Imports::Files, "_write", reinterpret_cast<void*>(writeFile), nullptr},
