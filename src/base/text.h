@@ -26,6 +26,13 @@ constexpr bool isNameCharacter(char c) {
            static_cast<unsigned char>(c) > 127;
 }
 
+/// How many characters of a name the text starts with.
+constexpr std::size_t nameLength(std::string_view text) {
+    std::size_t length = 0;
+    while (length < text.size() && isNameCharacter(text[length])) ++length;
+    return length;
+}
+
 /// Every ASCII letter of the text in upper case.
 std::string upper(std::string_view text);
 

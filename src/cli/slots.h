@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/scope_exit.h"
+
 #include <condition_variable>
 #include <cstddef>
 #include <mutex>
@@ -15,10 +17,7 @@ class Slots {
     template <class Function>
     void use(Function&& function) {
         take();
-        const struct GiveBack {
-            Slots& slots;
-            ~GiveBack() { slots.give(); }
-        } giveBack{*this};
+        const base::ScopeExit used([this] { give(); });
         function();
     }
 

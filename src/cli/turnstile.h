@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/scope_exit.h"
+
 #include <condition_variable>
 #include <cstddef>
 #include <mutex>
@@ -15,10 +17,7 @@ class Turnstile {
         std::unique_lock lock(mutex_);
         moved_.wait(lock, [&] { return next_ == number; });
         lock.unlock();
-        const struct Next {
-            Turnstile& turnstile;
-            ~Next() { turnstile.giveOn(); }
-        } next{*this};
+        const base::ScopeExit passed([this] { giveOn(); });
         function();
     }
 

@@ -1,5 +1,6 @@
 #include "forms/desktop.h"
 
+#include "base/scope_exit.h"
 #include "forms/form.h"
 
 #include <algorithm>
@@ -11,11 +12,7 @@ namespace corvelle::forms {
 void Desktop::runModal(Form& form) {
     const int number = ++lastModal_;
     modals_.push_back({number, &form, disableOthers(form)});
-    const struct End { // in every case the windows are enabled again
-        Desktop& desktop;
-        Form& form;
-        ~End() { desktop.endModal(form); }
-    } end{*this, form};
+    const base::ScopeExit ended([&] { endModal(form); }); // in every case the windows are enabled again
     // Once hidden or unloaded it is modal no more, whatever becomes of the form afterwards.
     const auto isOpen = [this, number] {
         return std::any_of(modals_.begin(), modals_.end(),

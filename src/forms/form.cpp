@@ -1,6 +1,7 @@
 #include "forms/form.h"
 
 #include "base/run_time_error.h"
+#include "base/scope_exit.h"
 #include "forms/desktop.h"
 
 #include <exception>
@@ -21,13 +22,9 @@ void Form::load() {
 }
 
 void Form::makeWindow() {
-    const struct Making { // a form without a window is not loaded
-        Form& form;
-        ~Making() {
-            if (form.peer_) return;
-            form.state_ = State::NotLoaded;
-        }
-    } making{*this};
+    const base::ScopeExit made([this] { // a form without a window is not loaded
+        if (!peer_) state_ = State::NotLoaded;
+    });
     state_ = State::Designing;
     window_ = Window();
     resetControls();
@@ -63,12 +60,9 @@ void Form::hide() {
 bool Form::unload(UnloadMode mode) {
     if (state_ != State::Loaded) return true;
     const auto alive = shared_from_this();
-    const struct Asking {
-        Form& form;
-        ~Asking() {
-            if (form.isLoaded()) form.state_ = State::Loaded;
-        }
-    } asking{*this};
+    const base::ScopeExit asked([this] {
+        if (isLoaded()) state_ = State::Loaded;
+    });
     if (!agreesToUnload(mode)) return false;
     close();
     return true;

@@ -1,6 +1,7 @@
 #include "forms/timer.h"
 
 #include "base/run_time_error.h"
+#include "base/scope_exit.h"
 #include "forms/desktop.h"
 
 #include <utility>
@@ -36,11 +37,8 @@ void Timer::restart() {
 void Timer::ticked() {
     if (!enabled_ || *inHandler_ || !onTimer) return;
     const auto handler = onTimer; // the timer may be destroyed inside
-    const struct Inside {
-        std::shared_ptr<bool> flag;
-        ~Inside() { *flag = false; }
-    } inside{inHandler_};
     *inHandler_ = true;
+    const base::ScopeExit ended([inHandler = inHandler_] { *inHandler = false; });
     const InHandler handles(desktop_);
     handler();
 }

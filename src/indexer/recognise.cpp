@@ -62,8 +62,7 @@ std::string_view withoutIndentation(std::string_view line) {
 }
 
 bool takeName(std::string_view& line) {
-    std::size_t size = 0;
-    while (size < line.size() && base::isNameCharacter(line[size])) ++size;
+    const auto size = base::nameLength(line);
     line.remove_prefix(size);
     return size > 0;
 }

@@ -1,4 +1,5 @@
 #include "base/path_text.h"
+#include "base/scope_exit.h"
 #include "version.h"
 #include "workbench/main_window.h"
 #include "workbench/resource.h"
@@ -45,11 +46,8 @@ std::optional<std::filesystem::path> choose(HWND owner, bool save, const char* t
 
 // The commands that ask the user, or tell something. The window cannot be closed meanwhile.
 bool MainWindow::runDialog(int command) {
-    const struct Open {
-        int& count;
-        explicit Open(int& dialogs) : count(dialogs) { ++count; }
-        ~Open() { --count; }
-    } open(dialogs_);
+    ++dialogs_;
+    const base::ScopeExit closed([this] { --dialogs_; });
     switch (command) {
     case IDM_OPEN:
         chooseProject();

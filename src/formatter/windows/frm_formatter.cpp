@@ -79,20 +79,11 @@ void FrmFormatter::objectNotSet() {
 // Commands that must not meet one another
 
 void FrmFormatter::runAlone(const std::function<void()>& command) {
-    if (busy_) return;
-    {
-        busy_ = true;
-        const struct Ended {
-            bool& busy;
-            ~Ended() { busy = false; }
-        } ended{busy_};
-        run(command);
-    }
-    leave(std::exchange(closing_, Closing::None));
+    leave(lone_.run(*this, command));
 }
 
 bool FrmFormatter::mustClose() const {
-    return closing_ != Closing::None || desktop().isQuitting();
+    return lone_.closing() != Closing::None || desktop().isQuitting();
 }
 
 void FrmFormatter::DisableProc() {
@@ -119,7 +110,7 @@ void FrmFormatter::leave(Closing what) {
     if (what == Closing::None) return;
     const auto page = FrmCalled.lock();
     if (what == Closing::Wizard && page && page->isLoaded()) {
-        if (busy_) closing_ = what;
+        if (lone_.isRunning()) lone_.closeAfterwards(what);
         page->CloseNotify();
     } else {
         unload();
@@ -134,10 +125,10 @@ bool FrmFormatter::confirmExit() {
 }
 
 void FrmFormatter::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
-    if (busy_) {
+    if (lone_.isRunning()) {
         // The command's stack still works on this window. It closes when the command has ended.
         DisableProc();
-        if (closing_ == Closing::None) closing_ = Closing::Dialog;
+        if (lone_.closing() == Closing::None) lone_.closeAfterwards(Closing::Dialog);
         cancel = true;
         return;
     }

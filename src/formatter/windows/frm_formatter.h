@@ -10,6 +10,7 @@
 #include "forms/frame.h"
 #include "forms/image.h"
 #include "forms/label.h"
+#include "forms/lone_command.h"
 #include "forms/slider.h"
 #include "forms/surface.h"
 #include "forms/text_box.h"
@@ -183,13 +184,12 @@ class FrmFormatter : public forms::Form, private PassObserver {
     structured::StructuredOptions said_;       // by the settings
     std::optional<std::uint32_t> unit_;        // by the slider once it has been moved
     std::optional<settings::SettingsError> settingsProblem_;
-    std::int32_t maxIndx_ = -1;       // of the buffer; -1: no run has filled it
-    std::int32_t initialLines_ = 0;   // the module's line count when formatting started
-    bool formatted_ = false;          // a pass has been completed
-    bool bSave_ = false;              // the formatted code has been written to the module
-    bool busy_ = false;               // a command is under way
-    bool inPass_ = false;             // the indentation pass is
-    Closing closing_ = Closing::None; // what has been asked for meanwhile
+    std::int32_t maxIndx_ = -1;     // of the buffer; -1: no run has filled it
+    std::int32_t initialLines_ = 0; // the module's line count when formatting started
+    bool formatted_ = false;        // a pass has been completed
+    bool bSave_ = false;            // the formatted code has been written to the module
+    bool inPass_ = false;           // the indentation pass is
+    forms::LoneCommand<Closing> lone_;
     std::shared_ptr<FrmError> errors_;
 };
 

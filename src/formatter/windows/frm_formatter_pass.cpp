@@ -1,3 +1,4 @@
+#include "base/scope_exit.h"
 #include "formatter/windows/frm_formatter.h"
 #include "formatter/windows/frm_main.h"
 #include "forms/desktop.h"
@@ -8,7 +9,7 @@
 namespace corvelle::formatter {
 
 void FrmFormatter::InitBtns() {
-    if (!busy_) ResetAll();
+    if (!lone_.isRunning()) ResetAll();
 }
 
 void FrmFormatter::ResetAll() {
@@ -100,10 +101,7 @@ std::int32_t FrmFormatter::readModule(ide::CodeModule& module, std::int32_t n) {
 
 std::int32_t FrmFormatter::runPass() {
     inPass_ = true;
-    const struct Ended {
-        bool& inPass;
-        ~Ended() { inPass = false; }
-    } ended{inPass_};
+    const base::ScopeExit ended([this] { inPass_ = false; });
     if (mustClose()) DisableProc();
     if (!structured_) return engine_.VB_Format(maxIndx_);
     const std::int32_t errorCount = structured_->run();

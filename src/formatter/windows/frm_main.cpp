@@ -1,6 +1,7 @@
 #include "formatter/windows/frm_main.h"
 
 #include "base/ignoring_errors.h"
+#include "base/scope_exit.h"
 #include "formatter/windows/frm_formatter.h"
 #include "formatter/windows/wizard_title.h"
 #include "forms/desktop.h"
@@ -91,13 +92,9 @@ void frmMain::CmdNext_Click() {
     if (formatter_) return;
     const auto dialog = std::make_shared<FrmFormatter>(desktop());
     formatter_ = dialog;
-    const struct Released { // unless the dialog's own closing has done so
-        frmMain& page;
-        const std::shared_ptr<FrmFormatter>& dialog;
-        ~Released() {
-            if (page.formatter_ == dialog) page.formatter_.reset();
-        }
-    } released{*this, dialog};
+    const base::ScopeExit released([&] { // unless the dialog's own closing has done so
+        if (formatter_ == dialog) formatter_.reset();
+    });
     if (Text1.text() == lastFormatted_ && !confirmRepetition()) return;
     if (!isLoaded()) return; // closed behind the box
     handedOver_ = Text1.text();

@@ -1,5 +1,6 @@
 #include "forms/headless/headless_desktop.h"
 
+#include "base/scope_exit.h"
 #include "forms/headless/headless_peer.h"
 #include "forms/timer.h"
 
@@ -309,21 +310,10 @@ bool HeadlessDesktop::waitForEvents() {
     return !quitting_;
 }
 
-// While a box is open the user reaches nothing else.
-class HeadlessDesktop::OpenBox {
-  public:
-    explicit OpenBox(HeadlessDesktop& desktop) : desktop_(desktop) { ++desktop_.openBoxes_; }
-    ~OpenBox() { --desktop_.openBoxes_; }
-    OpenBox(const OpenBox&) = delete;
-    OpenBox& operator=(const OpenBox&) = delete;
-
-  private:
-    HeadlessDesktop& desktop_;
-};
-
 int HeadlessDesktop::showMessageBox(const std::string& text, int flags, const std::string& title) {
     boxes_.push_back({text, flags, title});
-    const OpenBox open(*this);
+    ++openBoxes_; // while one is open the user reaches nothing else
+    const base::ScopeExit closed([this] { --openBoxes_; });
     const bool asks = (flags & box::yesNo) != 0;
     const int cautious = asks ? answer::no : answer::ok;
     if (answers_.empty()) {

@@ -157,7 +157,6 @@ class HeadlessDesktop : public Desktop {
         int yieldsBefore;
         std::function<void()> action;
     };
-    class OpenBox;
     class OthersDisabled;
 
     void unexpected(const std::string& what);

@@ -1,5 +1,6 @@
 #include "forms/win32/win32_desktop.h"
 
+#include "base/scope_exit.h"
 #include "forms/form.h"
 #include "forms/timer.h"
 #include "forms/win32/file_dialog.h"
@@ -162,10 +163,7 @@ void Win32Desktop::doEvents() {
     ++vainYields_;
     lastVainYield_ = now;
     ++loops_;
-    const struct Ended {
-        int& loops;
-        ~Ended() { --loops; }
-    } ended{loops_};
+    const base::ScopeExit ended([this] { --loops_; });
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         vainYields_ = 0;

@@ -13,8 +13,7 @@ std::string_view takeNamePart(std::string_view& text) {
         part = text.substr(1, close - 1);
         text.remove_prefix(close + 1);
     } else {
-        std::size_t size = 0;
-        while (size < text.size() && isNameCharacter(text[size])) ++size;
+        const auto size = base::nameLength(text);
         part = text.substr(0, size);
         text.remove_prefix(size);
     }

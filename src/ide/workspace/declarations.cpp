@@ -36,8 +36,7 @@ std::string_view takeName(std::string_view& text) {
         text.remove_prefix(size);
         return name;
     }
-    std::size_t size = 0;
-    while (size < text.size() && isNameCharacter(text[size])) ++size;
+    const auto size = base::nameLength(text);
     name = text.substr(0, size);
     text.remove_prefix(size);
     return name;

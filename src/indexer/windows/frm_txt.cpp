@@ -64,21 +64,12 @@ int FrmTxt::msgBox(const Message& message) {
 // Commands that must not meet one another
 
 void FrmTxt::runAlone(const std::function<void()>& command) {
-    if (busy_) return;
     const auto alive = shared_from_this();
-    {
-        busy_ = true;
-        const struct Ended {
-            bool& busy;
-            ~Ended() { busy = false; }
-        } ended{busy_};
-        run(command);
-    }
-    if (std::exchange(closing_, false)) unload();
+    if (lone_.run(*this, command) == Closing::Window) unload();
 }
 
 bool FrmTxt::mustClose() const {
-    return closing_ || desktop().isQuitting();
+    return lone_.closing() != Closing::None || desktop().isQuitting();
 }
 
 // Opening a project
@@ -229,9 +220,10 @@ void FrmTxt::save() {
 // Closing
 
 void FrmTxt::Form_QueryUnload(bool& cancel, forms::UnloadMode /*mode*/) {
-    if (busy_) {
+    if (lone_.isRunning()) {
         // The command's stack still works on this window. It closes when the command has ended.
-        closing_ = cancel = true;
+        lone_.closeAfterwards(Closing::Window);
+        cancel = true;
         return;
     }
     // Nobody can answer while the program quits.

@@ -5,6 +5,7 @@
 #include "forms/form.h"
 #include "forms/frame.h"
 #include "forms/label.h"
+#include "forms/lone_command.h"
 #include "forms/surface.h"
 #include "forms/text_box.h"
 #include "ide/vbe.h"
@@ -82,6 +83,7 @@ class FrmTxt : public forms::Form {
 
   private:
     enum class Status : std::uint8_t { NotReady, NoTextFile, Loaded };
+    enum class Closing : std::uint8_t { None, Window };
 
     void cboDsr_Click() { editor_.cboDsr_Click(); }
     void CboCtl_Click() { editor_.CboCtl_Click(); }
@@ -118,8 +120,7 @@ class FrmTxt : public forms::Form {
     bool valid_ = false;      // its file is
     ProjectInfo info_;        // the project whose index is being edited, with paths that can be reached
     bool saved_ = true;
-    bool busy_ = false;    // a command is under way
-    bool closing_ = false; // a close waits for its end
+    forms::LoneCommand<Closing> lone_;
 };
 
 } // namespace corvelle::indexer

@@ -1,5 +1,6 @@
 #include "indexer/windows/text_entry_editor.h"
 
+#include "base/scope_exit.h"
 #include "forms/desktop.h"
 #include "forms/form.h"
 #include "indexer/entry_edits.h"
@@ -91,11 +92,8 @@ void TextEntryEditor::showEntry(std::size_t entry) {
 }
 
 void TextEntryEditor::showText(const std::string& text, bool enabled) {
-    const struct Showing {
-        bool& flag;
-        ~Showing() { flag = false; }
-    } showing{showing_};
     showing_ = true;
+    const base::ScopeExit shown([this] { showing_ = false; });
     controls_.txtHelp.setEnabled(enabled);
     controls_.txtHelp.setText(text);
 }
