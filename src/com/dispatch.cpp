@@ -12,7 +12,7 @@ DISPID Dispatch::idOf(const wchar_t* name) {
     }
     DISPID id = DISPID_UNKNOWN;
     auto* text = const_cast<wchar_t*>(name); // which the object only reads
-    check(object_->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id));
+    runTimeErrorIfFailed(object_->GetIDsOfNames(IID_NULL, &text, 1, LOCALE_USER_DEFAULT, &id));
     ids_.emplace_back(name, id);
     return id;
 }

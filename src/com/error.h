@@ -28,17 +28,17 @@ base::RunTimeError runTimeError(HRESULT result);
 base::RunTimeError runTimeError(HRESULT result, EXCEPINFO& information);
 
 /// Throws the RunTimeError of a call that failed.
-inline void check(HRESULT result) {
+inline void runTimeErrorIfFailed(HRESULT result) {
     if (FAILED(result)) throw runTimeError(result);
 }
 
 /// Throws the HresultError of a call that failed: for a caller who wants the HRESULT itself.
-inline void require(HRESULT result) {
+inline void hresultErrorIfFailed(HRESULT result) {
     if (FAILED(result)) throw HresultError(result);
 }
 
 /// Throws the HresultError of a system's call that gives an error number, ERROR_SUCCESS for none.
-inline void requireSuccess(LONG error) {
+inline void hresultErrorUnlessSuccess(LONG error) {
     if (error != ERROR_SUCCESS) throw HresultError(HRESULT_FROM_WIN32(static_cast<DWORD>(error)));
 }
 

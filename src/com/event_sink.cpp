@@ -28,9 +28,9 @@ void* EventSink::find(REFIID iid) {
 Connection::Connection(IUnknown* source, REFIID events, IUnknown* sink) {
     const auto container = Ptr<IUnknown>(source).query<IConnectionPointContainer>();
     if (!container) throw base::RunTimeError(base::ErrorNumber::MemberNotSupported);
-    check(container->FindConnectionPoint(events, point_.receive()));
+    runTimeErrorIfFailed(container->FindConnectionPoint(events, point_.receive()));
     if (!point_) throw base::RunTimeError(base::ErrorNumber::MemberNotSupported);
-    check(point_->Advise(sink, &cookie_));
+    runTimeErrorIfFailed(point_->Advise(sink, &cookie_));
 }
 
 Connection::Connection(Connection&& other) noexcept

@@ -72,7 +72,7 @@ Variant::Variant(IUnknown* object) : Variant() {
 }
 
 Variant::Variant(const VARIANT& value) : Variant() {
-    check(VariantCopy(&value_, const_cast<VARIANT*>(&value)));
+    runTimeErrorIfFailed(VariantCopy(&value_, const_cast<VARIANT*>(&value)));
 }
 
 Variant::Variant(Variant&& other) noexcept : value_(other.release()) {}

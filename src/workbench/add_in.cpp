@@ -33,8 +33,8 @@ com::Ptr<IUnknown> makeObject(const std::string& progId) {
     if (FAILED(CLSIDFromProgID(com::Bstr(progId).get(), &id)))
         throw RunTimeError(static_cast<std::int32_t>(ErrorNumber::CannotCreateObject),
                            "It is not registered.");
-    com::check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
-                                reinterpret_cast<void**>(object.receive())));
+    com::runTimeErrorIfFailed(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IUnknown,
+                                               reinterpret_cast<void**>(object.receive())));
     return object;
 }
 

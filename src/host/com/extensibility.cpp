@@ -1,7 +1,7 @@
 #include "host/com/extensibility.h"
 
 #include "com/error.h"
-#include "host/com/add_in_list.h"
+#include "host/com/add_in_entries.h"
 #include "ide/automation/automation.h"
 
 #include <limits>
@@ -51,7 +51,7 @@ std::span<const com::Member<Extensibility>> Extensibility::members() {
          }},
         {L"OnDisconnection", 2, com::method, 0, anyNumber,
          [](Extensibility& self, const Arguments&) -> Variant {
-             com::require(self.OnDisconnection(vbext_dm_HostShutdown, nullptr));
+             com::hresultErrorIfFailed(self.OnDisconnection(vbext_dm_HostShutdown, nullptr));
              return {};
          }},
         {L"OnAddInsUpdate", 3, com::method, 0, anyNumber,

@@ -30,13 +30,13 @@ std::wstring modulePath() {
 
 com::Ptr<ITypeLib> typeLibrary() {
     com::Ptr<ITypeLib> library;
-    com::require(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.receive()));
+    com::hresultErrorIfFailed(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, library.receive()));
     return library;
 }
 
 com::Ptr<ITypeInfo> typeInfo(REFGUID id) {
     com::Ptr<ITypeInfo> information;
-    com::require(typeLibrary()->GetTypeInfoOfGuid(id, information.receive()));
+    com::hresultErrorIfFailed(typeLibrary()->GetTypeInfoOfGuid(id, information.receive()));
     return information;
 }
 

@@ -30,7 +30,7 @@ class LibraryKey {
   public:
     LibraryKey() : library_(typeLibrary()) {
         TLIBATTR* attributes = nullptr;
-        com::require(library_->GetLibAttr(&attributes));
+        com::hresultErrorIfFailed(library_->GetLibAttr(&attributes));
         attributes_ = *attributes;
         library_->ReleaseTLibAttr(attributes);
     }
@@ -60,12 +60,12 @@ std::wstring classPath(const ComClass& entry) {
 
 void set(const std::wstring& path, const std::wstring& value, const std::wstring& name = {}) {
     RegistryKey key;
-    com::requireSuccess(key.make(HKEY_CLASSES_ROOT, path));
-    com::requireSuccess(key.set(name, value));
+    com::hresultErrorUnlessSuccess(key.make(HKEY_CLASSES_ROOT, path));
+    com::hresultErrorUnlessSuccess(key.set(name, value));
 }
 
 void remove(const std::wstring& path) {
-    com::requireSuccess(RegistryKey::remove(HKEY_CLASSES_ROOT, path));
+    com::hresultErrorUnlessSuccess(RegistryKey::remove(HKEY_CLASSES_ROOT, path));
 }
 
 std::optional<std::wstring> registeredText(const std::wstring& path) {
@@ -128,7 +128,8 @@ void unregisterTypeLibrary(const std::wstring& file) {
     const auto registered = registeredText(key.filePath());
     if (!registered || !isSameFile(*registered, file)) return; // another copy's
     const TLIBATTR& of = key.attributes();
-    com::require(UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind));
+    com::hresultErrorIfFailed(
+        UnRegisterTypeLib(of.guid, of.wMajorVerNum, of.wMinorVerNum, of.lcid, of.syskind));
     remove(key.versionPath()); // flags and folder
     RegistryKey::removeIfEmpty(HKEY_CLASSES_ROOT, key.path());
 }
@@ -140,7 +141,7 @@ void registerServer() {
     const std::wstring path = modulePath();
     std::wstring file = path;
     std::wstring helpFolder = path.substr(0, path.find_last_of(L'\\'));
-    com::require(RegisterTypeLib(library.library(), file.data(), helpFolder.data()));
+    com::hresultErrorIfFailed(RegisterTypeLib(library.library(), file.data(), helpFolder.data()));
     for (const ComClass& entry : classTable()) registerClass(entry, library, path);
 }
 

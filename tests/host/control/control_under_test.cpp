@@ -32,13 +32,13 @@ com::Ptr<IClassFactory> controlFactory() {
     const auto function =
         reinterpret_cast<Function>(reinterpret_cast<void*>(entryPoint("DllGetClassObject")));
     void* found = nullptr;
-    com::check(function(__uuidof(Indicator), IID_IClassFactory, &found));
+    com::runTimeErrorIfFailed(function(__uuidof(Indicator), IID_IClassFactory, &found));
     return com::Ptr<IClassFactory>::take(static_cast<IClassFactory*>(found));
 }
 
 com::Ptr<IUnknown> makeControl(IUnknown* outer) {
     void* made = nullptr;
-    com::check(controlFactory()->CreateInstance(outer, IID_IUnknown, &made));
+    com::runTimeErrorIfFailed(controlFactory()->CreateInstance(outer, IID_IUnknown, &made));
     return com::Ptr<IUnknown>::take(static_cast<IUnknown*>(made));
 }
 

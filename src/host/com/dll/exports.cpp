@@ -1,7 +1,7 @@
 // What the DLL exports, and its entry point.
 
 #include "com/error.h"
-#include "host/com/add_in_list.h"
+#include "host/com/add_in_entries.h"
 #include "host/com/class_factory.h"
 #include "host/com/class_table.h"
 #include "host/com/module.h"

@@ -16,7 +16,7 @@ constexpr DISPID tick = 1;
 
 com::Ptr<ITypeInfo> describe(ITypeLib& library, REFGUID guid) {
     com::Ptr<ITypeInfo> information;
-    com::check(library.GetTypeInfoOfGuid(guid, information.receive()));
+    com::runTimeErrorIfFailed(library.GetTypeInfoOfGuid(guid, information.receive()));
     return information;
 }
 
@@ -34,7 +34,7 @@ IndicatorControl::IndicatorControl(HINSTANCE module, ITypeLib& library, IUnknown
       extent_(toHimetric(usualWidth, usualHeight, dpi())),
       ticks_(com::make<com::ConnectionPoint>(__uuidof(__Indicator), this)),
       changes_(com::make<PropertyNotifyPoint>(this)) {
-    com::check(CreateOleAdviseHolder(advices_.receive()));
+    com::runTimeErrorIfFailed(CreateOleAdviseHolder(advices_.receive()));
     setSize({usualWidth, usualHeight});
     home_.onRefresh = [this] { pictureChanged(); };
     indicator_.onPropertyChanged = [this](const std::string& key) { propertyChanged(key); };

@@ -24,7 +24,7 @@ std::wstring wide(const std::string& key) {
 
 void readBytes(IStream& stream, void* bytes, std::size_t count) {
     ULONG got = 0;
-    com::require(stream.Read(bytes, static_cast<ULONG>(count), &got));
+    com::hresultErrorIfFailed(stream.Read(bytes, static_cast<ULONG>(count), &got));
     if (got != count) throw com::HresultError(STG_E_READFAULT);
 }
 
@@ -45,7 +45,7 @@ std::int32_t ContainerBag::read(const std::string& key, std::int32_t otherwise) 
 void ContainerBag::write(const std::string& key, std::int32_t value, std::int32_t otherwise) {
     if (value == otherwise && !all_) return;
     VARIANT written = com::Variant(value).release();
-    com::require(bag_.Write(wide(key).c_str(), &written));
+    com::hresultErrorIfFailed(bag_.Write(wide(key).c_str(), &written));
 }
 
 // The stream's
@@ -87,7 +87,7 @@ void StreamBag::save(IStream& stream) const {
                      sizeof value); // Windows has the lowest byte first
     }
     ULONG written = 0;
-    com::require(stream.Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written));
+    com::hresultErrorIfFailed(stream.Write(bytes.data(), static_cast<ULONG>(bytes.size()), &written));
     if (written != bytes.size()) throw com::HresultError(STG_E_MEDIUMFULL);
 }
 

@@ -34,10 +34,10 @@ std::string line(const char* progId) {
 }
 
 /// The IDE's lists of add-ins, into which the DLL enters its own.
-class AddInList : public testing::Test {
+class AddInEntries : public testing::Test {
   protected:
-    AddInList() { EXPECT_EQ(dll.install(false), S_OK); }
-    ~AddInList() override {
+    AddInEntries() { EXPECT_EQ(dll.install(false), S_OK); }
+    ~AddInEntries() override {
         EXPECT_EQ(dll.install(false), S_OK);
         for (const char* progId : classes) {
             EXPECT_EQ(text(progId, "FriendlyName"), "(no key)");
@@ -48,7 +48,7 @@ class AddInList : public testing::Test {
     Dll dll;
 };
 
-TEST_F(AddInList, HasBothAddInsNotLoaded) {
+TEST_F(AddInEntries, HasBothAddInsNotLoaded) {
     EXPECT_EQ(dll.install(true), S_OK);
     EXPECT_EQ(text(classes[0], "FriendlyName"), "Trellis");
     EXPECT_EQ(text(classes[1], "FriendlyName"), "VB6 Help Context ID Indexer");
@@ -60,7 +60,7 @@ TEST_F(AddInList, HasBothAddInsNotLoaded) {
     EXPECT_EQ(text("Corvelle.Indicator", "FriendlyName"), "(no key)"); // a control is no add-in
 }
 
-TEST_F(AddInList, KeepsTheUsersChoices) {
+TEST_F(AddInEntries, KeepsTheUsersChoices) {
     dll.install(true);
     HKEY key = nullptr;
     RegOpenKeyExA(HKEY_CURRENT_USER, (std::string(addIns) + classes[0]).c_str(), 0, KEY_WRITE, &key);
@@ -74,7 +74,7 @@ TEST_F(AddInList, KeepsTheUsersChoices) {
     EXPECT_EQ(line(classes[0]), "1");
 }
 
-TEST_F(AddInList, LeavesOtherAddInsAlone) {
+TEST_F(AddInEntries, LeavesOtherAddInsAlone) {
     WritePrivateProfileStringA("Add-Ins32", "Other.AddIn", "1", "vbaddin.ini");
     dll.install(true);
     EXPECT_EQ(dll.install(false), S_OK);
@@ -82,7 +82,7 @@ TEST_F(AddInList, LeavesOtherAddInsAlone) {
     WritePrivateProfileStringA("Add-Ins32", "Other.AddIn", nullptr, "vbaddin.ini");
 }
 
-TEST_F(AddInList, LeavesTheSettingsOfWhoeverInstallsAlone) {
+TEST_F(AddInEntries, LeavesTheSettingsOfWhoeverInstallsAlone) {
     forms::RegistrySettings settings;
     const auto helpFile = [&] { return settings.get("Trellis", "Configurations", "Help File", "(none)"); };
     EXPECT_EQ(helpFile(), "(none)");

@@ -1,4 +1,4 @@
-#include "host/com/add_in_list.h"
+#include "host/com/add_in_entries.h"
 
 #include "base/win32/registry_key.h"
 #include "com/error.h"
@@ -12,7 +12,7 @@ namespace corvelle::host {
 namespace {
 
 using base::RegistryKey;
-using com::requireSuccess;
+using com::hresultErrorUnlessSuccess;
 
 const std::wstring visualBasic = L"Software\\Microsoft\\Visual Basic";
 const std::wstring versionKey = visualBasic + L"\\6.0";
@@ -49,11 +49,11 @@ void require(BOOL done) {
 
 void enter(const ComClass& addIn) {
     RegistryKey key;
-    requireSuccess(key.make(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
-    requireSuccess(key.set(L"FriendlyName", addIn.description));
-    requireSuccess(key.set(L"Description", addIn.description));
-    requireSuccess(key.set(L"CommandLineSafe", DWORD{0}));
-    if (!key.has(L"LoadBehavior")) requireSuccess(key.set(L"LoadBehavior", DWORD{0}));
+    hresultErrorUnlessSuccess(key.make(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
+    hresultErrorUnlessSuccess(key.set(L"FriendlyName", addIn.description));
+    hresultErrorUnlessSuccess(key.set(L"Description", addIn.description));
+    hresultErrorUnlessSuccess(key.set(L"CommandLineSafe", DWORD{0}));
+    if (!key.has(L"LoadBehavior")) hresultErrorUnlessSuccess(key.set(L"LoadBehavior", DWORD{0}));
     wchar_t line[16];
     if (GetPrivateProfileStringW(listSection, addIn.progId, L"", line, 16, listFile) == 0) {
         require(WritePrivateProfileStringW(listSection, addIn.progId, L"0", listFile));
@@ -61,7 +61,7 @@ void enter(const ComClass& addIn) {
 }
 
 void remove(const ComClass& addIn) {
-    requireSuccess(RegistryKey::remove(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
+    hresultErrorUnlessSuccess(RegistryKey::remove(HKEY_CURRENT_USER, listKey + L"\\" + addIn.progId));
     wchar_t line[16];
     if (GetPrivateProfileStringW(listSection, addIn.progId, L"", line, 16, listFile) > 0) {
         require(WritePrivateProfileStringW(listSection, addIn.progId, nullptr, listFile));
@@ -99,8 +99,8 @@ void enterSettings() {
         const auto now = RegistryKey::open(HKEY_CURRENT_USER, setting.path).text(setting.name);
         if (now && !(isNamed(*now, setting.file) && !exists(*now))) continue;
         RegistryKey key;
-        requireSuccess(key.make(HKEY_CURRENT_USER, setting.path));
-        requireSuccess(key.set(setting.name, file));
+        hresultErrorUnlessSuccess(key.make(HKEY_CURRENT_USER, setting.path));
+        hresultErrorUnlessSuccess(key.set(setting.name, file));
     }
 }
 
@@ -115,7 +115,7 @@ void removeAddIns() {
     for (const Setting& setting : settings) {
         const auto key = RegistryKey::open(HKEY_CURRENT_USER, setting.path, KEY_READ | KEY_SET_VALUE);
         if (key.text(setting.name) == besideModule(setting.file))
-            requireSuccess(key.removeValue(setting.name));
+            hresultErrorUnlessSuccess(key.removeValue(setting.name));
         RegistryKey::removeIfEmpty(HKEY_CURRENT_USER, setting.path);
     }
     for (const std::wstring& path : {settingsKey + L"\\Trellis", settingsKey}) {
