@@ -610,7 +610,7 @@ TEST_F(Connection, SurvivesObjectsOfTheWrongKind) {
     EXPECT_EQ(extensibility.query<IDTExtensibility>()->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, nullptr,
                                                               nullptr, nullptr, nullptr),
               DISP_E_TYPEMISMATCH); // without the IDE that it has to be given
-    odd->members.clear(); // it holds itself
+    odd->members.clear();           // it holds itself
 }
 
 /// A copy of the DLL beside the manual and an exclusion list, as the set-up leaves them.
