@@ -194,12 +194,11 @@ TEST(HelpProperties, TellWhatTheyDoNotFind) {
     const auto file = form("Begin VB.Form frm \r\n   Begin VB.TextBox txt \r\n   End\r\n   Begin VB.TextBox "
                            "TXT \r\n   End\r\n   Begin VB.ListBox lst \r\n      Index = 1\r\n"
                            "      HelpContextID = 1\r\n      HelpContextID = 2\r\n   End\r\nEnd\r\n");
-    const auto changed = withHelpProperties(file,
-                                            {{"txt", {}, help, 1},
-                                             {"lst", {}, help, 1},
-                                             {"lst", 0, help, 1},
-                                             {"lst", 1, help, 9, {}, true},
-                                             {"x", {}, help, 1}});
+    const auto changed = withHelpProperties(file, {{"txt", {}, help, 1},
+                                                   {"lst", {}, help, 1},
+                                                   {"lst", 0, help, 1},
+                                                   {"lst", 1, help, 9, {}, true},
+                                                   {"x", {}, help, 1}});
     EXPECT_THAT(fatesOf(changed),
                 ElementsAre(Fate::Ambiguous, Fate::Missing, Fate::Missing, Fate::Ambiguous, Fate::Missing));
     EXPECT_EQ(changed.bytes, file.bytes());
@@ -256,6 +255,7 @@ TEST(HelpProperties, RefuseASectionThatNoIdeWrites) {
     EXPECT_EQ(lineOf("   BeginProperty\r\n   EndProperty\r\n"), 4U);
     EXPECT_EQ(lineOf("   BeginProperty Font\r\n   Begin VB.Label l\r\n   End\r\n   EndProperty\r\n"), 5U);
     EXPECT_EQ(lineOf("   BeginProperty Font\r\n      BeginProperty A\r\n   EndProperty\r\n"), 7U);
+    EXPECT_EQ(lineOf("   BeginProperty HelpContextID\r\n   EndProperty\r\n"), 4U);
     EXPECT_EQ(lineOf("   BeginProperty = 5\r\n   End = 1\r\n\r\n"), 0U);
 }
 

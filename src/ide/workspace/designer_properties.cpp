@@ -196,6 +196,7 @@ class Change {
 
     HelpPropertyOutcome overwrite(const DesignerProperty& old, std::size_t number,
                                   const HelpPropertyWish& wish) {
+        if (old.isGroup) throw StrangeDesigner(old.line);
         const auto value = numberOf(old.value);
         if (value == wish.value) return {Fate::Needless, old.line, {}};
         HelpPropertyOutcome outcome{Fate::Replaced, old.line, std::string(old.value)};

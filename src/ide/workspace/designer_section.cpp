@@ -37,7 +37,7 @@ class Reader {
         } else if (isEndLine(line)) {
             open_.pop_back();
         } else if (isGroupLine(line, "BeginProperty", rest)) {
-            const DesignerProperty group{nextWord(rest), {}, indentation(),
+            const DesignerProperty group{nextWord(rest), {}, indentation(),  true,
                                          lines_.begin(), 0,  lines_.number()};
             if (group.name.empty()) throw StrangeDesigner(lines_.number());
             passGroup();
@@ -90,6 +90,7 @@ class Reader {
         const DesignerProperty property{withoutBlanks(line.substr(0, equals)),
                                         withoutBlanks(line.substr(equals + 1)),
                                         indentation(),
+                                        false,
                                         lines_.begin(),
                                         0,
                                         lines_.number()};

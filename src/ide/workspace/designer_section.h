@@ -15,8 +15,9 @@ namespace corvelle::workspace {
 /// A property in a block: a line `Name = value`, or a group from its BeginProperty to its EndProperty.
 struct DesignerProperty {
     std::string_view name;
-    std::string_view value;         ///< with what may follow it on the line, a comment; empty for a group
-    std::string_view indentation;   ///< of its first line
+    std::string_view value;       ///< with what may follow it on the line, a comment; empty for a group
+    std::string_view indentation; ///< of its first line
+    bool isGroup = false;
     std::size_t begin = 0, end = 0; ///< the bytes of its lines, the last one's line end included
     std::uint32_t line = 0;         ///< 1-based
 };
