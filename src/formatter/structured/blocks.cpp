@@ -185,12 +185,13 @@ class Matcher {
         placed_ = true;
         // An #If that begins with a closer stands by what it closes, or by the #If that opened that.
         if (open_.empty() || !open_.back().fresh) return;
+        open_.back().fresh = false;
+        if (blocks_[block].line > result_.directives[open_.back().index].line) return; // opened in it
         const std::uint32_t opened = blocks_[block].directive;
         const bool inClosed = opened != none && openAround(opened) != opened;
         result_.directives[open_.back().index].flush = true;
         placeBeside(result_.lines[result_.directives[open_.back().index].line],
                     inClosed ? result_.directives[opened].line : blocks_[block].line);
-        open_.back().fresh = false;
     }
 
     // Of the #Ifs that are open now, the innermost one that is or holds the given one.

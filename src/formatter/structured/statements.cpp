@@ -39,6 +39,7 @@ void StatementReader::begin(std::string_view line) {
     first_ = true;
     elseIf_ = false;
     afterMember_ = false;
+    mayBeRemark_ = false;
 }
 
 Statement StatementReader::next(bool inMembers) {
@@ -135,7 +136,7 @@ Statement StatementReader::readAfterThen() {
     return plain(Mode::OneLine);
 }
 
-// The rest of a one-line If, all of its statements: only a comment ends it.
+// The rest of a one-line If, all of its statements, or of a directive: only a comment ends it.
 void StatementReader::readOneLine() {
     while (at_ < end_) {
         const char c = line_[at_];
@@ -182,32 +183,33 @@ Statement StatementReader::readNames() {
     return {};
 }
 
+// A directive has its line for itself: a colon parts nothing.
 Statement StatementReader::readDirective() {
     at_ = pastBlanks(line_, at_);
     if (at_ >= end_) return {};
-    if (line_[at_] == '\'' || !isLetter(line_[at_])) return plain();
+    if (line_[at_] == '\'' || !isLetter(line_[at_])) return plain(Mode::OneLine);
     const Word text = readWord();
     if (mode_ == Mode::AfterDirectiveEnd) {
-        return text == Word::If ? close(BlockKind::Directive) : plain();
+        return text == Word::If ? close(BlockKind::Directive, Mode::OneLine) : plain(Mode::OneLine);
     }
     Statement statement;
     switch (text) {
     case Word::If:
-        statement = open(BlockKind::Directive, Mode::Rest);
+        statement = open(BlockKind::Directive, Mode::OneLine);
         break;
     case Word::ElseIf:
-        statement = divide(BlockKind::Directive, Mode::Rest);
+        statement = divide(BlockKind::Directive, Mode::OneLine);
         statement.elseIf = true;
         break;
     case Word::Else:
-        return divide(BlockKind::Directive, Mode::Rest);
+        return divide(BlockKind::Directive, Mode::OneLine);
     case Word::End:
         mode_ = Mode::AfterDirectiveEnd;
         return {};
     case Word::EndIf:
-        return close(BlockKind::Directive);
+        return close(BlockKind::Directive, Mode::OneLine);
     default:
-        return plain();
+        return plain(Mode::OneLine);
     }
     statement.neverTrue = neverTrue();
     return statement;
@@ -334,8 +336,8 @@ Statement StatementReader::declaration() {
     return statement;
 }
 
-Statement StatementReader::close(BlockKind block) {
-    mode_ = Mode::Rest;
+Statement StatementReader::close(BlockKind block, Mode then) {
+    mode_ = then;
     Statement statement;
     statement.kind = StatementKind::Close;
     statement.block = block;

@@ -97,7 +97,7 @@ class StatementReader {
         Condition, // between If and Then
         AfterThen,
         AfterThenColon,
-        OneLine, // behind the Then of a one-line If
+        OneLine, // behind the Then of a one-line If, and behind a directive's words
         Names,   // behind Next
         Directive,
         AfterDirectiveEnd,
@@ -127,7 +127,7 @@ class StatementReader {
     Statement open(BlockKind block, Mode then);
     Statement plain(Mode then = Mode::Rest);
     Statement declaration();
-    Statement close(BlockKind block);
+    Statement close(BlockKind block, Mode then = Mode::Rest);
     Statement divide(BlockKind block, Mode then);
 
     std::string_view line_;

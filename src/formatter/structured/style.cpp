@@ -62,6 +62,11 @@ class Ballot {
   private:
     const LineInfo& info(std::uint32_t line) const { return blocks_.lines[line]; }
     bool mayVote(std::uint32_t line) const { return !info(line).fixed(); }
+    // Under a line that stays where it is, anywhere, no column tells how an #If was meant.
+    bool mayVote(const DirectiveBlock& block) const {
+        const std::uint32_t parent = info(block.line).parent;
+        return mayVote(block.line) && (parent == LineInfo::none || mayVote(parent));
+    }
     std::uint32_t column(std::uint32_t line) const {
         return columnAfter(texts_[line], info(line).start, style_.tabWidth);
     }
@@ -127,7 +132,7 @@ class Ballot {
             const DirectiveBlock& block = blocks_.directives[i];
             const Place where =
                 options_.directive ? style_.directive : ownPlace[i].value_or(style_.directive);
-            const bool seen = block.child != LineInfo::none && mayVote(block.child) && mayVote(block.line);
+            const bool seen = block.child != LineInfo::none && mayVote(block.child) && mayVote(block);
             const Body otherwise = seen ? style_.directiveBody : Body::Flush;
             const Body what = options_.directiveBody ? style_.directiveBody : ownBody[i].value_or(otherwise);
             style_.directives.push_back({where, block.flush ? Body::Flush : what});
@@ -151,7 +156,7 @@ class Ballot {
     // Where the #If itself stands, if that is one of its two places.
     std::optional<Place> placeOf(const DirectiveBlock& block) const {
         const std::uint32_t code = codeColumn(block.line), at = column(block.line);
-        if (!mayVote(block.line) || code == 0) return std::nullopt; // both are column 1
+        if (!mayVote(block) || code == 0) return std::nullopt; // both are column 1
         if (at == 0) return Place::Margin;
         return at == code ? std::optional(Place::Code) : std::nullopt;
     }
@@ -159,7 +164,7 @@ class Ballot {
     // How the #If itself holds its statements, where that can be seen.
     std::optional<Body> bodyOf(const DirectiveBlock& block) const {
         if (block.flush || block.child == LineInfo::none) return std::nullopt;
-        if (!mayVote(block.child) || !mayVote(block.line)) return std::nullopt;
+        if (!mayVote(block.child) || !mayVote(block)) return std::nullopt;
         const std::uint32_t beside = codeColumn(block.line), child = column(block.child);
         if (child == beside) return Body::Flush;
         return child == beside + style_.columns() ? std::optional(Body::Indent) : std::nullopt;

@@ -94,6 +94,7 @@ const Case cases[] = {
      "Sub S()\n#If A Then\n    If b Then\n#End If\n        x\n#If A Then\n    End If\n#End If\n"
      "    y\nEnd Sub\n"},
     {"NeverCompiled", "#If False Then\nEnd If\n#End If\nSub S()\n    x\nEnd Sub\n"},
+    {"ColonInADirective", "Sub S()\n#If A Then: Do\n    x\n#End If: Loop\n    y\nEnd Sub\n"},
     {"DoubleByteBracket", "Sub S()\n    \x83[ = 1: Do\n        x\n    Loop ' ]\nEnd Sub\n"},
     {"HardBlankIsNoBlank", "Sub S()\n    \xA0If = 1\n    x\nEnd Sub\n"},
 };

@@ -104,6 +104,13 @@ TEST(StyleTest, EachDirectiveKeepsItsWays) {
         "    x\n#If A Then\n    y\n#End If\n#If A Then\n    z\n#End If\nEnd Sub\n");
 }
 
+TEST(StyleTest, ADirectiveUnderALineThatStaysOffItsColumnFollowsTheModule) {
+    EXPECT_EQ(layOut("Sub S()\n    a\n'corvelle:off\nDo\n'corvelle:on\n#If B Then\n        c\n#End If\n"
+                     "    #If B Then\n    d\n    #End If\n    Loop\nEnd Sub\n"),
+              "Sub S()\n    a\n'corvelle:off\nDo\n'corvelle:on\n#If B Then\n        c\n#End If\n"
+              "#If B Then\n        d\n#End If\n    Loop\nEnd Sub\n");
+}
+
 TEST(StyleTest, WhatStandsBetweenPairedCallsMayStandDeeper) {
     const std::string text =
         "Sub S()\n    WriteStart a\n        b\n        o.BeginX\n            'c\n        o.EndX\n"
