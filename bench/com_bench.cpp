@@ -5,7 +5,7 @@
 // of the program's peak memory.
 
 #include "form_project.h"
-#include "formatter/windows/frm_formatter.h"
+#include "formatter/forms/frm_formatter.h"
 #include "forms/headless/headless_desktop.h"
 #include "ide/automation/automation.h"
 #include "ide/workspace/workspace.h"
@@ -13,7 +13,7 @@
 #include "indexer/create_index.h"
 #include "module_file.h"
 #include "peak_memory.h"
-#include "workbench/model/serve_vbe.h"
+#include "workbench/model/vbe_object.h"
 
 #include <algorithm>
 #include <cstdio>

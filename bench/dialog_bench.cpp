@@ -2,7 +2,7 @@
 // over one module, labels and yields included, on the headless window system and on the real one, in turn.
 // Exit status 1 if the real one takes more than four times as long.
 
-#include "formatter/windows/frm_formatter.h"
+#include "formatter/forms/frm_formatter.h"
 #include "forms/headless/headless_desktop.h"
 #include "forms/win32/win32_desktop.h"
 #include "ide/workspace/workspace.h"

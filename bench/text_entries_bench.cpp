@@ -1,9 +1,9 @@
 // How quickly the editor of text entries works on a large index, without a screen.
 
 #include "forms/headless/headless_desktop.h"
+#include "indexer/forms/add_in_manager.h"
+#include "indexer/forms/frm_txt.h"
 #include "indexer/id_gen.h"
-#include "indexer/windows/add_in_manager.h"
-#include "indexer/windows/frm_txt.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdint>

@@ -4,7 +4,7 @@
 #include "form_project.h"
 #include "forms/headless/headless_desktop.h"
 #include "ide/workspace/workspace.h"
-#include "indexer/windows/frm_indexer.h"
+#include "indexer/forms/frm_indexer.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdint>

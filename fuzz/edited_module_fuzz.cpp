@@ -3,7 +3,7 @@
 //
 // Input: the first line tells the edits; its first character picks the type of module. The file follows.
 
-#include "ide/workspace/attribute_line.h"
+#include "ide/workspace/declarations.h"
 #include "ide/workspace/edited_module.h"
 #include "require.h"
 #include "vocabulary.h"

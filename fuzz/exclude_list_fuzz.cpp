@@ -1,8 +1,8 @@
 // Any bytes can be read as an exclusion list: put together again the names are the first line.
 
 #include "base/text.h"
-#include "indexer/exclude_list.h"
-#include "indexer/space_pairs.h"
+#include "indexer/index_options.h"
+#include "indexer/text_lines.h"
 
 #include <cstdint>
 #include <cstdlib>

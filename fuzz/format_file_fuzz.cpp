@@ -6,7 +6,6 @@
 // Input: two characters of options (the first picks the ending; of the second bits 0 to 2 are the removal
 // options, bit 3 is --force), a third one for the tab width; then the file.
 
-#include "base/binary_check.h"
 #include "base/text.h"
 #include "cli/format_job.h"
 #include "ide/workspace/file_kind.h"

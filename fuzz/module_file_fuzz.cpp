@@ -6,7 +6,6 @@
 
 #include "ide/put_together.h"
 #include "ide/workspace/edited_module.h"
-#include "ide/workspace/group_file.h"
 #include "ide/workspace/project_file.h"
 #include "require.h"
 #include "vocabulary.h"

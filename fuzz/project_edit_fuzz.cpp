@@ -2,7 +2,6 @@
 // put it in again changes nothing.
 
 #include "ide/workspace/project_file.h"
-#include "ide/workspace/project_file_edit.h"
 #include "require.h"
 #include "vocabulary.h"
 

@@ -2,7 +2,6 @@
 // finds.
 
 #include "base/text.h"
-#include "ide/workspace/group_file.h"
 #include "ide/workspace/project_file.h"
 #include "require.h"
 #include "vocabulary.h"

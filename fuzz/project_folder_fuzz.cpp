@@ -4,16 +4,11 @@
 //
 // Input: files (see filesOf); the file without a name holds the edits.
 
-#include "base/binary_check.h"
+#include "base/text.h"
 #include "cli/source_list.h"
-#include "ide/code_module.h"
-#include "ide/properties.h"
-#include "ide/property.h"
-#include "ide/vb_components.h"
-#include "ide/vb_control.h"
-#include "ide/vb_controls.h"
-#include "ide/vb_form.h"
-#include "ide/window.h"
+#include "ide/code.h"
+#include "ide/component.h"
+#include "ide/designer.h"
 #include "ide/workspace/workspace.h"
 #include "require.h"
 #include "vocabulary.h"

@@ -6,7 +6,6 @@
 #include "base/text.h"
 #include "indexer/help_index.h"
 #include "indexer/text_file.h"
-#include "indexer/topic_edit.h"
 #include "require.h"
 #include "vocabulary.h"
 

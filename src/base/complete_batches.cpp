@@ -1,7 +1,7 @@
 #include "base/file_batch.h"
-#include "base/file_owner.h"
+#include "base/file_properties.h"
 #include "base/folder_lock.h"
-#include "base/folder_names.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <set>

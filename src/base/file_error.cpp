@@ -1,6 +1,6 @@
 #include "base/file_error.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 
 #include <cerrno>
 #include <new>

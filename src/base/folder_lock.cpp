@@ -1,8 +1,7 @@
 #include "base/folder_lock.h"
 
 #include "base/file_error.h"
-#include "base/path_text.h"
-#include "base/same_path.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <system_error>

@@ -6,8 +6,18 @@
 
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace corvelle::base {
+
+/// Gives the whole temporary file the target's place, where a file may stand or not, in one step. With a
+/// stamp, a file that somebody has written since, up to that very step, is put back: error 70. Throws
+/// FileError about the path.
+void putInPlace(TemporaryFile& temporary, const std::filesystem::path& target,
+                const std::filesystem::path& path, const ReplaceOptions& options);
+
+/// The error for a file that is not what was read.
+FileError changedMeanwhile();
 
 /// The file that is to take another's place, or a new one's, while it is not there yet. It grows beside its
 /// place under a name of its own, and goes with the object unless it has been committed. Whoever replaces
@@ -53,5 +63,11 @@ class PendingFile {
     FileWriter writer_;
     bool finished_ = false;
 };
+
+/// Writes a file that was not there before and that nobody may read or change who may not do so with the file
+/// `like`; on Windows its rights are those of its folder. False, and nothing is done, if anything has the
+/// name already, be it a link that leads nowhere. Throws FileError, and then nothing is left.
+bool writeNewFile(const std::filesystem::path& path, std::string_view bytes,
+                  const std::filesystem::path& like);
 
 } // namespace corvelle::base

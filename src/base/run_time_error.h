@@ -52,4 +52,16 @@ class RunTimeError : public std::exception {
 /// VB6's text for an error number; "Application-defined or object-defined error" for one it does not know.
 std::string describeError(std::int32_t number);
 
+/// Runs one statement of a procedure that ignores errors: run-time errors and whatever else the libraries
+/// throw. What the statement did before it failed stays; false if it failed.
+template <class Statement>
+bool ignoringErrors(Statement&& statement) {
+    try {
+        statement();
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 } // namespace corvelle::base

@@ -2,8 +2,8 @@
 
 #include "base/batch_journal.h"
 #include "base/file_error.h"
-#include "base/folder_names.h"
 #include "base/live_files.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <atomic>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -33,6 +34,17 @@ constexpr std::size_t nameLength(std::string_view text) {
     return length;
 }
 
+/// A blank inside a line: a space or a tab.
+constexpr bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
+/// The text without the blanks before it.
+std::string_view withoutLeadingBlanks(std::string_view text);
+
+/// The text without the blanks at its ends.
+std::string_view withoutBlanks(std::string_view text);
+
 /// Every ASCII letter of the text in upper case.
 std::string upper(std::string_view text);
 
@@ -50,5 +62,25 @@ std::size_t findLastIgnoringCase(std::string_view text, std::string_view wanted)
 
 /// The text without its leading and trailing spaces.
 std::string_view trimSpaces(std::string_view text);
+
+/// How many bytes of the text satisfy the predicate, which should be free of branches: blocks of one size and
+/// a count that fits a byte then let the compiler look at many bytes at once.
+template <class Predicate>
+std::size_t countBytes(std::string_view text, Predicate isOne) {
+    constexpr std::size_t block = 128;
+    std::size_t count = 0;
+    for (; text.size() >= block; text.remove_prefix(block)) {
+        std::uint8_t inBlock = 0;
+        for (std::size_t i = 0; i < block; ++i) inBlock += isOne(text[i]) ? 1 : 0;
+        count += inBlock;
+    }
+    for (const char c : text) count += isOne(c) ? 1 : 0;
+    return count;
+}
+
+/// What the bytes are if they are no 8-bit text ("a binary file", "UTF-16 text", "nothing but NUL bytes");
+/// empty for text. They are none if in their first 64 KiB, NUL bytes and line ends at the very end aside, at
+/// least two and more than one byte in twenty are control characters other than tab, line end and form feed.
+std::string_view whatInsteadOfText(std::string_view bytes);
 
 } // namespace corvelle::base

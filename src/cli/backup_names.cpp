@@ -1,8 +1,8 @@
 #include "cli/backup_names.h"
 
 #include "base/file_error.h"
-#include "base/new_file.h"
-#include "base/path_text.h"
+#include "base/paths.h"
+#include "base/pending_file.h"
 #include "base/text.h"
 #include "formatter/backup.h"
 

@@ -3,7 +3,7 @@
 #include "cli/format_command.h"
 #include "cli/index_command.h"
 #include "cli/nearest_word.h"
-#include "cli/shown_text.h"
+#include "cli/terminal.h"
 #include "cli/text_command.h"
 #include "version.h"
 

@@ -1,9 +1,9 @@
 #include "cli/designer_changes.h"
 
 #include "base/file.h"
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/text.h"
-#include "cli/shown_text.h"
+#include "cli/terminal.h"
 #include "ide/workspace/designer_section.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/path_resolver.h"

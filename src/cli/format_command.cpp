@@ -1,13 +1,10 @@
 #include "cli/format_command.h"
 
 #include "base/file.h"
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "cli/format_job.h"
-#include "cli/progress.h"
-#include "cli/shown_text.h"
-#include "cli/slots.h"
 #include "cli/source_list.h"
-#include "cli/standard_streams.h"
+#include "cli/terminal.h"
 #include "cli/turnstile.h"
 
 #include <algorithm>

@@ -1,8 +1,9 @@
 #include "cli/format_job.h"
 
-#include "base/binary_check.h"
-#include "base/path_text.h"
-#include "cli/shown_text.h"
+#include "base/paths.h"
+#include "base/pending_file.h"
+#include "base/text.h"
+#include "cli/terminal.h"
 #include "cli/unified_diff.h"
 #include "formatter/misplaced_blocks.h"
 

@@ -1,15 +1,13 @@
 #include "cli/index_outputs.h"
 
-#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/file_batch.h"
-#include "base/path_text.h"
-#include "base/same_path.h"
+#include "base/paths.h"
 #include "base/text.h"
-#include "cli/shown_text.h"
-#include "ide/workspace/key_value.h"
+#include "cli/terminal.h"
 #include "ide/workspace/path_resolver.h"
-#include "indexer/recognise.h"
+#include "ide/workspace/project_file.h"
+#include "indexer/replaceable.h"
 
 #include <algorithm>
 #include <exception>

@@ -1,8 +1,8 @@
 #include "cli/interrupted_changes.h"
 
 #include "base/file_batch.h"
-#include "base/path_text.h"
-#include "cli/shown_text.h"
+#include "base/paths.h"
+#include "cli/terminal.h"
 
 #include <iostream>
 

@@ -1,6 +1,6 @@
 #include "cli/module_settings.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 
 namespace corvelle::cli {
 

@@ -1,12 +1,10 @@
 #include "cli/source_list.h"
 
-#include "base/binary_check.h"
 #include "base/file.h"
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/run_time_error.h"
+#include "base/text.h"
 #include "ide/workspace/file_kind.h"
-#include "ide/workspace/group_file.h"
-#include "ide/workspace/member_path.h"
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/module_source.h"
+#include "cli/module_settings.h"
 
 #include <cstddef>
 #include <filesystem>

@@ -1,23 +1,18 @@
 #include "cli/text_command.h"
 
-#include "base/binary_check.h"
 #include "base/file.h"
 #include "base/file_batch.h"
 #include "base/folder_lock.h"
-#include "base/path_text.h"
-#include "base/same_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "cli/exit_status.h"
 #include "cli/interrupted_changes.h"
-#include "cli/shown_text.h"
-#include "cli/standard_streams.h"
+#include "cli/terminal.h"
 #include "indexer/entry_edits.h"
 #include "indexer/existing_index.h"
 #include "indexer/index_files.h"
-#include "indexer/mapping_edit.h"
-#include "indexer/recognise.h"
+#include "indexer/replaceable.h"
 #include "indexer/text_file.h"
-#include "indexer/topic_edit.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "forms/colour.h"
-#include "forms/font.h"
-#include "forms/geometry.h"
+#include "forms/drawing.h"
 
 #include <functional>
 #include <string>

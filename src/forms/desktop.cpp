@@ -1,5 +1,6 @@
 #include "forms/desktop.h"
 
+#include "base/run_time_error.h"
 #include "base/scope_exit.h"
 #include "forms/form.h"
 
@@ -8,6 +9,22 @@
 #include <utility>
 
 namespace corvelle::forms {
+
+void CommonDialog::showOpen() {
+    show(false);
+}
+
+void CommonDialog::showSave() {
+    show(true);
+}
+
+void CommonDialog::show(bool save) {
+    if (auto chosen = desktop_.chooseFile(*this, save)) {
+        fileName = *chosen;
+    } else if (cancelError) {
+        throw base::RunTimeError(base::ErrorNumber::CancelWasSelected);
+    }
+}
 
 void Desktop::runModal(Form& form) {
     const int number = ++lastModal_;

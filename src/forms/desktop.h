@@ -1,12 +1,9 @@
 #pragma once
 
-#include "forms/application.h"
-#include "forms/colour.h"
+#include "forms/drawing.h"
 #include "forms/form_peer.h"
-#include "forms/geometry.h"
 #include "forms/message_box.h"
-#include "forms/picture.h"
-#include "forms/settings.h"
+#include "version.h"
 
 #include <cstdint>
 #include <functional>
@@ -16,6 +13,63 @@
 #include <vector>
 
 namespace corvelle::forms {
+
+/// What the package knows of itself.
+struct Application {
+    std::string title = "Corvelle";
+    std::string productName = "Trellis";
+    /// The help file that F1 and "&Help" show.
+    std::string helpFile;
+    int major = ADD_INS_VERSION_MAJOR;
+    int minor = ADD_INS_VERSION_MINOR;
+    int revision = ADD_INS_VERSION_REVISION;
+};
+
+/// The per-user settings store: text values by application, section and key.
+class Settings {
+  public:
+    virtual ~Settings() = default;
+
+    /// The value, or the default where there is none.
+    virtual std::string get(const std::string& application, const std::string& section,
+                            const std::string& key, const std::string& otherwise) = 0;
+    /// Raises a run-time error when the value cannot be saved.
+    virtual void save(const std::string& application, const std::string& section, const std::string& key,
+                      const std::string& value) = 0;
+};
+
+class Desktop;
+
+/// Flags of a file dialog.
+namespace file_dialog {
+inline constexpr int overwritePrompt = 2;
+inline constexpr int pathMustExist = 2048;
+inline constexpr int fileMustExist = 4096;
+inline constexpr int createPrompt = 8192;
+} // namespace file_dialog
+
+/// The common dialog for choosing a file.
+class CommonDialog {
+  public:
+    explicit CommonDialog(Desktop& desktop) : desktop_(desktop) {}
+
+    std::string dialogTitle; ///< empty: the system's own
+    std::string fileName;    ///< what is proposed, then what was chosen
+    std::string initDir;     ///< the folder shown first; empty: the system's choice
+    std::string filter;      ///< description|pattern pairs
+    int flags = 0;           ///< of namespace file_dialog
+    bool cancelError = false;
+
+    /// Puts the chosen path into fileName. When the user cancels: "Cancel was selected." if cancelError is
+    /// set, else fileName keeps its value.
+    void showOpen();
+    void showSave();
+
+  private:
+    void show(bool save);
+
+    Desktop& desktop_;
+};
 
 class CommonDialog;
 class Form;

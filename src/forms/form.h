@@ -1,10 +1,9 @@
 #pragma once
 
 #include "forms/control.h"
+#include "forms/drawing.h"
 #include "forms/form_peer.h"
-#include "forms/geometry.h"
 #include "forms/keyboard.h"
-#include "forms/picture.h"
 
 #include <functional>
 #include <memory>

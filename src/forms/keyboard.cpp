@@ -1,6 +1,6 @@
 #include "forms/keyboard.h"
 
-#include "forms/captioned.h"
+#include "forms/controls.h"
 #include "forms/form.h"
 
 #include <algorithm>

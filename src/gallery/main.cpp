@@ -1,7 +1,7 @@
 // gallery PROJECT FOLDER [DPI] - shows every window as a user of the project would see it, and saves a
 // picture of each in the folder, as NAME.bmp.
 
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "forms/win32/win32_desktop.h"
 #include "forms/win32/window_picture.h"
 #include "gallery/gallery.h"

@@ -1,5 +1,4 @@
-#include "forms/label.h"
-#include "forms/surface.h"
+#include "forms/controls.h"
 #include "gallery/gallery.h"
 #include "ui/frm_abt.h"
 #include "ui/indicator.h"

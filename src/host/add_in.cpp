@@ -1,6 +1,5 @@
 #include "host/add_in.h"
 
-#include "base/ignoring_errors.h"
 #include "base/run_time_error.h"
 #include "forms/message_box.h"
 #include "ide/required.h"

@@ -1,7 +1,7 @@
 #include "host/code_formatter.h"
 
-#include "base/ignoring_errors.h"
-#include "formatter/windows/frm_main.h"
+#include "base/run_time_error.h"
+#include "formatter/forms/frm_main.h"
 
 #include <utility>
 

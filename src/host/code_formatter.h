@@ -1,6 +1,6 @@
 #pragma once
 
-#include "formatter/windows/add_in_manager.h"
+#include "formatter/forms/add_in_manager.h"
 #include "host/add_in.h"
 
 #include <memory>

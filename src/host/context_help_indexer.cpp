@@ -1,9 +1,9 @@
 #include "host/context_help_indexer.h"
 
-#include "base/ignoring_errors.h"
-#include "indexer/windows/frm_index_main.h"
-#include "indexer/windows/frm_indexer.h"
-#include "indexer/windows/frm_txt.h"
+#include "base/run_time_error.h"
+#include "indexer/forms/frm_index_main.h"
+#include "indexer/forms/frm_indexer.h"
+#include "indexer/forms/frm_txt.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/add_in.h"
-#include "indexer/windows/add_in_manager.h"
+#include "indexer/forms/add_in_manager.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "ide/code_pane.h"
-#include "ide/command_bars.h"
-#include "ide/events.h"
-#include "ide/vb_project.h"
+#include "ide/code.h"
+#include "ide/component.h"
+#include "ide/menus.h"
 
 #include <memory>
 
@@ -11,6 +10,15 @@
 /// `setName(...)`. An object that may be missing is a null pointer where the model says Nothing; a call that
 /// fails throws base::RunTimeError. Text is 8-bit ANSI.
 namespace corvelle::ide {
+
+/// Where the IDE's sources of events come from.
+class Events {
+  public:
+    virtual ~Events() = default;
+
+    virtual std::shared_ptr<ide::CommandBarEvents>
+    CommandBarEvents(const std::shared_ptr<CommandBarControl>& control) = 0;
+};
 
 /// The IDE.
 class VBE {

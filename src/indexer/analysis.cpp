@@ -1,6 +1,5 @@
 #include "indexer/analysis.h"
 
-#include "base/ignoring_errors.h"
 #include "base/run_time_error.h"
 #include "ide/required.h"
 

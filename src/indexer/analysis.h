@@ -1,15 +1,58 @@
 #pragma once
 
-#include "ide/vb_project.h"
-#include "indexer/analysis_captions.h"
+#include "ide/component.h"
 #include "indexer/index_options.h"
-#include "indexer/indexer_observer.h"
+#include "indexer/message.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvelle::indexer {
+
+/// What the labels of the analysis read, named after them.
+struct AnalysisCaptions {
+    std::string lblProj, LblForms, lblMsFrm, lblActive, LblProp, LblDOB, LblDsr, lblMDI, lblControls,
+        lblPrjStat;
+
+    /// In the order of the report's head.
+    std::array<const std::string*, 10> inReportOrder() const {
+        return {&lblProj, &lblPrjStat, &lblMDI,   &LblForms, &lblActive,
+                &LblProp, &LblDOB,     &lblMsFrm, &LblDsr,   &lblControls};
+    }
+};
+
+class Report;
+
+/// What the analysis and the generation tell their owner, and where they let it serve other work. Does
+/// nothing unless overridden.
+class IndexerObserver {
+  public:
+    virtual ~IndexerObserver() = default;
+
+    /// Yields to the window system.
+    virtual void doEvents() {}
+    /// Whether the work is to end; asked after each yield.
+    virtual bool isStopped() { return false; }
+    /// A caption of the analysis has changed.
+    virtual void captionsChanged(const AnalysisCaptions&) {}
+    /// Status texts of the generation.
+    virtual void setLblProc(std::string_view) {}
+    virtual void setLblProcModule(std::string_view) {}
+    /// Lines have been appended to the report.
+    virtual void reportChanged(const Report&) {}
+    /// The busy indicator.
+    virtual void StartNow() {}
+    virtual void stopNow() {}
+    /// A designer or, where a control is named, one of its controls is left out of the index: what it is
+    /// called is no name.
+    virtual void leftOut(std::string_view /*designer*/, std::string_view /*control*/) {}
+    /// A message box with an OK button only.
+    virtual void msgBox(const Message&) {}
+};
 
 /// The analysis of a project: its counts, and the components that an index is to be made for.
 class Analysis {

@@ -1,22 +1,40 @@
 #include "indexer/create_index.h"
 
+#include "base/file.h"
 #include "base/file_error.h"
-#include "base/path_text.h"
-#include "base/same_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "ide/required.h"
 #include "indexer/help_index.h"
 #include "indexer/id_gen.h"
-#include "indexer/index_lines.h"
-#include "indexer/is_indexable.h"
+#include "indexer/index_files.h"
+#include "indexer/index_options.h"
 #include "indexer/mapping_module.h"
-#include "indexer/module_name.h"
 
 #include <algorithm>
 #include <new>
 #include <optional>
 
 namespace corvelle::indexer {
+
+namespace {
+
+class InPlace : public IndexOutput {
+  public:
+    explicit InPlace(const std::string& path) : file_(base::pathOf(path)) {}
+
+    void write(std::string_view bytes) override { file_.write(bytes); }
+    void close() override { file_.close(); }
+
+  private:
+    base::OutputFile file_;
+};
+
+} // namespace
+
+std::unique_ptr<IndexOutput> openInPlace(const std::string& path) {
+    return std::make_unique<InPlace>(path);
+}
 
 using base::RunTimeError;
 using ide::required;

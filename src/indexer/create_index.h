@@ -1,18 +1,33 @@
 #pragma once
 
-#include "ide/vb_project.h"
-#include "indexer/exclude_list.h"
+#include "ide/component.h"
+#include "indexer/analysis.h"
 #include "indexer/index_options.h"
-#include "indexer/index_output.h"
-#include "indexer/indexer_observer.h"
 #include "indexer/report.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvelle::indexer {
+
+/// A file that the lines of an index go into. Both functions throw base::FileError.
+class IndexOutput {
+  public:
+    virtual ~IndexOutput() = default;
+
+    virtual void write(std::string_view bytes) = 0;
+    virtual void close() = 0;
+};
+
+/// Opens the file of that path to be written anew; throws base::FileError.
+using OpenIndexOutput = std::function<std::unique_ptr<IndexOutput>(const std::string& path)>;
+
+/// Opens it in its place: line by line stands there what has been written so far.
+std::unique_ptr<IndexOutput> openInPlace(const std::string& path);
 
 /// What an index is made from and where it goes.
 struct IndexJob {

@@ -1,6 +1,9 @@
 #include "indexer/entry_edits.h"
 
-#include "indexer/confirm_update.h"
+#include "indexer/paths.h"
+#include "indexer/text_file.h"
+
+#include <string>
 
 namespace corvelle::indexer {
 
@@ -47,6 +50,59 @@ void deleteEntry(HelpIndex& index, std::size_t entry) {
 
 bool getPromptRet(const std::vector<std::string_view>& paths, const MsgBox& msgBox) {
     return ConfirmUpdate("This action requires following files to be updated :", paths, msgBox);
+}
+
+Message textFileNeeded() {
+    return {"You have to create new Text file for Text entries..", forms::box::information};
+}
+
+PreparedEntries prepareTextEntries(std::string_view headerPath, std::string_view configurationPath,
+                                   std::string_view textPath) {
+    PreparedEntries result;
+    if (!fileExists(headerPath) || !fileExists(configurationPath)) {
+        result.message = {
+            "Either header  file or configuration file is invalid.You need to re generate them ",
+            forms::box::critical};
+        return result;
+    }
+    result.mappings = LoadMappings(configurationPath);
+    if (textPath.empty()) {
+        result.message = textFileNeeded();
+    } else {
+        LoadTextEntries(textPath, result.mappings->index);
+    }
+    return result;
+}
+
+void setDefaultEntry(HelpIndex& index, std::string_view defaultText) {
+    index.entries.front().HelpText = defaultText;
+    index.entries.front().IDHName = defaultIDH;
+}
+
+std::string createdTextFile(std::string_view textPath) {
+    return std::string("Created Text file: ").append(textPath);
+}
+
+SavedEntries saveTextEntries(std::string_view textPath, std::string_view defaultText, HelpIndex& index) {
+    setDefaultEntry(index, defaultText);
+    SavedEntries result;
+    result.saved = SaveTextFile(textPath, index);
+    if (result.saved) {
+        result.message = {"File was saved successfully.", forms::box::information};
+        result.reportLine = createdTextFile(textPath);
+    } else {
+        result.message = {"Errors occured while saving file. ", forms::box::exclamation};
+    }
+    return result;
+}
+
+bool ConfirmUpdate(std::string_view heading, const std::vector<std::string_view>& paths,
+                   const MsgBox& msgBox) {
+    std::string text(heading);
+    for (const auto path : paths) text.append("\r").append(path);
+    text += "\rDo you wish to continue ?";
+    const int flags = forms::box::yesNo | forms::box::question;
+    return msgBox({text, flags, "Update files..?"}) == forms::answer::yes;
 }
 
 } // namespace corvelle::indexer

@@ -1,10 +1,9 @@
 #include "indexer/existing_index.h"
 
-#include "base/ignoring_errors.h"
-#include "base/path_text.h"
-#include "base/same_path.h"
-#include "indexer/files.h"
+#include "base/paths.h"
+#include "base/run_time_error.h"
 #include "indexer/index_files.h"
+#include "indexer/paths.h"
 #include "indexer/text_file.h"
 
 namespace corvelle::indexer {

@@ -1,8 +1,12 @@
 #pragma once
 
-#include "ide/vb_project.h"
+#include "ide/component.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace corvelle::indexer {
 
@@ -33,5 +37,23 @@ struct IndexOptions {
 
 /// Checks the boxes of the components that a project of this type has; clears none.
 void SetDefOption(ide::VBProject& project, IndexOptions& options);
+
+// The exclusion list: a text file whose first line holds the names of control classes that are never indexed.
+
+/// Upper-case names; the first element is the empty string.
+using ExcludeList = std::vector<std::string>;
+
+/// Reads the list of a file; gives its upper bound. A file that cannot be read leaves the list as it is.
+std::size_t ReadExcludeList(std::string_view path, ExcludeList& list);
+
+/// The same, of the file's bytes.
+std::size_t readExcludeList(std::string_view bytes, ExcludeList& list);
+
+/// Whether an element equals the text, in letter case too.
+bool isInList(std::string_view text, const std::vector<std::string>& list);
+
+/// Whether controls of the class get help IDs: not those on the list, nor those of a class whose box is not
+/// unchecked.
+bool isIndexable(std::string_view className, const ExcludeList& list, const IndexOptions& options);
 
 } // namespace corvelle::indexer

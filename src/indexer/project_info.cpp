@@ -1,8 +1,8 @@
 #include "indexer/project_info.h"
 
 #include "base/file.h"
-#include "base/ignoring_errors.h"
-#include "base/path_text.h"
+#include "base/paths.h"
+#include "base/run_time_error.h"
 #include "base/text.h"
 #include "indexer/text_lines.h"
 

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvelle::indexer {
 
@@ -42,5 +44,16 @@ class TextLines {
     std::size_t next_ = 0;
     std::uint32_t number_ = 0;
 };
+
+/// The lines, each ended by CR LF.
+std::string fileOfLines(const std::vector<std::string>& lines);
+
+/// Writes the lines, each ended by CR LF, into the file, which is created or replaced. False on any failure;
+/// the old file is as it was then.
+bool WriteLines(std::string_view path, const std::vector<std::string>& lines);
+
+/// The text with every pair of spaces made one space, in one pass from left to right: three spaces in a row
+/// become two.
+std::string withSpacePairsJoined(std::string_view text);
 
 } // namespace corvelle::indexer

@@ -1,7 +1,9 @@
 #include "settings/editor_config.h"
 
-#include "base/binary_check.h"
+#include "base/file.h"
 #include "base/file_error.h"
+#include "base/line_reader.h"
+#include "base/paths.h"
 #include "base/text.h"
 
 #include <algorithm>
@@ -10,6 +12,80 @@
 #include <vector>
 
 namespace corvelle::settings {
+
+namespace {
+
+std::string_view trimmed(std::string_view text) {
+    constexpr std::string_view blanks = " \t\r\f\v";
+    text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+    return text.substr(0, text.find_last_not_of(blanks) + 1); // npos + 1 is 0
+}
+
+} // namespace
+
+EditorConfigFile readEditorConfig(std::string_view bytes) {
+    EditorConfigFile file;
+    bool inPreamble = true, inSection = false;
+    for (auto lines = base::linesOf(bytes); lines.next();) {
+        const std::string_view line = trimmed(lines.line());
+        if (line.empty() || line.front() == '#' || line.front() == ';') continue;
+        if (line.front() == '[') {
+            // What follows a section that cannot be read must not count as the one's before it.
+            const std::size_t end = line.rfind(']');
+            inPreamble = false;
+            inSection = end != std::string_view::npos && end - 1 <= longestSectionName;
+            if (inSection) file.sections.push_back({Glob(line.substr(1, end - 1)), {}});
+            continue;
+        }
+        const std::size_t equals = line.find('=');
+        if (equals == std::string_view::npos) continue;
+        const std::string_view key = trimmed(line.substr(0, equals));
+        const std::string_view value = trimmed(line.substr(equals + 1));
+        if (key.empty() || key.size() > longestKey || value.size() > longestValue) continue;
+        if (inSection) {
+            Pair pair{std::string(key), std::string(value), lines.number()};
+            for (char& c : pair.key) c = base::lower(c);
+            file.sections.back().pairs.push_back(std::move(pair));
+        } else if (inPreamble && base::equalIgnoringCase(key, "root")) {
+            file.root = base::equalIgnoringCase(value, "true");
+        }
+    }
+    return file;
+}
+
+namespace {
+
+bool standsOnVolume([[maybe_unused]] const std::string& path) {
+#ifdef _WIN32
+    constexpr auto slashesOfShare = 4; // "//server/share/.editorconfig"
+    return path.front() != '/' || std::count(path.begin(), path.end(), '/') >= slashesOfShare;
+#else
+    return true;
+#endif
+}
+
+} // namespace
+
+std::string absolutePath(const std::filesystem::path& path) {
+    std::string text = base::textOf(std::filesystem::absolute(path).lexically_normal());
+#ifdef _WIN32
+    std::replace(text.begin(), text.end(), '\\', '/');
+#endif
+    return text;
+}
+
+std::optional<std::string> readIfThere(const std::string& path) {
+    if (!standsOnVolume(path)) return std::nullopt;
+    try {
+        return base::readFile(base::pathOf(path));
+    } catch (const base::FileError& error) {
+        const auto is = [&error](base::ErrorNumber number) {
+            return error.number() == static_cast<std::int32_t>(number);
+        };
+        if (is(base::ErrorNumber::FileNotFound) || is(base::ErrorNumber::PathNotFound)) return std::nullopt;
+        throw;
+    }
+}
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "settings/ide_layout.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/text.h"
-#include "settings/files_on_disk.h"
+#include "settings/editor_config.h"
 #include "settings/layout_settings.h"
 
 #include <utility>

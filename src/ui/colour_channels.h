@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/colour.h"
+#include "forms/drawing.h"
 
 #include <array>
 #include <cstdint>

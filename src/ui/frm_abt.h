@@ -1,9 +1,8 @@
 #pragma once
 
+#include "forms/controls.h"
+#include "forms/drawing.h"
 #include "forms/form.h"
-#include "forms/image.h"
-#include "forms/label.h"
-#include "forms/picture.h"
 
 #include <array>
 #include <memory>

@@ -1,6 +1,5 @@
 #include "ui/indicator.h"
 
-#include "base/ignoring_errors.h"
 #include "base/run_time_error.h"
 #include "forms/desktop.h"
 #include "ui/surface_home.h"

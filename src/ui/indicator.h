@@ -1,7 +1,6 @@
 #pragma once
 
-#include "forms/canvas.h"
-#include "forms/colour.h"
+#include "forms/drawing.h"
 #include "forms/timer.h"
 #include "ui/colour_channels.h"
 #include "ui/indicator_home.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/canvas.h"
+#include "forms/drawing.h"
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/surface.h"
+#include "forms/controls.h"
 #include "ui/indicator_home.h"
 
 namespace corvelle::ui {

@@ -1,7 +1,6 @@
 #include "workbench/designer_window.h"
 
-#include "ide/vb_controls.h"
-#include "ide/vb_form.h"
+#include "ide/designer.h"
 
 #include <commctrl.h>
 #include <cstdint>

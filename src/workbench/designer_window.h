@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/child_window.h"
+#include "workbench/child_windows.h"
 
 namespace corvelle::workbench {
 

@@ -1,4 +1,4 @@
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/scope_exit.h"
 #include "version.h"
 #include "workbench/main_window.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/add_in_menu.h"
+#include "workbench/add_ins.h"
 #include "workbench/child_windows.h"
 #include "workbench/project_session.h"
 #include "workbench/project_tree.h"

@@ -1,6 +1,6 @@
 #include "workbench/project_session.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 
 namespace corvelle::workbench {
 

@@ -1,6 +1,6 @@
 #include "workbench/project_tree.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 
 #include <algorithm>
 #include <commctrl.h>

@@ -1,10 +1,25 @@
 #include "workbench/workbench.h"
 
+#include "base/text.h"
 #include "workbench/add_in_manager.h"
-#include "workbench/model/serve_vbe.h"
+#include "workbench/model/vbe_object.h"
 #include "workbench/window_procedure.h"
 
+#include <string_view>
+
 namespace corvelle::workbench {
+
+CommandLine::CommandLine(int argc, const char* const* argv) {
+    constexpr std::string_view addIn = "/addin:";
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view argument = argv[i];
+        if (base::startsWithIgnoringCase(argument, addIn)) {
+            addIns.emplace_back(argument.substr(addIn.size()));
+        } else {
+            file = argument;
+        }
+    }
+}
 
 Workbench::Workbench() : addIns_([this](const std::string& text) { reportError(window_.window(), text); }) {
     window_.commands.manageAddIns = [this] { workbench::manageAddIns(window_.window(), addIns_); };

@@ -1,14 +1,22 @@
 #pragma once
 
 #include "workbench/add_ins.h"
-#include "workbench/command_line.h"
 #include "workbench/main_window.h"
 #include "workbench/model/workbench_host.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace corvelle::workbench {
+
+/// What the program was started with: `[/addin:PROGID]... [FILE]`.
+struct CommandLine {
+    CommandLine(int argc, const char* const* argv);
+
+    std::string file;                ///< the project, group or module to open; empty for none
+    std::vector<std::string> addIns; ///< to be loaded besides those that the user has chosen
+};
 
 /// The program: its window, the add-ins, and the object model that they are given.
 class Workbench : public WorkbenchHost {

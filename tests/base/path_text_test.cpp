@@ -1,5 +1,5 @@
 #include "base/file_error.h"
-#include "base/path_text.h"
+#include "base/paths.h"
 
 #include <gtest/gtest.h>
 

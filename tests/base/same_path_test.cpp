@@ -1,4 +1,4 @@
-#include "base/same_path.h"
+#include "base/paths.h"
 #include "base/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/temporary_folder.h"
 #include "cli/source_list.h"
 

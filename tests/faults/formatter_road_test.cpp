@@ -1,6 +1,6 @@
 #include "faults/road.h"
-#include "formatter/windows/frm_formatter.h"
-#include "formatter/windows/frm_main.h"
+#include "formatter/forms/frm_formatter.h"
+#include "formatter/forms/frm_main.h"
 #include "host/code_formatter.h"
 
 #include <vector>

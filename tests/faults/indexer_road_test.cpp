@@ -1,8 +1,8 @@
 #include "faults/road.h"
 #include "host/context_help_indexer.h"
-#include "indexer/windows/frm_index_main.h"
-#include "indexer/windows/frm_indexer.h"
-#include "indexer/windows/frm_txt.h"
+#include "indexer/forms/frm_index_main.h"
+#include "indexer/forms/frm_indexer.h"
+#include "indexer/forms/frm_txt.h"
 
 #include <algorithm>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "fakes/open_files.h"
 #include "faults/every_call.h"
-#include "forms/common_dialog.h"
+#include "forms/desktop.h"
 #include "forms/message_box.h"
 
 #include <new>

@@ -2,13 +2,13 @@
 // windows.
 
 #include "base/file.h"
-#include "formatter/windows/frm_error.h"
-#include "formatter/windows/frm_formatter.h"
-#include "formatter/windows/frm_main.h"
+#include "formatter/forms/frm_error.h"
+#include "formatter/forms/frm_formatter.h"
+#include "formatter/forms/frm_main.h"
 #include "forms/headless/headless_desktop.h"
-#include "indexer/windows/frm_index_main.h"
-#include "indexer/windows/frm_indexer.h"
-#include "indexer/windows/frm_txt.h"
+#include "indexer/forms/frm_index_main.h"
+#include "indexer/forms/frm_indexer.h"
+#include "indexer/forms/frm_txt.h"
 #include "places.h"
 
 #include <filesystem>

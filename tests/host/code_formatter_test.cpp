@@ -1,5 +1,5 @@
-#include "formatter/windows/frm_formatter.h"
-#include "formatter/windows/frm_main.h"
+#include "formatter/forms/frm_formatter.h"
+#include "formatter/forms/frm_main.h"
 #include "host/code_formatter.h"
 #include "host/connected.h"
 #include "host/poor_desktop.h"

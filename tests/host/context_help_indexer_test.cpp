@@ -1,9 +1,9 @@
 #include "host/connected.h"
 #include "host/context_help_indexer.h"
 #include "host/poor_desktop.h"
-#include "indexer/windows/frm_index_main.h"
-#include "indexer/windows/frm_indexer.h"
-#include "indexer/windows/frm_txt.h"
+#include "indexer/forms/frm_index_main.h"
+#include "indexer/forms/frm_indexer.h"
+#include "indexer/forms/frm_txt.h"
 #include "ui/frm_abt.h"
 
 #include <functional>

@@ -1,4 +1,4 @@
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "ide/workspace/file_kind.h"
 
 #include <gtest/gtest.h>

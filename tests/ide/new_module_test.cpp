@@ -1,6 +1,6 @@
 #include "base/error_of.h"
 #include "base/temporary_folder.h"
-#include "ide/workspace/project_file_edit.h"
+#include "ide/workspace/project_file.h"
 #include "ide/workspace/workspace.h"
 
 #include <gmock/gmock.h>

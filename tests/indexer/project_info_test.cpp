@@ -1,6 +1,6 @@
 #include "base/temporary_folder.h"
-#include "indexer/files.h"
 #include "indexer/project_info.h"
+#include "indexer/text_lines.h"
 
 #include <gtest/gtest.h>
 #include <utility>

@@ -4,8 +4,8 @@
 #include "ide/workspace/workspace.h"
 #include "indexer/analysis.h"
 #include "indexer/create_index.h"
+#include "indexer/entry_edits.h"
 #include "indexer/help_text_file.h"
-#include "indexer/text_entries.h"
 
 #include <gtest/gtest.h>
 #include <random>

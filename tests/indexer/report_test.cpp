@@ -1,4 +1,3 @@
-#include "indexer/general_date.h"
 #include "indexer/report.h"
 
 #include <ctime>

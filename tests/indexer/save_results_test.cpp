@@ -1,5 +1,5 @@
 #include "base/temporary_folder.h"
-#include "indexer/save_results.h"
+#include "indexer/report.h"
 
 #include <gtest/gtest.h>
 

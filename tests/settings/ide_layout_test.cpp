@@ -1,5 +1,5 @@
 #include "base/temporary_folder.h"
-#include "settings/files_on_disk.h"
+#include "settings/editor_config.h"
 #include "settings/ide_layout.h"
 
 #include <gtest/gtest.h>

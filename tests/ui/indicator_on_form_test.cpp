@@ -1,6 +1,5 @@
-#include "forms/command_button.h"
+#include "forms/controls.h"
 #include "forms/form.h"
-#include "forms/surface.h"
 #include "plain_home.h"
 #include "ui/indicator.h"
 

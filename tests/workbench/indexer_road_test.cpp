@@ -1,6 +1,6 @@
 #include "cli/run_corvelle.h"
+#include "indexer/entry_edits.h"
 #include "indexer/help_text_file.h"
-#include "indexer/text_entries.h"
 #include "places.h"
 #include "workbench/indexer_road.h"
 #include "workbench/resource.h"

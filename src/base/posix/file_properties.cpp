@@ -131,4 +131,11 @@ void flushFolder(const fs::path& folder) {
     if (opened.isOpen()) flushToDisk(opened.number());
 }
 
+bool isOwnOrFoldersOwners(const std::filesystem::path& path) {
+    struct stat file, folder;
+    if (::lstat(path.c_str(), &file) != 0) return false;
+    return file.st_uid == ::geteuid() ||
+           (::stat(path.parent_path().c_str(), &folder) == 0 && file.st_uid == folder.st_uid);
+}
+
 } // namespace corvelle::base

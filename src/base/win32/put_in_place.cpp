@@ -1,6 +1,5 @@
-#include "base/put_in_place.h"
-
-#include "base/path_text.h"
+#include "base/paths.h"
+#include "base/pending_file.h"
 #include "base/replace_with_backup.h"
 
 #include <windows.h>

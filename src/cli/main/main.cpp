@@ -2,8 +2,7 @@
 #include "base/temporary_file.h"
 #include "cli/command_line.h"
 #include "cli/exit_status.h"
-#include "cli/shown_text.h"
-#include "cli/standard_streams.h"
+#include "cli/terminal.h"
 
 #include <exception>
 #include <iostream>

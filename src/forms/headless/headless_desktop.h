@@ -1,12 +1,9 @@
 #pragma once
 
-#include "forms/common_dialog.h"
+#include "forms/controls.h"
 #include "forms/desktop.h"
 #include "forms/form.h"
-#include "forms/list_control.h"
-#include "forms/slider.h"
-#include "forms/tab_strip.h"
-#include "forms/text_box.h"
+#include "forms/list_controls.h"
 
 #include <deque>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "forms/headless/headless_peer.h"
 
-#include "forms/surface.h"
+#include "forms/controls.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/common_dialog.h"
+#include "forms/desktop.h"
 
 #include <optional>
 #include <string>

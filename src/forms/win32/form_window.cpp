@@ -1,7 +1,7 @@
 #include "forms/win32/form_window.h"
 
 #include "base/run_time_error.h"
-#include "forms/command_button.h"
+#include "forms/controls.h"
 #include "forms/win32/win32_desktop.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/settings.h"
+#include "forms/desktop.h"
 
 namespace corvelle::forms {
 

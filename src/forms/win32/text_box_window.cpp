@@ -1,4 +1,4 @@
-#include "forms/text_box.h"
+#include "forms/controls.h"
 #include "forms/win32/control_windows.h"
 #include "forms/win32/form_window.h"
 

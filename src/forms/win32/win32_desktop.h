@@ -2,12 +2,12 @@
 
 #include "base/run_time_error.h"
 #include "forms/desktop.h"
-#include "forms/win32/disabled_windows.h"
-#include "forms/win32/gdi_cache.h"
+#include "forms/win32/gdi.h"
 #include "forms/win32/html_help.h"
 #include "forms/win32/message_hook.h"
 #include "forms/win32/registry_settings.h"
 #include "forms/win32/scale.h"
+#include "forms/win32/thread_windows.h"
 #include "forms/win32/window_class.h"
 
 #include <map>

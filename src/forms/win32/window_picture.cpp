@@ -2,7 +2,7 @@
 
 #include "base/run_time_error.h"
 #include "forms/form.h"
-#include "forms/win32/handles.h"
+#include "forms/win32/gdi.h"
 #include "forms/win32/win32_peer.h"
 
 #include <fstream>

@@ -1,6 +1,5 @@
 #include "ide/automation/automation.h"
 
-#include "ide/automation/event_adapters.h"
 #include "ide/automation/menu_adapters.h"
 #include "ide/automation/vbe_adapter.h"
 

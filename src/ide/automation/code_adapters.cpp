@@ -1,7 +1,7 @@
 #include "ide/automation/code_adapters.h"
 
 #include "ide/automation/adapt.h"
-#include "ide/automation/component_adapter.h"
+#include "ide/automation/component_adapters.h"
 
 namespace corvelle::automation {
 

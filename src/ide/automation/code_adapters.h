@@ -1,8 +1,7 @@
 #pragma once
 
 #include "com/dispatch.h"
-#include "ide/code_module.h"
-#include "ide/code_pane.h"
+#include "ide/code.h"
 
 #include <utility>
 

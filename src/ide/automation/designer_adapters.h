@@ -1,7 +1,7 @@
 #pragma once
 
 #include "com/dispatch.h"
-#include "ide/vb_form.h"
+#include "ide/designer.h"
 
 #include <utility>
 

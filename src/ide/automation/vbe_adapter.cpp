@@ -2,9 +2,8 @@
 
 #include "ide/automation/adapt.h"
 #include "ide/automation/code_adapters.h"
-#include "ide/automation/event_adapters.h"
+#include "ide/automation/component_adapters.h"
 #include "ide/automation/menu_adapters.h"
-#include "ide/automation/project_adapters.h"
 
 namespace corvelle::automation {
 

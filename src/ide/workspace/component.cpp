@@ -1,8 +1,7 @@
 #include "ide/workspace/component.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "base/text.h"
-#include "ide/workspace/line_text.h"
 #include "ide/workspace/part_of.h"
 #include "ide/workspace/project.h"
 
@@ -27,7 +26,7 @@ bool isComponentName(std::string_view name) {
     constexpr std::size_t longest = 40;
     if (name.empty() || name.size() > longest || name[0] == '_' || (name[0] >= '0' && name[0] <= '9'))
         return false;
-    return std::all_of(name.begin(), name.end(), isNameCharacter);
+    return std::all_of(name.begin(), name.end(), base::isNameCharacter);
 }
 
 } // namespace

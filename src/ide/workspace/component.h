@@ -1,11 +1,10 @@
 #pragma once
 
 #include "base/file.h"
-#include "ide/code_pane.h"
-#include "ide/vb_component.h"
+#include "ide/code.h"
+#include "ide/component.h"
 #include "ide/workspace/designer_window.h"
 #include "ide/workspace/edited_module.h"
-#include "ide/workspace/workspace_observer.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -15,6 +14,21 @@
 #include <vector>
 
 namespace corvelle::workspace {
+
+class Component;
+
+/// Is told what an embedded IDE with windows has to show.
+class WorkspaceObserver {
+  public:
+    virtual ~WorkspaceObserver() = default;
+
+    /// The designer's window was opened, shown, hidden or closed: its DesignerWindow tells which.
+    virtual void designerChanged(Component& component) = 0;
+    /// The designer's window, which is visible now, goes to the front.
+    virtual void designerFocused(Component& component) = 0;
+    /// The code of a component without a designer goes to the front.
+    virtual void codeActivated(Component& component) = 0;
+};
 
 class Project;
 

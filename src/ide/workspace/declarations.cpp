@@ -1,7 +1,6 @@
 #include "ide/workspace/declarations.h"
 
 #include "base/text.h"
-#include "ide/workspace/line_text.h"
 
 #include <algorithm>
 #include <initializer_list>
@@ -10,12 +9,55 @@ namespace corvelle::workspace {
 
 namespace {
 
+// Takes the next part of a dotted name off the text; empty when there is none.
+std::string_view takeNamePart(std::string_view& text) {
+    std::string_view part;
+    if (!text.empty() && text[0] == '[') {
+        const auto close = text.find(']');
+        if (close == std::string_view::npos) return {};
+        part = text.substr(1, close - 1);
+        text.remove_prefix(close + 1);
+    } else {
+        const auto size = base::nameLength(text);
+        part = text.substr(0, size);
+        text.remove_prefix(size);
+    }
+    return part;
+}
+
+} // namespace
+
+AttributeLine readAttributeLine(std::string_view line) {
+    constexpr std::string_view word = "Attribute";
+    std::string_view rest = base::withoutLeadingBlanks(line);
+    if (!base::startsWithIgnoringCase(rest, word)) return {};
+    rest.remove_prefix(word.size());
+    if (rest.empty() || !base::isBlank(rest[0])) return {};
+    rest = base::withoutLeadingBlanks(rest);
+
+    AttributeLine result;
+    result.name = takeNamePart(rest);
+    while (!result.name.empty() && !rest.empty() && rest[0] == '.') {
+        if (result.member.empty()) result.member = result.name;
+        rest.remove_prefix(1);
+        result.name = takeNamePart(rest);
+    }
+    if (!base::startsWithIgnoringCase(result.name, "VB_")) return {};
+    rest = base::withoutLeadingBlanks(rest);
+    if (rest.empty() || rest[0] != '=') return {};
+    result.value = rest.substr(1);
+    result.found = true;
+    return result;
+}
+
+namespace {
+
 using base::equalIgnoringCase;
 
 // Whether the line goes on in the next one: it ends in an underscore behind a blank.
 bool isContinued(std::string_view line) {
-    while (!line.empty() && isBlank(line.back())) line.remove_suffix(1);
-    return !line.empty() && line.back() == '_' && (line.size() == 1 || isBlank(line[line.size() - 2]));
+    while (!line.empty() && base::isBlank(line.back())) line.remove_suffix(1);
+    return !line.empty() && line.back() == '_' && (line.size() == 1 || base::isBlank(line[line.size() - 2]));
 }
 
 // The length of the piece of code at the text's beginning that must be read as one: a literal or a
@@ -28,7 +70,7 @@ std::size_t pieceLength(std::string_view text) {
 
 // Takes the next word off the text: a name, with its brackets taken away, or nothing.
 std::string_view takeName(std::string_view& text) {
-    text = withoutLeadingBlanks(text);
+    text = base::withoutLeadingBlanks(text);
     std::string_view name;
     if (!text.empty() && text[0] == '[') {
         const auto size = pieceLength(text);

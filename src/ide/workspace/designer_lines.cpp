@@ -1,15 +1,14 @@
 #include "ide/workspace/designer_lines.h"
 
 #include "base/text.h"
-#include "ide/workspace/line_text.h"
 
 namespace corvelle::workspace {
 
 bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
-    line = withoutLeadingBlanks(line);
+    line = base::withoutLeadingBlanks(line);
     if (!base::startsWithIgnoringCase(line, word)) return false;
     line.remove_prefix(word.size());
-    rest = withoutLeadingBlanks(line);
+    rest = base::withoutLeadingBlanks(line);
     return rest.empty() || rest.size() < line.size() || rest[0] == '=';
 }
 
@@ -23,9 +22,9 @@ bool isEndLine(std::string_view line) {
 }
 
 std::string_view nextWord(std::string_view& text) {
-    text = withoutLeadingBlanks(text);
+    text = base::withoutLeadingBlanks(text);
     std::size_t size = 0;
-    while (size < text.size() && !isBlank(text[size])) ++size;
+    while (size < text.size() && !base::isBlank(text[size])) ++size;
     const auto word = text.substr(0, size);
     text.remove_prefix(size);
     return word;

@@ -2,7 +2,6 @@
 
 #include "base/text.h"
 #include "ide/workspace/designer_lines.h"
-#include "ide/workspace/line_text.h"
 
 #include <algorithm>
 #include <charconv>
@@ -13,7 +12,7 @@ namespace {
 
 class Reader {
   public:
-    explicit Reader(const ModuleFile& file) : bytes_(file.header()), lines_(linesOf(bytes_)) {}
+    explicit Reader(const ModuleFile& file) : bytes_(file.header()), lines_(base::linesOf(bytes_)) {}
 
     std::vector<DesignerBlock> read() {
         std::string_view rest;
@@ -42,14 +41,14 @@ class Reader {
             if (group.name.empty()) throw StrangeDesigner(lines_.number());
             passGroup();
             add(group);
-        } else if (!withoutBlanks(line).empty()) {
+        } else if (!base::withoutBlanks(line).empty()) {
             readProperty(line);
         }
     }
 
     std::string_view indentation() const {
         const auto line = lines_.line();
-        return line.substr(0, line.size() - withoutLeadingBlanks(line).size());
+        return line.substr(0, line.size() - base::withoutLeadingBlanks(line).size());
     }
 
     void begin(std::string_view rest) {
@@ -87,8 +86,8 @@ class Reader {
     void readProperty(std::string_view line) {
         const auto equals = line.find('=');
         if (equals == std::string_view::npos) throw StrangeDesigner(lines_.number());
-        const DesignerProperty property{withoutBlanks(line.substr(0, equals)),
-                                        withoutBlanks(line.substr(equals + 1)),
+        const DesignerProperty property{base::withoutBlanks(line.substr(0, equals)),
+                                        base::withoutBlanks(line.substr(equals + 1)),
                                         indentation(),
                                         false,
                                         lines_.begin(),
@@ -109,7 +108,7 @@ class Reader {
     }
 
     std::string_view bytes_;
-    LineReader lines_;
+    base::LineReader lines_;
     std::vector<DesignerBlock> blocks_;
     std::vector<std::size_t> open_; // those that have not ended, the outermost first
     std::vector<bool> hasInner_;    // of each block

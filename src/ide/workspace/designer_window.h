@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ide/window.h"
+#include "ide/designer.h"
 
 #include <string>
 

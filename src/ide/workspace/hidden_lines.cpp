@@ -1,7 +1,7 @@
 #include "ide/workspace/hidden_lines.h"
 
-#include "ide/workspace/attribute_line.h"
-#include "ide/workspace/line_reader.h"
+#include "base/line_reader.h"
+#include "ide/workspace/declarations.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,7 +34,7 @@ std::vector<HiddenLines::Placed> HiddenLines::place() const {
     std::vector<Placed> placed;
     for (const auto& run : file_.hiddenRuns()) {
         const auto bytes = file_.hidden(run);
-        for (LineReader lines(bytes); lines.next();) {
+        for (base::LineReader lines(bytes); lines.next();) {
             Placed line{none, bytes.substr(lines.begin(), lines.position() - lines.begin())};
             if (findPlace(readAttributeLine(lines.line()).member, run.codeLinesBefore, line.after))
                 placed.push_back(line);

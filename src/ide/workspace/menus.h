@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ide/command_bars.h"
-#include "ide/events.h"
+#include "ide/menus.h"
+#include "ide/vbe.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "ide/workspace/module_file.h"
 
-#include "base/count_bytes.h"
-#include "ide/workspace/attribute_line.h"
+#include "base/text.h"
+#include "ide/workspace/declarations.h"
 
 #include <algorithm>
 #include <limits>
@@ -26,7 +26,7 @@ ModuleFile::ModuleFile(std::string bytes, ide::ComponentType type) : bytes_(std:
     readCode(header.lines);
 }
 
-void ModuleFile::readCode(LineReader lines) {
+void ModuleFile::readCode(base::LineReader lines) {
     // Counted first, so that none of them moves when they are stored.
     const auto code = std::string_view(bytes_).substr(lines.position());
     lines_.reserve(base::countBytes(code, [](char c) { return c == '\n'; }) + 1);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/line_reader.h"
 #include "ide/component_type.h"
-#include "ide/workspace/line_reader.h"
 #include "ide/workspace/module_header.h"
 
 #include <cstdint>
@@ -89,7 +89,7 @@ class ModuleFile {
         std::uint32_t begin, end; // without the line end
     };
 
-    void readCode(LineReader lines);
+    void readCode(base::LineReader lines);
 
     std::string bytes_;
     ide::ComponentType type_;

@@ -1,7 +1,7 @@
 #include "ide/workspace/module_header.h"
 
 #include "base/text.h"
-#include "ide/workspace/attribute_line.h"
+#include "ide/workspace/declarations.h"
 #include "ide/workspace/designer_lines.h"
 #include "ide/workspace/module_file.h"
 
@@ -22,7 +22,7 @@ bool isObjectLine(std::string_view line) {
 // Whether the line's first letters let it be a Begin or an End line. Rules out nearly every line at once.
 bool mayBeBlockLine(std::string_view line) {
     std::size_t blanks = 0;
-    while (blanks < line.size() && isBlank(line[blanks])) ++blanks;
+    while (blanks < line.size() && base::isBlank(line[blanks])) ++blanks;
     if (line.size() - blanks < 3) return false;
     const char first = base::lower(line[blanks]), third = base::lower(line[blanks + 2]);
     return (first == 'b' && third == 'g') || (first == 'e' && third == 'd');
@@ -31,7 +31,7 @@ bool mayBeBlockLine(std::string_view line) {
 // The text of a literal, quotes inside it doubled; empty when there is none.
 std::string literalOf(std::string_view text) {
     std::string result;
-    text = withoutLeadingBlanks(text);
+    text = base::withoutLeadingBlanks(text);
     if (text.empty() || text[0] != '"') return result;
     for (std::size_t i = 1; i < text.size(); ++i) {
         if (text[i] == '"' && (++i == text.size() || text[i] != '"')) break;
@@ -54,7 +54,7 @@ void addControl(std::string_view rest, std::string_view bytes, std::vector<Contr
 }
 
 // Leaves the reader at the End of the block whose Begin it stands at.
-void passBlock(LineReader& lines, std::string_view bytes, std::vector<ControlBlock>& controls) {
+void passBlock(base::LineReader& lines, std::string_view bytes, std::vector<ControlBlock>& controls) {
     const auto beginLine = lines.number();
     std::size_t depth = 1;
     while (depth > 0) {
@@ -72,7 +72,7 @@ void passBlock(LineReader& lines, std::string_view bytes, std::vector<ControlBlo
 
 void readDesigner(std::string_view bytes, ModuleHeader& header) {
     bool begun = header.lines.number() > 0;
-    LineReader ahead = header.lines;
+    base::LineReader ahead = header.lines;
     while (ahead.next()) {
         std::string_view rest;
         if (isObjectLine(ahead.line())) {
@@ -85,14 +85,14 @@ void readDesigner(std::string_view bytes, ModuleHeader& header) {
             passBlock(ahead, bytes, header.controls);
             header.lines = ahead;
             return;
-        } else if (!begun || !withoutLeadingBlanks(ahead.line()).empty()) {
+        } else if (!begun || !base::withoutLeadingBlanks(ahead.line()).empty()) {
             return;
         }
     }
 }
 
 void readAttributes(ModuleHeader& header) {
-    LineReader ahead = header.lines;
+    base::LineReader ahead = header.lines;
     while (ahead.next()) {
         const auto attribute = readAttributeLine(ahead.line());
         if (!attribute.found) return;
@@ -105,8 +105,8 @@ void readAttributes(ModuleHeader& header) {
 } // namespace
 
 ModuleHeader readModuleHeader(std::string_view bytes, ide::ComponentType type) {
-    ModuleHeader header{linesOf(bytes), {}, {}, false, false, {}};
-    LineReader ahead = header.lines;
+    ModuleHeader header{base::linesOf(bytes), {}, {}, false, false, {}};
+    base::LineReader ahead = header.lines;
     const bool hasVersion = ahead.next() && isVersionLine(ahead.line());
     if (hasVersion) header.lines = ahead;
     if (hasVersion || type != ide::ComponentType::StdModule) readDesigner(bytes, header);

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/line_reader.h"
 #include "ide/component_type.h"
-#include "ide/workspace/line_reader.h"
 
 #include <cstdint>
 #include <string>
@@ -19,7 +19,7 @@ struct ControlBlock {
 /// What stands before the code of a module's file: a byte order mark, the VERSION line, Object lines, the
 /// designer section and the run of Attribute lines.
 struct ModuleHeader {
-    LineReader lines;          ///< stands at the last line of the header, so that the next one is code
+    base::LineReader lines;    ///< stands at the last line of the header, so that the next one is code
     std::string designerName;  ///< the name of the outermost block; empty if it has none
     std::string attributeName; ///< the `VB_Name` attribute; empty if there is none
     bool hasDesigner = false;  ///< there is a designer section

@@ -9,6 +9,11 @@
 
 namespace corvelle::workspace {
 
+/// Why a path that a project or a group names is not even looked at, told from its text alone, since a look
+/// may log on to a computer or wake a device: "a path on the network", "a device's path". Empty for any other
+/// path, and for one on the share or the device that `folder`, where the project stands, is on itself.
+std::string_view whyNotLookedAt(std::string_view written, const std::filesystem::path& folder);
+
 /// A path as a project writes it, with backslashes, in the form the system takes, from the project's folder
 /// on. Where it is absolute the folder is left out. The file need not exist.
 std::filesystem::path pathInProject(const std::filesystem::path& folder, std::string_view written);

@@ -1,10 +1,9 @@
 #include "ide/workspace/project.h"
 
-#include "base/path_text.h"
-#include "base/same_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "ide/workspace/part_of.h"
-#include "ide/workspace/project_file_edit.h"
+#include "ide/workspace/project_file.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ide/vb_project.h"
+#include "ide/component.h"
 #include "ide/workspace/component.h"
 
 #include <cstdint>

@@ -1,9 +1,9 @@
 #include "ide/workspace/workspace.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 #include "ide/workspace/file_kind.h"
-#include "ide/workspace/group_file.h"
 #include "ide/workspace/part_of.h"
+#include "ide/workspace/project_file.h"
 
 #include <utility>
 

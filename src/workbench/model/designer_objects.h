@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ide/vb_form.h"
+#include "ide/designer.h"
 #include "workbench/model/serving.h"
 
 namespace corvelle::workbench {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "com/connection_point.h"
-#include "ide/command_bar_events.h"
+#include "ide/menus.h"
 #include "workbench/model/serving.h"
 
 #include <memory>

@@ -11,6 +11,10 @@
 
 namespace corvelle::workbench {
 
+com::Ptr<IDispatch> serveVBE(const std::weak_ptr<WorkbenchHost>& host) {
+    return std::make_shared<Serving>(host)->object<VBEObject>();
+}
+
 namespace {
 
 using com::Arguments;

@@ -2,8 +2,8 @@
 
 #include "base/temporary_folder.h"
 #include "formatter/format_code.h"
+#include "formatter/forms/frm_main.h"
 #include "formatter/win32/watched_desktop.h"
-#include "formatter/windows/frm_main.h"
 #include "ide/workspace/workspace.h"
 
 #include <functional>

@@ -1,17 +1,8 @@
 #pragma once
 
-#include "forms/check_box.h"
-#include "forms/combo_box.h"
-#include "forms/command_button.h"
+#include "forms/controls.h"
 #include "forms/form.h"
-#include "forms/frame.h"
-#include "forms/image.h"
-#include "forms/label.h"
-#include "forms/list_box.h"
-#include "forms/slider.h"
-#include "forms/surface.h"
-#include "forms/tab_strip.h"
-#include "forms/text_box.h"
+#include "forms/list_controls.h"
 
 #include <functional>
 #include <string>

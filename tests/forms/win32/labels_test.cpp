@@ -1,4 +1,4 @@
-#include "forms/win32/handles.h"
+#include "forms/win32/gdi.h"
 #include "forms/win32/screen_test.h"
 
 #include <set>

@@ -1,5 +1,5 @@
-#include "forms/common_dialog.h"
-#include "forms/label.h"
+#include "forms/controls.h"
+#include "forms/desktop.h"
 #include "forms/timer.h"
 #include "forms/win32/file_dialog.h"
 #include "forms/win32/screen_test.h"

@@ -4,7 +4,7 @@
 #include "com/dispatch.h"
 #include "com/object.h"
 #include "ide/automation/automation.h"
-#include "workbench/model/serve_vbe.h"
+#include "workbench/model/vbe_object.h"
 
 #include <gtest/gtest.h>
 #include <memory>

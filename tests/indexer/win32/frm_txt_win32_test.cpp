@@ -1,9 +1,9 @@
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
 #include "formatter/win32/watched_desktop.h"
+#include "indexer/forms/add_in_manager.h"
+#include "indexer/forms/frm_txt.h"
 #include "indexer/help_text_file.h"
-#include "indexer/windows/add_in_manager.h"
-#include "indexer/windows/frm_txt.h"
 #include "places.h"
 
 #include <filesystem>

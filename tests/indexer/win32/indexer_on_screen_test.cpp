@@ -2,7 +2,7 @@
 #include "cli/run_corvelle.h"
 #include "formatter/win32/watched_desktop.h"
 #include "ide/workspace/workspace.h"
-#include "indexer/windows/frm_indexer.h"
+#include "indexer/forms/frm_indexer.h"
 #include "places.h"
 
 #include <filesystem>

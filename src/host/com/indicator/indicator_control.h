@@ -4,10 +4,9 @@
 #include "com/dispatch_object.h"
 #include "com/error.h"
 #include "forms/win32/win32_desktop.h"
+#include "host/com/indicator/connection_points.h"
 #include "host/com/indicator/control_home.h"
 #include "host/com/indicator/indicator_window.h"
-#include "host/com/indicator/property_notify_point.h"
-#include "host/com/indicator/view_advice.h"
 #include "ui/indicator.h"
 
 #include <corvelle.h>

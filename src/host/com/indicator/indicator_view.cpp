@@ -1,6 +1,6 @@
 // The indicator's picture: IViewObject2.
 
-#include "forms/win32/draw_canvas.h"
+#include "forms/win32/gdi.h"
 #include "host/com/indicator/indicator_control.h"
 
 namespace corvelle::host {

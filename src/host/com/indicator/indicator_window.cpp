@@ -1,7 +1,7 @@
 #include "host/com/indicator/indicator_window.h"
 
 #include "base/run_time_error.h"
-#include "forms/win32/draw_canvas.h"
+#include "forms/win32/gdi.h"
 
 #include <cstdint>
 #include <string>

@@ -1,9 +1,0 @@
-#include "base/file_owner.h"
-
-namespace corvelle::base {
-
-bool isOwnOrFoldersOwners(const std::filesystem::path&) {
-    return true;
-}
-
-} // namespace corvelle::base
