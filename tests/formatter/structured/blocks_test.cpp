@@ -80,6 +80,9 @@ const Case cases[] = {
     {"Dates",
      "Sub S()\n    x = #1/2/2000 3:04:05 PM#: If a Then\n        y\n    End If\n"
      "    Print #1, a: While b\n        Print #2\n    Wend\n    d# = 1: Do\n        e# = 2\n    Loop\nEnd Sub\n"},
+    {"DatesInConditions", "Sub S()\n    If d > #3:04:05 PM# Then\n        x\n    End If\n"
+                          "    If d = #Sept 3, 1999 1:02 am# Or e = #2:03 AM# Then\n        y\n    End If\n"
+                          "    If Eof(#1) And f# = 1 Or #2 Then\n        z\n    End If\nEnd Sub\n"},
     {"Remarks", "Sub S()\n    Rem If a Then\n    x = 1: Rem: Do\n    ' Do _\n    While\n    y\nEnd Sub\n"},
     {"EndAlone", "Sub S()\n    If a Then End\n    End\n    x\nEnd Sub\n"},
     {"ReservedBeforeColon", "Sub S()\n    If a Then\n        x\n    Else:\n        y\n    End If\n    Do:\n"
