@@ -156,6 +156,9 @@ class Layout {
             return newColumnOfComment(run.touches);
         }
         if (isMarginComment(run.begin)) return 0;
+        // Left of the closer or divider below, it is not the body's.
+        if (below != none && lines_[below].closes && column > 0 && column < oldColumn(below))
+            return newColumn(below);
         return columnOfStatement(run.begin);
     }
 

@@ -9,11 +9,12 @@ struct WordPair {
     std::string_view opening, closing;
 };
 
-constexpr std::array<WordPair, 6> wordPairs{{
+constexpr std::array<WordPair, 7> wordPairs{{
     {"Start", "End"},
     {"Start", "Stop"},
     {"Begin", "End"},
     {"Open", "Close"},
+    {"Write", "Close"},
     {"Push", "Pop"},
     {"Enter", "Leave"},
 }};

@@ -50,6 +50,15 @@ TEST(CommentsTest, AnyOtherStandsWithTheNextStatementOrTheBody) {
         "Sub S()\n    If a Then\n        x\n        'b\n    Else\n        'c\n        y\n    End If\nEnd Sub\n");
 }
 
+TEST(CommentsTest, OneLeftOfTheDividerBelowStandsWithThat) {
+    EXPECT_EQ(
+        layOut("Sub S()\n    If a Then\n        x\n  'b\n    ElseIf c Then\n        y\n 'd\n    End If\n"
+               "    Select Case a\n        Case 1\n      'e\n        Case 2\n    End Select\nEnd Sub\n",
+               indented()),
+        "Sub S()\n    If a Then\n        x\n    'b\n    ElseIf c Then\n        y\n    'd\n    End If\n"
+        "    Select Case a\n        Case 1\n        'e\n        Case 2\n    End Select\nEnd Sub\n");
+}
+
 TEST(CommentsTest, AContinuedCommentMovesAsOne) {
     EXPECT_EQ(layOut("Sub S()\n  'a _\n   b\n  x\nEnd Sub\n", indented()),
               "Sub S()\n    'a _\n     b\n    x\nEnd Sub\n");

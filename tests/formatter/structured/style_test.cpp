@@ -116,6 +116,9 @@ TEST(StyleTest, WhatStandsBetweenPairedCallsMayStandDeeper) {
         "Sub S()\n    WriteStart a\n        b\n        o.BeginX\n            'c\n        o.EndX\n"
         "    WriteEnd a\n    d\nEnd Sub\n";
     EXPECT_EQ(layOut(text), text);
+    const std::string tags = "Sub S()\n    With a\n        .WriteTag \"b\"\n            .WriteTag \"c\", 1\n"
+                             "        .CloseTag \"b\"\n    End With\nEnd Sub\n";
+    EXPECT_EQ(layOut(tags), tags);
     EXPECT_EQ(layOut("Sub S()\n    Write a\n        b\n    Wrote a\nEnd Sub\n"),
               "Sub S()\n    Write a\n    b\n    Wrote a\nEnd Sub\n");
 }
