@@ -118,7 +118,7 @@ int errorOf(const Lines& raw, int tabWidth, int* position = nullptr) {
     } catch (const RunTimeError& error) {
         number = error.number();
     }
-    if (position != nullptr) *position = engine.position();
+    if (position) *position = engine.position();
     return number;
 }
 

@@ -32,7 +32,7 @@ const fs::path casesDir = fs::path(TEST_DATA_DIR) / "format";
 
 bool blessing() {
     const char* value = std::getenv("CORVELLE_BLESS");
-    return value != nullptr && std::string(value) == "1";
+    return value && std::string(value) == "1";
 }
 
 std::string readBytes(const fs::path& path) {

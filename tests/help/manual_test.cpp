@@ -202,7 +202,7 @@ TEST_F(ManualOfWindows, EveryCommandAndOptionIsExplained) {
             const auto* const captioned = dynamic_cast<const forms::Captioned*>(control);
             const bool isCommand = control->kind() == forms::ControlKind::CommandButton ||
                                    control->kind() == forms::ControlKind::CheckBox;
-            if (!isCommand || captioned == nullptr) continue;
+            if (!isCommand || !captioned) continue;
             std::string caption = std::regex_replace(captioned->caption(), std::regex("&"), "");
             caption = std::regex_replace(caption, std::regex("\\s+"), " ");
             EXPECT_THAT(text, HasSubstr(caption)) << window.form->name() << '.' << control->name();

@@ -38,7 +38,7 @@ struct FormatterRoad : WithAddIns {
         PostMessageA(save, WM_COMMAND, IDOK, 0);
         User::waitUntil("the save dialog to go", [&] {
             const HWND asks = IsWindowEnabled(dialog) ? nullptr : GetLastActivePopup(save);
-            if (asks != nullptr && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+            if (asks && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
             return !IsWindow(save);
         });
         User::waitUntil("the backup",

@@ -17,7 +17,7 @@ struct Keyboard : WithAddIns {
         GUITHREADINFO state{};
         state.cbSize = sizeof state;
         GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &state);
-        return state.hwndFocus == nullptr ? std::string() : User::text(state.hwndFocus);
+        return state.hwndFocus ? User::text(state.hwndFocus) : std::string();
     }
     void waitForFocus(const std::string& text) const {
         try {

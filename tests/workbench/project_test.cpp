@@ -118,7 +118,7 @@ TEST_F(WorkbenchTest, ServesItsKeys) {
     press(VK_F7, {VK_SHIFT});
     User::waitUntil("the designer", [this] { return child("frmMain (MDIForm)") != nullptr; });
     press(VK_F4, {VK_CONTROL});
-    User::waitUntil("the designer to go", [this] { return child("frmMain (MDIForm)") == nullptr; });
+    User::waitUntil("the designer to go", [this] { return !child("frmMain (MDIForm)"); });
     press('Q', {VK_MENU});
     EXPECT_EQ(0U, waitForEnd());
 }

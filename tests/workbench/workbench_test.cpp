@@ -54,10 +54,10 @@ std::string quoted(const std::string& argument) {
 // The entry of the add-ins' DLL with that name.
 void callDll(const char* name) {
     const HMODULE dll = LoadLibraryA(CORVELLE_DLL);
-    if (dll == nullptr) throw std::runtime_error("the DLL could not be loaded");
+    if (!dll) throw std::runtime_error("the DLL could not be loaded");
     const auto entry =
         reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(reinterpret_cast<void (*)()>(GetProcAddress(dll, name)));
-    const HRESULT result = entry == nullptr ? E_FAIL : entry();
+    const HRESULT result = entry ? entry() : E_FAIL;
     FreeLibrary(dll);
     if (FAILED(result)) throw std::runtime_error(std::string(name) + " failed");
 }
@@ -74,7 +74,7 @@ WorkbenchTest::~WorkbenchTest() {
 }
 
 void WorkbenchTest::end() {
-    if (process_.hProcess == nullptr) return;
+    if (!process_.hProcess) return;
     if (isRunning()) {
         TerminateProcess(process_.hProcess, 99);
         WaitForSingleObject(process_.hProcess, patience);
@@ -98,7 +98,7 @@ void WorkbenchTest::start(const std::vector<std::string>& switches, const std::s
     }
     User::waitUntil("the main window", [this] {
         EnumThreadWindows(process_.dwThreadId, findMain, reinterpret_cast<LPARAM>(&window_));
-        return window_ != nullptr || !isRunning();
+        return window_ || !isRunning();
     });
     if (!isRunning()) throw std::runtime_error("the program has ended");
 }

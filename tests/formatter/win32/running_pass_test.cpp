@@ -34,7 +34,7 @@ HWND indicator(HWND dialog) {
     const HWND panel = User::control(dialog, "Button", "Processing Results");
     HWND widest = nullptr;
     LONG width = 0;
-    for (HWND child = GetWindow(panel, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    for (HWND child = GetWindow(panel, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
         char name[64] = {};
         GetClassNameA(child, name, sizeof name);
         RECT place{};

@@ -46,7 +46,7 @@ HWND findControl(HWND window, const std::string& className, const std::string& t
 HWND User::findWindowWith(const std::string& button) const {
     const std::vector<HWND> windows = windowsOf(thread_);
     const auto it = std::find_if(windows.begin(), windows.end(), [&button](HWND window) {
-        return IsWindowEnabled(window) && findControl(window, "Button", button) != nullptr;
+        return IsWindowEnabled(window) && findControl(window, "Button", button);
     });
     return it == windows.end() ? nullptr : *it;
 }

@@ -47,7 +47,7 @@ void saveBackup(const User& user, HWND dialog, const std::string& path) {
     PostMessageA(save, WM_COMMAND, IDOK, 0);
     User::waitUntil("the save dialog to go", [&] {
         const HWND asks = user.sees("&Format Code") ? nullptr : GetLastActivePopup(save);
-        if (asks != nullptr && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+        if (asks && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
         return !IsWindow(save);
     });
 }

@@ -45,8 +45,8 @@ void HostWindow::serve() {
 
 LRESULT CALLBACK HostWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<HostWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (self != nullptr && message == WM_COMMAND) ++self->commands;
-    if (self != nullptr && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) {
+    if (self && message == WM_COMMAND) ++self->commands;
+    if (self && message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) {
         ++self->activations;
         self->wasEnabled = self->wasEnabled && IsWindowEnabled(window);
     }

@@ -107,7 +107,7 @@ void ScreenTest::press(int keyCode) {
 HWND ScreenTest::waitForBox(const std::string& title) {
     for (int i = 0; i < 500; ++i) {
         const HWND box = FindWindowA("#32770", title.c_str());
-        if (box != nullptr && IsWindowVisible(box)) return box;
+        if (box && IsWindowVisible(box)) return box;
         Sleep(10);
     }
     ADD_FAILURE() << "no box " << title;
@@ -124,8 +124,8 @@ std::string ScreenTest::textOfBox(HWND box) {
 std::unique_ptr<Helper> ScreenTest::answerBox(const std::string& title, int answer, std::string* text) {
     return std::make_unique<Helper>([title, answer, text] {
         const HWND box = waitForBox(title);
-        if (box == nullptr) return;
-        if (text != nullptr) *text = textOfBox(box);
+        if (!box) return;
+        if (text) *text = textOfBox(box);
         PostMessageA(box, WM_COMMAND, static_cast<WPARAM>(answer), 0);
     });
 }

@@ -339,7 +339,7 @@ TEST_F(ScreenTest, HelpIsAskedForWithTheCallersWindow) {
     static std::vector<Request> requests;
     requests.clear();
     desktop().help().setViewer([](HWND caller, LPCSTR file, UINT command, DWORD_PTR data) WINAPI -> HWND {
-        requests.push_back({caller, file != nullptr ? file : "", command, data});
+        requests.push_back({caller, file ? file : "", command, data});
         return nullptr;
     });
     const auto form = shownForm();

@@ -17,8 +17,8 @@ constexpr int contextNumber = 15;
 bool viewerIsOpen(std::string* title = nullptr) {
     const HWND viewer = FindWindowA("HH Parent", nullptr);
     char text[100] = {};
-    if (viewer != nullptr) GetWindowTextA(viewer, text, sizeof text);
-    if (title != nullptr) *title = text;
+    if (viewer) GetWindowTextA(viewer, text, sizeof text);
+    if (title) *title = text;
     return viewer != nullptr;
 }
 

@@ -280,7 +280,7 @@ TEST_F(Connection, TheAboutBoxComesBackToTheWaitingStartMenu) {
     steps.thenPress(startMenu, "&About..?");
     steps.then("the about box", [&] {
         const HWND box = Steps::window("About");
-        if (box == nullptr) return false;
+        if (!box) return false;
         EXPECT_FALSE(IsWindowEnabled(Steps::window(startMenu)));
         PostMessageA(box, WM_LBUTTONDOWN, 0, MAKELPARAM(3, 3));
         PostMessageA(box, WM_LBUTTONUP, 0, MAKELPARAM(3, 3));
@@ -296,7 +296,7 @@ TEST_F(Connection, ADisconnectionDuringTheWaitEndsItAndTheObject) {
     connect(startup);
     Steps steps;
     steps.then("the disconnection", [&] {
-        if (Steps::window(startMenu) == nullptr) return false;
+        if (!Steps::window(startMenu)) return false;
         disconnect();
         release();
         EXPECT_EQ(Steps::window(startMenu), nullptr);
@@ -313,7 +313,7 @@ TEST_F(Connection, AnExternalOneMayEndWhileItWaits) {
     make(indexerClass);
     Steps steps;
     steps.then("the disconnection", [&] {
-        if (Steps::window(startMenu) == nullptr) return false;
+        if (!Steps::window(startMenu)) return false;
         disconnect();
         release();
         return true;
@@ -327,7 +327,7 @@ TEST_F(Connection, TheProgramsEndEndsTheWaitAndIsToldOn) {
     connect(startup);
     Steps steps;
     steps.then("the end", [&] {
-        if (Steps::window(startMenu) == nullptr) return false;
+        if (!Steps::window(startMenu)) return false;
         PostQuitMessage(7);
         return true;
     });
@@ -458,7 +458,7 @@ TEST_F(Connection, TheIdesWindowMayGoDuringTheWait) {
     connect(startup);
     Steps steps;
     steps.then("the end", [&] {
-        if (Steps::window(startMenu) == nullptr) return false;
+        if (!Steps::window(startMenu)) return false;
         DestroyWindow(owner);
         EXPECT_EQ(Steps::window(startMenu), nullptr);
         disconnect();
@@ -534,7 +534,7 @@ TEST_F(Connection, TellsOfEveryFailureAndReturnsNone) {
             Steps steps;
             steps.then("the message box", [&, text = std::string(description)] {
                 const HWND box = Steps::window("Corvelle");
-                if (box == nullptr) return false;
+                if (!box) return false;
                 EXPECT_NE(Steps::button(box, "The following error occurred:\r\n" + text), nullptr);
                 PostMessageA(box, WM_COMMAND, IDOK, 0);
                 return true;
@@ -584,7 +584,7 @@ TEST_F(Connection, SpeaksToTheMenuInFewWords) {
     Steps steps;
     steps.then("the message box", [&] {
         const HWND box = Steps::window("Corvelle");
-        if (box != nullptr) PostMessageA(box, WM_COMMAND, IDOK, 0);
+        if (box) PostMessageA(box, WM_COMMAND, IDOK, 0);
         return box != nullptr;
     });
     EXPECT_EQ(extensibility->OnConnection(ide.get(), startup, nullptr, nullptr), S_OK);
@@ -602,7 +602,7 @@ TEST_F(Connection, SurvivesObjectsOfTheWrongKind) {
     Steps steps;
     steps.then("the message box", [&] {
         const HWND box = Steps::window("Corvelle");
-        if (box != nullptr) PostMessageA(box, WM_COMMAND, IDOK, 0);
+        if (box) PostMessageA(box, WM_COMMAND, IDOK, 0);
         return box != nullptr;
     });
     EXPECT_EQ(extensibility->OnConnection(odd.get(), startup, nullptr, nullptr), S_OK);

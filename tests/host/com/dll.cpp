@@ -15,14 +15,14 @@ namespace {
 template <class Function>
 Function* exported(HMODULE module, const char* name) {
     const auto found = GetProcAddress(module, name);
-    if (found == nullptr) throw std::runtime_error(std::string(name) + " is not exported");
+    if (!found) throw std::runtime_error(std::string(name) + " is not exported");
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(found));
 }
 
 } // namespace
 
 Dll::Dll(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {
-    if (module_ == nullptr) throw std::runtime_error("the DLL cannot be loaded");
+    if (!module_) throw std::runtime_error("the DLL cannot be loaded");
 }
 
 std::wstring Dll::path() {

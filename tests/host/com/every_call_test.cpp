@@ -81,7 +81,7 @@ class WindowUser {
         constexpr DWORD longEnough = 20000;
         const DWORD start = GetTickCount();
         MSG message;
-        while (topWindow() != nullptr && GetMessageA(&message, nullptr, 0, 0) > 0) {
+        while (topWindow() && GetMessageA(&message, nullptr, 0, 0) > 0) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
             if (GetTickCount() - start < longEnough) continue;
@@ -92,12 +92,12 @@ class WindowUser {
 
   private:
     static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
-        if (current != nullptr) current->act();
+        if (current) current->act();
     }
 
     void act() {
         const HWND top = topWindow();
-        if (top == nullptr) return;
+        if (!top) return;
         char name[32] = "";
         GetClassNameA(top, name, sizeof name);
         if (std::strcmp(name, "#32770") == 0) {
@@ -105,7 +105,7 @@ class WindowUser {
             return;
         }
         for (Way& way : ways_) {
-            if (Steps::button(top, way.mark) != nullptr) return press(top, way);
+            if (Steps::button(top, way.mark)) return press(top, way);
         }
     }
 
@@ -117,7 +117,7 @@ class WindowUser {
         if (isSlow && box == answered_ && GetTickCount() - answeredAt_ < unheard) return;
         answered_ = box;
         answeredAt_ = GetTickCount();
-        PostMessageA(box, WM_COMMAND, GetDlgItem(box, answer_) != nullptr ? answer_ : IDOK, 0);
+        PostMessageA(box, WM_COMMAND, GetDlgItem(box, answer_) ? answer_ : IDOK, 0);
     }
 
     // The next button that is in reach. Its command runs in here.
@@ -127,7 +127,7 @@ class WindowUser {
         if (!way.folder.empty()) fillPaths(window, way.folder);
         while (way.step < way.buttons.size()) {
             const HWND button = Steps::button(window, way.buttons[way.step++]);
-            if (button == nullptr || !IsWindowEnabled(button)) continue;
+            if (!button || !IsWindowEnabled(button)) continue;
             SendMessageA(button, BM_CLICK, 0, 0);
             break;
         }

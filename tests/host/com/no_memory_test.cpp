@@ -112,7 +112,7 @@ class Answering {
   private:
     static void CALLBACK answer(HWND, UINT, UINT_PTR, DWORD) {
         if (const HWND box = FindWindowA("#32770", nullptr)) PostMessageA(box, WM_COMMAND, IDOK, 0);
-        if (waiting != nullptr) waiting->put_bOK(VARIANT_TRUE);
+        if (waiting) waiting->put_bOK(VARIANT_TRUE);
     }
 
     UINT_PTR timer_;

@@ -49,7 +49,7 @@ void Steps::then(const std::string& what, std::function<bool()> step) {
 void Steps::thenPress(const std::string& title, const std::string& text) {
     then("press " + text, [=] {
         const HWND found = button(window(title), text);
-        if (found == nullptr || !IsWindowEnabled(GetAncestor(found, GA_ROOT))) return false;
+        if (!found || !IsWindowEnabled(GetAncestor(found, GA_ROOT))) return false;
         PostMessageA(found, BM_CLICK, 0, 0);
         return true;
     });
@@ -64,7 +64,7 @@ void Steps::serve() {
 }
 
 void CALLBACK Steps::tick(HWND, UINT, UINT_PTR, DWORD) {
-    if (current != nullptr) current->next();
+    if (current) current->next();
 }
 
 void Steps::next() {
@@ -88,7 +88,7 @@ HWND Steps::window(const std::string& title) {
 
 HWND Steps::button(HWND window, const std::string& text) {
     Wanted wanted{text};
-    if (window != nullptr) EnumChildWindows(window, isWanted, reinterpret_cast<LPARAM>(&wanted));
+    if (window) EnumChildWindows(window, isWanted, reinterpret_cast<LPARAM>(&wanted));
     return wanted.found;
 }
 

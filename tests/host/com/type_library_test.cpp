@@ -18,7 +18,7 @@ std::wstring textOf(REFGUID id) {
 }
 
 std::wstring taken(com::Bstr& text) {
-    return text.get() == nullptr ? L"" : text.get();
+    return text.get() ? text.get() : L"";
 }
 
 /// A type of the library.

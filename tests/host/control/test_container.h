@@ -81,7 +81,7 @@ class TestContainer : public com::Object<IOleClientSite, IOleInPlaceSite, IOleIn
     HRESULT STDMETHODCALLTYPE SetBorderSpace(LPCBORDERWIDTHS) override { return S_OK; }
     HRESULT STDMETHODCALLTYPE SetActiveObject(IOleInPlaceActiveObject* object, LPCOLESTR) override {
         active = com::Ptr<IOleInPlaceActiveObject>(object);
-        return call(object != nullptr ? "SetActiveObject" : "SetNoActiveObject");
+        return call(object ? "SetActiveObject" : "SetNoActiveObject");
     }
     HRESULT STDMETHODCALLTYPE InsertMenus(HMENU, LPOLEMENUGROUPWIDTHS) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE SetMenu(HMENU, HOLEMENU, HWND) override { return E_NOTIMPL; }
@@ -140,7 +140,7 @@ class Aggregate : public com::Object<IOleClientSite> {
   public:
     explicit Aggregate(bool* gone = nullptr) : gone_(gone) {}
     ~Aggregate() override {
-        if (gone_ != nullptr) *gone_ = true;
+        if (gone_) *gone_ = true;
     }
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** result) override {
         if (SUCCEEDED(com::Object<IOleClientSite>::QueryInterface(iid, result))) return S_OK;

@@ -134,9 +134,7 @@ TEST_F(StartMenu, AHintIsWrittenOnlyAsTheMouseArrives) {
     for (forms::Control* control :
          {static_cast<forms::Control*>(nullptr), static_cast<forms::Control*>(&menu->Command1),
           static_cast<forms::Control*>(&menu->Command2), static_cast<forms::Control*>(&menu->Command3)}) {
-        const auto move = [&] {
-            return control != nullptr ? desktop.moveMouse(*control) : desktop.moveMouse(*menu);
-        };
+        const auto move = [&] { return control ? desktop.moveMouse(*control) : desktop.moveMouse(*menu); };
         ASSERT_TRUE(move());
         menu->lblInfo.setCaption("not rewritten");
         ASSERT_TRUE(move());

@@ -52,7 +52,7 @@ class Indexer : public testing::Test, protected IndexerWizard {
         std::vector<std::string> names;
         for (const auto* control : form.controls()) {
             const auto* const box = dynamic_cast<const forms::CheckBox*>(control);
-            if (box != nullptr && box->value() == 1) names.push_back(box->name());
+            if (box && box->value() == 1) names.push_back(box->name());
         }
         return names;
     }

@@ -69,7 +69,7 @@ class IndexerOnScreen : public testing::Test {
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
         User::waitUntil("the file dialog to go", [&] {
             const HWND asks = IsWindow(dialog) ? GetLastActivePopup(dialog) : nullptr;
-            if (asks != nullptr && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+            if (asks && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
             return !IsWindow(dialog);
         });
     }
