@@ -28,19 +28,8 @@ struct FormatterRoad : WithAddIns {
         return false;
     }
     void saveBackup(HWND dialog, const std::string& path) const {
-        constexpr int nameField = 0x47C;
         clickUntil(dialog, "&Select ...", "the save dialog", [this] { return seesBox("Save As"); });
-        const HWND save = user().box("Save As");
-        User::waitUntil("the proposed name",
-                        [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
-        Sleep(300); // it fills itself first
-        SendDlgItemMessageA(save, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-        PostMessageA(save, WM_COMMAND, IDOK, 0);
-        User::waitUntil("the save dialog to go", [&] {
-            const HWND asks = IsWindowEnabled(dialog) ? nullptr : GetLastActivePopup(save);
-            if (asks && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
-            return !IsWindow(save);
-        });
+        user().chooseFile("Save As", path);
         User::waitUntil("the backup",
                         [&] { return hasText(dialog, "File--> " + path + " was saved successfully.."); });
     }
@@ -73,7 +62,7 @@ struct FormatterRoad : WithAddIns {
         if (pictures) {
             command(IDM_TILE_VERTICALLY);
             SetWindowPos(page, nullptr, 325, 280, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-            Sleep(500);
+            Sleep(500); // nothing tells when all is on the screen
             takePicture("page");
         }
         const HWND dialog = openDialog(page);

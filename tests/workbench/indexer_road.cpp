@@ -101,20 +101,7 @@ void IndexerRoad::goToSecondStage(HWND wizard) {
 void IndexerRoad::chooseFile(HWND form, const std::string& button, const std::string& title,
                              const std::string& file) const {
     click(form, button);
-    answerDialog(title, file);
-}
-
-void IndexerRoad::answerDialog(const std::string& title, const std::string& file) const {
-    constexpr int nameField = 0x47C;
-    const HWND dialog = user().box(title);
-    Sleep(300); // it fills itself first
-    ask(GetDlgItem(dialog, nameField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
-    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    User::waitUntil("the file dialog to go", [&] {
-        const HWND asks = IsWindow(dialog) ? GetLastActivePopup(dialog) : nullptr;
-        if (asks && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
-        return !IsWindow(dialog);
-    });
+    user().chooseFile(title, file);
 }
 
 std::string IndexerRoad::clickAndAnswer(HWND form, const std::string& button, const std::string& title,

@@ -30,7 +30,6 @@ class IndexerRoad : public WithAddIns {
     static void analyse(HWND wizard);
     static void goToSecondStage(HWND wizard);
     /// Chooses a file, new or not, in the file dialog of that title.
-    void answerDialog(const std::string& title, const std::string& file) const;
     /// The same in the dialog that the button brings up.
     void chooseFile(HWND form, const std::string& button, const std::string& title,
                     const std::string& file) const;

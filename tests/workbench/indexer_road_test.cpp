@@ -255,7 +255,7 @@ TEST_F(WholeIndexerRoad, KeepsTheListOfWhatIsNotIndexed) {
     startIndexer();
     const auto asks = askForExcludeList(openStartMenu(), IDYES);
     EXPECT_EQ(0U, asks.find("The filepath containing list of controls")) << asks;
-    answerDialog("Open", path("exclude.lst"));
+    user().chooseFile("Open", path("exclude.lst"));
     close(user().windowWith("&Analyse"));
 
     clickUntil(openStartMenu(), "&Create a New Index", "the wizard", // nobody is asked again

@@ -34,7 +34,7 @@ struct Interruptions : WithAddIns {
         const HWND dialog = user().windowWith("&Format Code");
         clickUntil(dialog, "&Format Code", "a whole pass",
                    [dialog] { return User::isEnabled(dialog, "&Add to Module"); });
-        Sleep(300);
+        ask(dialog, WM_NULL); // the command has ended once it is answered
         PostMessageA(User::control(dialog, "Button", "&Format Code"), BM_CLICK, 0, 0);
         return dialog;
     }
@@ -133,7 +133,7 @@ TEST_F(Interruptions, ComesBackAfterEachWayOfClosing) {
     User::waitUntil("the page to go", [page] { return !IsWindow(page); });
     page = openFromAddIns(formatter, "&Next   >>");
     chooseFromAddIns(formatter); // once more: the same page
-    Sleep(300);
+    User::waitUntil("the page in front", [page] { return GetForegroundWindow() == page; });
     EXPECT_EQ(page, user().windowWith("&Next   >>"));
     clickUntil(page, "&Cancel", "the page to go", [page] { return !IsWindow(page); });
 

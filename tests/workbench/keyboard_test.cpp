@@ -74,8 +74,9 @@ TEST_F(Keyboard, KeepsThePagesKeysAndTheProgramsApart) {
     const HWND page = openFromAddIns(formatter, "&Next   >>");
     bringForward(page);
     press(VK_F4, {VK_CONTROL}); // would close the code window
-    press(VK_TAB);
-    Sleep(300);
+    const std::string before = focused();
+    press(VK_TAB); // once it has moved the focus the key before it has done what it does
+    User::waitUntil("another focus", [&] { return focused() != before; });
     EXPECT_TRUE(IsWindow(code));
 
     bringForward(window());

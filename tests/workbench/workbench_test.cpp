@@ -168,13 +168,16 @@ HWND WorkbenchTest::child(const std::string& caption) const {
     return nullptr;
 }
 
+// What is typed into the tree is one search until a while has passed without a key, and nothing tells of it.
+constexpr DWORD forgets = 1100;
+
 HWND WorkbenchTest::openCode(const std::string& name) const {
     command(IDM_TREE);
     type(tree(), name);
     command(IDM_CODE);
     HWND found = nullptr;
     User::waitUntil("the code of " + name, [&] { return (found = child(name + " (Code)")) != nullptr; });
-    Sleep(1100); // the tree forgets what was typed
+    Sleep(forgets);
     return found;
 }
 
@@ -184,7 +187,7 @@ HWND WorkbenchTest::openDesigner(const std::string& name, const std::string& cap
     command(IDM_OBJECT);
     HWND found = nullptr;
     User::waitUntil("the designer " + caption, [&] { return (found = child(caption)) != nullptr; });
-    Sleep(1100);
+    Sleep(forgets);
     return found;
 }
 

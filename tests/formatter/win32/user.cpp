@@ -164,6 +164,21 @@ std::string User::answer(const std::string& title, int button) const {
     return words;
 }
 
+std::string User::chooseFile(const std::string& title, const std::string& path) const {
+    constexpr int nameField = 0x47C;
+    const HWND dialog = box(title);
+    ask(dialog, WM_NULL); // it fills itself first
+    const std::string proposed = text(GetDlgItem(dialog, nameField));
+    ask(GetDlgItem(dialog, nameField), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+    PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    waitUntil("the dialog " + title + " to go", [dialog] {
+        const HWND asks = IsWindow(dialog) ? GetLastActivePopup(dialog) : nullptr;
+        if (asks && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
+        return !IsWindow(dialog);
+    });
+    return proposed;
+}
+
 void User::waitForText(HWND window, const std::string& className, const std::string& text) {
     control(window, className, text);
 }

@@ -44,6 +44,9 @@ class User {
     static void close(HWND window) { PostMessageA(window, WM_SYSCOMMAND, SC_CLOSE, 0); }
     /// Answers a message box, whose text is given back.
     std::string answer(const std::string& title, int button) const;
+    /// Gives a path to the system's file dialog with that title, says Yes to what it asks of the file, and
+    /// waits until it has gone. What it had proposed.
+    std::string chooseFile(const std::string& title, const std::string& path) const;
     /// Waits until a control of the class shows the text.
     static void waitForText(HWND window, const std::string& className, const std::string& text);
     static void waitUntil(const std::string& what, const std::function<bool()>& isSo);

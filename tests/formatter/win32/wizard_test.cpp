@@ -37,19 +37,8 @@ Lines errorsIn(const Lines& lines) {
 
 // Saves a backup through the system's dialog.
 void saveBackup(const User& user, HWND dialog, const std::string& path) {
-    constexpr int nameField = 0x47C;
     user.click(dialog, "&Select ...");
-    const HWND save = user.box("Save As");
-    User::waitUntil("the proposed name", [&] { return !User::text(GetDlgItem(save, nameField)).empty(); });
-    Sleep(200); // it fills itself first
-    EXPECT_NE(std::string::npos, User::text(GetDlgItem(save, nameField)).find("modText_bak"));
-    SendDlgItemMessageA(save, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-    PostMessageA(save, WM_COMMAND, IDOK, 0);
-    User::waitUntil("the save dialog to go", [&] {
-        const HWND asks = user.sees("&Format Code") ? nullptr : GetLastActivePopup(save);
-        if (asks && asks != save) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
-        return !IsWindow(save);
-    });
+    EXPECT_NE(std::string::npos, user.chooseFile("Save As", path).find("modText_bak"));
 }
 
 TEST_F(WizardOnScreen, FormatsAModuleFromThePageToTheCodeAndBack) {

@@ -18,10 +18,7 @@ FormWindow& windowBehind(Form& form) {
 
 ScreenTest::ScreenTest() : desktop_(std::make_unique<Win32Desktop>(module())) {
     limit_ = std::thread([this] {
-        for (int passed = 0; passed < limitInSeconds * 1000; passed += 20) {
-            if (done_) return;
-            Sleep(20);
-        }
+        if (WaitForSingleObject(done_, limitInSeconds * 1000) == WAIT_OBJECT_0) return;
         ADD_FAILURE() << "took more than " << limitInSeconds << " s";
         PostThreadMessageA(thread_, WM_QUIT, 0, 0);
     });
@@ -30,8 +27,9 @@ ScreenTest::ScreenTest() : desktop_(std::make_unique<Win32Desktop>(module())) {
 }
 
 ScreenTest::~ScreenTest() {
-    done_ = true;
+    SetEvent(done_);
     limit_.join();
+    CloseHandle(done_);
     removeQuitMessage();
     desktop_.reset();
 }
@@ -64,10 +62,13 @@ HWND ScreenTest::windowOf(Control& control) const {
 }
 
 bool ScreenTest::pumpUntil(const std::function<bool()>& isSo) {
-    for (int i = 0; i < 500; ++i) {
+    constexpr DWORD patience = 5000;
+    const DWORD start = GetTickCount();
+    for (DWORD passed = 0; passed < patience; passed = GetTickCount() - start) {
         desktop().doEvents();
         if (isSo()) return true;
-        Sleep(10);
+        // What is waited for need not come with a message.
+        MsgWaitForMultipleObjectsEx(0, nullptr, 10, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
     return false;
 }

@@ -3,7 +3,6 @@
 #include "forms/win32/every_control.h"
 #include "forms/win32/win32_desktop.h"
 
-#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -67,7 +66,7 @@ class ScreenTest : public testing::Test {
     void removeQuitMessage();
 
     DWORD thread_ = GetCurrentThreadId();
-    std::atomic<bool> done_{false};
+    HANDLE done_ = CreateEventA(nullptr, TRUE, FALSE, nullptr);
     std::unique_ptr<Win32Desktop> desktop_;
     std::thread limit_;
 };

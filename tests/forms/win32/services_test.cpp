@@ -87,7 +87,7 @@ class FileDialogs : public ScreenTest {
     std::unique_ptr<Helper> answerDialog(const std::string& name, int answer) {
         return std::make_unique<Helper>([this, name, answer] {
             const HWND window = waitForBox("Choose it");
-            Sleep(200); // it fills itself first
+            SendMessageA(window, WM_NULL, 0, 0); // it fills itself first
             SendDlgItemMessageA(window, nameField, WM_GETTEXT, sizeof proposed,
                                 reinterpret_cast<LPARAM>(proposed));
             if (!name.empty()) {
@@ -155,7 +155,7 @@ TEST_F(Timers, TickWhileMessagesAreServed) {
     EXPECT_TRUE(pumpUntil([&ticks] { return ticks == 3; }));
     EXPECT_GE(GetTickCount() - start, 55U);
     timer.setEnabled(false);
-    Sleep(60);
+    Sleep(60); // long enough for three more
     pump();
     EXPECT_EQ(3, ticks);
 }
@@ -179,7 +179,7 @@ TEST_F(Timers, AreNeverTwiceAtOnce) {
     timer.onTimer = [&] {
         most = std::max(most, ++inside);
         ++ticks;
-        Sleep(40);
+        Sleep(40); // the next one is due
         desktop().doEvents();
         --inside;
     };

@@ -328,7 +328,7 @@ TEST_F(Windows, AQuitThatALoopOfTheHostsTookIsOverWithTheNextCallFromOutside) {
 TEST_F(Windows, QuittingEndsAWait) {
     const auto form = shownForm();
     const Helper quits([thread = GetCurrentThreadId()] {
-        Sleep(50);
+        Sleep(50); // the wait is under way by then
         PostThreadMessageA(thread, WM_QUIT, 0, 0);
     });
     int waits = 0;
@@ -345,7 +345,7 @@ TEST_F(Windows, AWaitSleepsUntilAMessageComes) {
     const auto form = shownForm();
     pumpUntil([] { return GetQueueStatus(QS_ALLINPUT) == 0; });
     const Helper clicks([this, window = windowOf(form->cmdOk)] {
-        Sleep(300);
+        Sleep(300); // a wait that does not sleep has come back often by then
         postClick(window);
     });
     int waits = 0;

@@ -57,14 +57,14 @@ long livingObjects() {
 
 void pump(unsigned milliseconds) {
     const DWORD start = GetTickCount();
-    do {
+    for (DWORD passed = 0; passed <= milliseconds; passed = GetTickCount() - start) {
         MSG message;
         while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }
-        Sleep(1);
-    } while (GetTickCount() - start < milliseconds);
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds - passed, QS_ALLINPUT);
+    }
 }
 
 } // namespace corvelle::host

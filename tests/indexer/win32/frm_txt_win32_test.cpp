@@ -60,13 +60,8 @@ class TextEditorOnScreen : public testing::Test {
     }
 
     static void openProject(const User& user, HWND window, const std::string& file) {
-        constexpr int nameField = 0x47C;
         user.click(window, "....");
-        const HWND dialog = user.box("Open Indexer Project");
-        Sleep(200); // it fills itself first
-        SendDlgItemMessageA(dialog, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-        User::waitUntil("the file dialog to go", [&] { return !IsWindow(dialog); });
+        user.chooseFile("Open Indexer Project", file);
     }
     static void type(HWND box, const std::string& text) {
         for (const char key : text) PostMessageA(box, WM_CHAR, static_cast<unsigned char>(key), 0);

@@ -61,17 +61,8 @@ class IndexerOnScreen : public testing::Test {
     /// Chooses a file in the dialog that the button shows.
     static void chooseFile(const User& user, HWND window, const std::string& button,
                            const std::string& file) {
-        constexpr int nameField = 0x47C;
         user.click(window, button);
-        const HWND dialog = user.box("Save As");
-        Sleep(200); // it fills itself first
-        SendDlgItemMessageA(dialog, nameField, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(file.c_str()));
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-        User::waitUntil("the file dialog to go", [&] {
-            const HWND asks = IsWindow(dialog) ? GetLastActivePopup(dialog) : nullptr;
-            if (asks && asks != dialog) PostMessageA(asks, WM_COMMAND, IDYES, 0); // a new file?
-            return !IsWindow(dialog);
-        });
+        user.chooseFile("Save As", file);
     }
     /// Types into a box that is empty.
     static void type(HWND box, const std::string& text) {
