@@ -13,9 +13,9 @@ namespace {
 
 using testing::ElementsAre;
 
-class ControlMembers : public testing::Test {
+class IndicatorMembers : public testing::Test {
   protected:
-    ~ControlMembers() override {
+    ~IndicatorMembers() override {
         late = com::Dispatch();
         control.reset();
         EXPECT_EQ(livingObjects(), before);
@@ -30,9 +30,9 @@ struct Property {
     std::int32_t usual, written;
 };
 
-class ControlProperty : public ControlMembers, public testing::WithParamInterface<Property> {};
+class IndicatorProperty : public IndicatorMembers, public testing::WithParamInterface<Property> {};
 
-TEST_P(ControlProperty, IsReadAndWrittenLateBound) {
+TEST_P(IndicatorProperty, IsReadAndWrittenLateBound) {
     const auto& [name, usual, written] = GetParam();
     const com::Variant value = late.get(name);
     EXPECT_EQ(value.type(), VT_I4) << "a VB Long";
@@ -42,7 +42,7 @@ TEST_P(ControlProperty, IsReadAndWrittenLateBound) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, ControlProperty,
+    All, IndicatorProperty,
     testing::Values(Property{L"FillColor", 0, static_cast<std::int32_t>(0x8000000D)},
                     Property{L"ForeColor", static_cast<std::int32_t>(0x80000012), 0x123456},
                     Property{L"Interval", 120, 65535}, Property{L"DotColor", 0xFF0000, 255},
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Property{L"BorderColor", static_cast<std::int32_t>(0x80000002), 0},
                     Property{L"VISUALEFFECT", 0, 2147483647}));
 
-TEST_F(ControlMembers, ThoseThatAreNoLongs) {
+TEST_F(IndicatorMembers, ThoseThatAreNoLongs) {
     EXPECT_EQ(late.get(L"RaiseTicK").type(), VT_BOOL);
     EXPECT_FALSE(com::booleanOf(late.get(L"RaiseTicK")));
     late.put(L"RaiseTicK", true);
@@ -70,12 +70,12 @@ TEST_F(ControlMembers, ThoseThatAreNoLongs) {
     EXPECT_THROW(late.put(L"Interval", "soon"), base::RunTimeError);
 }
 
-TEST_F(ControlMembers, TheRunTimeCanOnlyBeRead) {
+TEST_F(IndicatorMembers, TheRunTimeCanOnlyBeRead) {
     EXPECT_EQ(com::longOf(late.get(L"RunTimeInterval")), 0);
     EXPECT_THROW(late.put(L"RunTimeInterval", std::int32_t{1}), base::RunTimeError);
 }
 
-TEST_F(ControlMembers, TheMethodsWorkLateBound) {
+TEST_F(IndicatorMembers, TheMethodsWorkLateBound) {
     late.put(L"Interval", std::int32_t{10});
     late.call(L"StartNow");
     const auto time = [this] { return com::longOf(late.get(L"RunTimeInterval")); };
@@ -92,7 +92,7 @@ TEST_F(ControlMembers, TheMethodsWorkLateBound) {
     EXPECT_EQ(time(), last);
 }
 
-TEST_F(ControlMembers, AnErrorIsToldWithItsNumberAndWords) {
+TEST_F(IndicatorMembers, AnErrorIsToldWithItsNumberAndWords) {
     EXPECT_EQ(control->put_Interval(65536), static_cast<HRESULT>(0x800A017C));
     com::Ptr<IErrorInfo> information;
     ASSERT_EQ(GetErrorInfo(0, information.receive()), S_OK);
@@ -110,7 +110,7 @@ TEST_F(ControlMembers, AnErrorIsToldWithItsNumberAndWords) {
     EXPECT_EQ(com::longOf(late.get(L"Interval")), 120);
 }
 
-TEST_F(ControlMembers, NowhereToPutAValueIsAnError) {
+TEST_F(IndicatorMembers, NowhereToPutAValueIsAnError) {
     EXPECT_EQ(control->get_FillColor(nullptr), E_POINTER);
     EXPECT_EQ(control->get_RaiseTicK(nullptr), E_POINTER);
     EXPECT_EQ(control->get_RunTimeInterval(nullptr), E_POINTER);
@@ -122,7 +122,7 @@ TEST_F(ControlMembers, NowhereToPutAValueIsAnError) {
               E_POINTER);
 }
 
-TEST_F(ControlMembers, EveryInterfaceIsTheSameObjects) {
+TEST_F(IndicatorMembers, EveryInterfaceIsTheSameObjects) {
     const auto self = control.query<IUnknown>();
     for (const IID& iid :
          {__uuidof(_Indicator), IID_IDispatch, IID_IOleObject, IID_IOleWindow, IID_IOleInPlaceObject,
@@ -141,7 +141,7 @@ TEST_F(ControlMembers, EveryInterfaceIsTheSameObjects) {
 
 // The type library
 
-TEST_F(ControlMembers, TheClassIsAControlWithItsEvents) {
+TEST_F(IndicatorMembers, TheClassIsAControlWithItsEvents) {
     com::Ptr<ITypeInfo> information;
     ASSERT_EQ(control.query<IProvideClassInfo>()->GetClassInfo(information.receive()), S_OK);
     TYPEATTR* attributes = nullptr;
@@ -180,7 +180,7 @@ std::vector<std::string> namesOf(ITypeInfo& information) {
     return names;
 }
 
-TEST_F(ControlMembers, AreSpelledAsTheyAlwaysWere) {
+TEST_F(IndicatorMembers, AreSpelledAsTheyAlwaysWere) {
     com::Ptr<ITypeInfo> information;
     ASSERT_EQ(control->GetTypeInfo(0, 0, information.receive()), S_OK);
     EXPECT_THAT(namesOf(*information),
@@ -198,7 +198,7 @@ TEST_F(ControlMembers, AreSpelledAsTheyAlwaysWere) {
 // A properties window knows a colour by this type of OLE Automation's library.
 constexpr GUID oleColor{0x66504301, 0xBE0F, 0x101A, {0x8B, 0xBB, 0x00, 0xAA, 0x00, 0x30, 0x0C, 0xAB}};
 
-TEST_F(ControlMembers, ColoursAreOleAutomationsColours) {
+TEST_F(IndicatorMembers, ColoursAreOleAutomationsColours) {
     com::Ptr<ITypeInfo> information;
     ASSERT_EQ(control->GetTypeInfo(0, 0, information.receive()), S_OK);
     for (const wchar_t* colour :
@@ -234,7 +234,7 @@ TEST_F(ControlMembers, ColoursAreOleAutomationsColours) {
 
 // Aggregates
 
-TEST_F(ControlMembers, ItCanBePartOfAnother) {
+TEST_F(IndicatorMembers, ItCanBePartOfAnother) {
     {
         const auto outer = com::make<Aggregate>();
         outer->inner = makeControl(static_cast<IOleClientSite*>(outer.get()));

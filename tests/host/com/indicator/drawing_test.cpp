@@ -11,14 +11,14 @@ namespace {
 
 using Case = std::tuple<std::pair<int, int>, LONG, LONG>; // size, effect, border style
 
-class ControlPicture : public testing::TestWithParam<Case> {
+class IndicatorPicture : public testing::TestWithParam<Case> {
   protected:
     const int width = std::get<0>(GetParam()).first, height = std::get<0>(GetParam()).second;
     const LONG effect = std::get<1>(GetParam()), border = std::get<2>(GetParam());
     const com::Ptr<_Indicator> control = makeIndicator();
 };
 
-TEST_P(ControlPicture, WithoutAWindow) {
+TEST_P(IndicatorPicture, WithoutAWindow) {
     setExtent(control, width, height);
     paintWith(*control, effect, border);
     EXPECT_EQ(viewOf(control, width, height), stopped(width, height, border));
@@ -28,7 +28,7 @@ TEST_P(ControlPicture, WithoutAWindow) {
     EXPECT_EQ(viewOf(control, width, height), stopped(width, height, border));
 }
 
-TEST_P(ControlPicture, OnTheScreen) {
+TEST_P(IndicatorPicture, OnTheScreen) {
     const auto container = com::make<TestContainer>();
     container->position = {10, 20, 10 + width, 20 + height};
     container->host(control);
@@ -41,12 +41,12 @@ TEST_P(ControlPicture, OnTheScreen) {
     container->leave();
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, ControlPicture,
+INSTANTIATE_TEST_SUITE_P(Sizes, IndicatorPicture,
                          testing::Combine(testing::Values(std::pair{70, 25}, std::pair{15, 9},
                                                           std::pair{161, 20}),
                                           testing::Values(0, 1), testing::Values(0, 1, 2)));
 
-class ControlDrawing : public testing::Test {
+class IndicatorDrawing : public testing::Test {
   protected:
     void SetUp() override {
         setExtent(control, 70, 25);
@@ -61,7 +61,7 @@ class ControlDrawing : public testing::Test {
     const Rows picture = firstFrame(70, 25, 0, 2);
 };
 
-TEST_F(ControlDrawing, GoesWhereTheBoundsSay) {
+TEST_F(IndicatorDrawing, GoesWhereTheBoundsSay) {
     const BitmapDevice device(100, 40);
     const RECTL bounds{20, 10, 90, 35};
     ASSERT_EQ(draw(device.device(), &bounds), S_OK);
@@ -72,7 +72,7 @@ TEST_F(ControlDrawing, GoesWhereTheBoundsSay) {
         EXPECT_EQ(seen[y + 10], std::string(20, 'x') + picture[y] + std::string(10, 'x')) << y;
 }
 
-TEST_F(ControlDrawing, IsStretchedToTheBounds) {
+TEST_F(IndicatorDrawing, IsStretchedToTheBounds) {
     const BitmapDevice device(140, 75);
     const RECTL bounds{0, 0, 140, 75};
     ASSERT_EQ(draw(device.device(), &bounds), S_OK);
@@ -83,7 +83,7 @@ TEST_F(ControlDrawing, IsStretchedToTheBounds) {
     }
 }
 
-TEST_F(ControlDrawing, KnowsTheContainersUnits) {
+TEST_F(IndicatorDrawing, KnowsTheContainersUnits) {
     const BitmapDevice device(100, 40);
     SetMapMode(device.device(), MM_ANISOTROPIC);
     SetWindowExtEx(device.device(), 1000, 400, nullptr);
@@ -105,7 +105,7 @@ int CALLBACK playPicture(HDC, HANDLETABLE* handles, const ENHMETARECORD* record,
     return 1;
 }
 
-TEST_F(ControlDrawing, CanBeKeptInAnEnhancedMetafile) {
+TEST_F(IndicatorDrawing, CanBeKeptInAnEnhancedMetafile) {
     const HDC recording = CreateEnhMetaFileA(nullptr, nullptr, nullptr, nullptr);
     const RECTL bounds{0, 0, 70, 25};
     ASSERT_EQ(draw(recording, &bounds), S_OK);
@@ -120,7 +120,7 @@ TEST_F(ControlDrawing, CanBeKeptInAnEnhancedMetafile) {
     DeleteEnhMetaFile(file);
 }
 
-TEST_F(ControlDrawing, CanBeKeptInAMetafile) {
+TEST_F(IndicatorDrawing, CanBeKeptInAMetafile) {
     const HDC recording = CreateMetaFileA(nullptr);
     const RECTL bounds{0, 0, 70, 25};
     ASSERT_EQ(draw(recording, &bounds), S_OK);
@@ -131,7 +131,7 @@ TEST_F(ControlDrawing, CanBeKeptInAMetafile) {
     DeleteMetaFile(file);
 }
 
-TEST_F(ControlDrawing, RefusesWhatItIsNot) {
+TEST_F(IndicatorDrawing, RefusesWhatItIsNot) {
     const BitmapDevice device(70, 25);
     const RECTL bounds{0, 0, 70, 25};
     EXPECT_EQ(draw(device.device(), &bounds, DVASPECT_ICON), DV_E_DVASPECT);
@@ -141,7 +141,7 @@ TEST_F(ControlDrawing, RefusesWhatItIsNot) {
     EXPECT_EQ(rows(device), Rows(25, std::string(70, 'x')));
 }
 
-TEST_F(ControlDrawing, EveryFrameIsToldWhileThereIsNoWindow) {
+TEST_F(IndicatorDrawing, EveryFrameIsToldWhileThereIsNoWindow) {
     control->put_Interval(10);
     const auto container = com::make<TestContainer>();
     const auto view = control.query<IViewObject2>();

@@ -3,7 +3,7 @@
 #include "bitmap_device.h"
 #include "com/event_sink.h"
 #include "com/object.h"
-#include "control_under_test.h"
+#include "indicator_under_test.h"
 
 #include <functional>
 #include <map>

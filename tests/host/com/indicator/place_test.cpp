@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class ControlPlace : public testing::Test {
+class IndicatorPlace : public testing::Test {
   protected:
     void SetUp() override {
         container->host(makeIndicator());
@@ -50,7 +50,7 @@ bool operator==(const RECT& a, const RECT& b) {
     return EqualRect(&a, &b);
 }
 
-TEST_F(ControlPlace, TellsWhatItIs) {
+TEST_F(IndicatorPlace, TellsWhatItIs) {
     DWORD status = 0;
     EXPECT_EQ(object->GetMiscStatus(DVASPECT_CONTENT, &status), S_OK);
     EXPECT_EQ(status, 131473U);
@@ -65,14 +65,14 @@ TEST_F(ControlPlace, TellsWhatItIs) {
     EXPECT_EQ(place->GetWindow(&window), E_FAIL);
 }
 
-TEST_F(ControlPlace, TheContainersColourIsNotItsOwn) {
+TEST_F(IndicatorPlace, TheContainersColourIsNotItsOwn) {
     EXPECT_EQ(container->control.query<IPersistStreamInit>()->InitNew(), S_OK);
     OLE_COLOR colour = 0;
     EXPECT_EQ(container->control->get_Backcolor(&colour), S_OK);
     EXPECT_EQ(colour, 0x8000000FU);
 }
 
-TEST_F(ControlPlace, AsksTheContainerStepByStep) {
+TEST_F(IndicatorPlace, AsksTheContainerStepByStep) {
     ASSERT_EQ(container->activate(), S_OK);
     EXPECT_THAT(container->calls, ElementsAre("CanInPlaceActivate", "OnInPlaceActivate", "GetWindow",
                                               "GetWindowContext", "ShowObject"));
@@ -89,7 +89,7 @@ TEST_F(ControlPlace, AsksTheContainerStepByStep) {
     EXPECT_EQ(place->InPlaceDeactivate(), S_OK);
 }
 
-TEST_F(ControlPlace, HidesAndShowsItsWindow) {
+TEST_F(IndicatorPlace, HidesAndShowsItsWindow) {
     ASSERT_EQ(container->activate(OLEIVERB_PRIMARY), S_OK);
     EXPECT_EQ(container->activate(OLEIVERB_HIDE), S_OK);
     EXPECT_FALSE(IsWindowVisible(container->controlWindow()));
@@ -97,7 +97,7 @@ TEST_F(ControlPlace, HidesAndShowsItsWindow) {
     EXPECT_TRUE(IsWindowVisible(container->controlWindow()));
 }
 
-TEST_F(ControlPlace, OfOtherVerbsItDoesWhatItCan) {
+TEST_F(IndicatorPlace, OfOtherVerbsItDoesWhatItCan) {
     EXPECT_EQ(container->activate(OLEIVERB_OPEN), E_NOTIMPL);
     EXPECT_EQ(container->activate(-99), E_NOTIMPL);
     EXPECT_EQ(container->controlWindow(), nullptr);
@@ -105,7 +105,7 @@ TEST_F(ControlPlace, OfOtherVerbsItDoesWhatItCan) {
     EXPECT_NE(container->controlWindow(), nullptr);
 }
 
-TEST_F(ControlPlace, TakesTheFocusWhenItIsActivatedAsAWhole) {
+TEST_F(IndicatorPlace, TakesTheFocusWhenItIsActivatedAsAWhole) {
     ASSERT_EQ(container->activate(OLEIVERB_UIACTIVATE), S_OK);
     EXPECT_THAT(container->calls,
                 ElementsAre("CanInPlaceActivate", "OnInPlaceActivate", "GetWindow", "GetWindowContext",
@@ -120,7 +120,7 @@ TEST_F(ControlPlace, TakesTheFocusWhenItIsActivatedAsAWhole) {
     EXPECT_FALSE(container->active);
 }
 
-TEST_F(ControlPlace, APressActivatesItWhereTheUserWorks) {
+TEST_F(IndicatorPlace, APressActivatesItWhereTheUserWorks) {
     ASSERT_EQ(container->activate(), S_OK);
     container->userMode = false; // in the designer
     SendMessageA(container->controlWindow(), WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(container->window()),
@@ -134,7 +134,7 @@ TEST_F(ControlPlace, APressActivatesItWhereTheUserWorks) {
 
 // Size
 
-TEST_F(ControlPlace, ItsExtentIsThePicturesSizeBeforeItHasAWindow) {
+TEST_F(IndicatorPlace, ItsExtentIsThePicturesSizeBeforeItHasAWindow) {
     paintWith(*container->control, 0, 2);
     setExtent(container->control, 93, 31);
     container->control->StartNow();
@@ -147,7 +147,7 @@ TEST_F(ControlPlace, ItsExtentIsThePicturesSizeBeforeItHasAWindow) {
     EXPECT_EQ(viewed.cy, MulDiv(31, 2540, 96));
 }
 
-TEST_F(ControlPlace, WithAWindowItsPlaceIsTheSize) {
+TEST_F(IndicatorPlace, WithAWindowItsPlaceIsTheSize) {
     paintWith(*container->control, 0, 2);
     ASSERT_EQ(container->activate(), S_OK);
     setExtent(container->control, 93, 31);
@@ -165,7 +165,7 @@ TEST_F(ControlPlace, WithAWindowItsPlaceIsTheSize) {
     EXPECT_EQ(viewOf(container->control, 93, 31), stopped(93, 31, 2)) << "the extent again";
 }
 
-TEST_F(ControlPlace, AnotherSizeKeepsWhatIsDrawn) {
+TEST_F(IndicatorPlace, AnotherSizeKeepsWhatIsDrawn) {
     paintWith(*container->control, 0, 0);
     ASSERT_EQ(container->activate(), S_OK);
     container->control->StartNow();
@@ -176,7 +176,7 @@ TEST_F(ControlPlace, AnotherSizeKeepsWhatIsDrawn) {
     for (std::size_t y = 0; y < after.size(); ++y) EXPECT_EQ(after[y], before[y] + std::string(20, '.'));
 }
 
-TEST_F(ControlPlace, ShowsOnlyWhatTheClipLeaves) {
+TEST_F(IndicatorPlace, ShowsOnlyWhatTheClipLeaves) {
     ASSERT_EQ(container->activate(), S_OK);
     EXPECT_TRUE((seenPart() == RECT{-1, -1, -1, -1}));
     RECT clip{20, 0, 60, 30};
@@ -190,7 +190,7 @@ TEST_F(ControlPlace, ShowsOnlyWhatTheClipLeaves) {
     EXPECT_TRUE((seenPart() == RECT{-1, -1, -1, -1}));
 }
 
-TEST_F(ControlPlace, RefusesSizesThatNoWindowHas) {
+TEST_F(IndicatorPlace, RefusesSizesThatNoWindowHas) {
     SIZEL before{}, after{}, extent{-1, 100};
     EXPECT_EQ(object->GetExtent(DVASPECT_CONTENT, &before), S_OK);
     EXPECT_EQ(object->SetExtent(DVASPECT_CONTENT, &extent), E_INVALIDARG);
@@ -212,13 +212,13 @@ TEST_F(ControlPlace, RefusesSizesThatNoWindowHas) {
 
 // Containers that say no, or change their mind inside a call
 
-TEST_F(ControlPlace, WithoutASiteThereIsNoPlace) {
+TEST_F(IndicatorPlace, WithoutASiteThereIsNoPlace) {
     object->SetClientSite(nullptr);
     EXPECT_EQ(container->activate(), E_FAIL);
     EXPECT_THAT(container->calls, IsEmpty());
 }
 
-class RefusedPlace : public ControlPlace, public testing::WithParamInterface<const char*> {};
+class RefusedPlace : public IndicatorPlace, public testing::WithParamInterface<const char*> {};
 
 TEST_P(RefusedPlace, LeavesNoWindowBehind) {
     container->answers[GetParam()] = E_FAIL;
@@ -236,7 +236,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, RefusedPlace,
                          testing::Values("CanInPlaceActivate", "OnInPlaceActivate", "GetWindow",
                                          "GetWindowContext", "OnUIActivate"));
 
-class ChangedMind : public ControlPlace, public testing::WithParamInterface<const char*> {};
+class ChangedMind : public IndicatorPlace, public testing::WithParamInterface<const char*> {};
 
 TEST_P(ChangedMind, ByDeactivatingIt) {
     container->doing[GetParam()] = [this] { place->InPlaceDeactivate(); };
@@ -275,7 +275,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, ChangedMind,
                                          "GetWindowContext", "ShowObject", "OnUIActivate", "SetActiveObject",
                                          "OnFocus"));
 
-TEST_F(ControlPlace, ADestroyedWindowIsMissedByNobody) {
+TEST_F(IndicatorPlace, ADestroyedWindowIsMissedByNobody) {
     ASSERT_EQ(container->activate(), S_OK);
     DestroyWindow(container->controlWindow());
     pump(50);
@@ -286,7 +286,7 @@ TEST_F(ControlPlace, ADestroyedWindowIsMissedByNobody) {
     EXPECT_TRUE(IsWindowVisible(container->controlWindow())) << "it gets another";
 }
 
-TEST_F(ControlPlace, LeftWithoutAWordItGoesWithItsWindow) {
+TEST_F(IndicatorPlace, LeftWithoutAWordItGoesWithItsWindow) {
     ASSERT_EQ(container->activate(), S_OK);
     const HWND window = container->controlWindow();
     container->control->StartNow();
@@ -297,7 +297,7 @@ TEST_F(ControlPlace, LeftWithoutAWordItGoesWithItsWindow) {
     pump(150);
 }
 
-TEST_F(ControlPlace, LosingItsSiteItLosesItsWindow) {
+TEST_F(IndicatorPlace, LosingItsSiteItLosesItsWindow) {
     ASSERT_EQ(container->activate(), S_OK);
     EXPECT_EQ(object->SetClientSite(nullptr), S_OK);
     EXPECT_EQ(container->calls.back(), "OnInPlaceDeactivate");
@@ -306,7 +306,7 @@ TEST_F(ControlPlace, LosingItsSiteItLosesItsWindow) {
 
 // Closing
 
-TEST_F(ControlPlace, ClosingSavesWhatHasChangedAndEndsTheAnimation) {
+TEST_F(IndicatorPlace, ClosingSavesWhatHasChangedAndEndsTheAnimation) {
     DWORD cookie = 0;
     ASSERT_EQ(object->Advise(container.get(), &cookie), S_OK);
     ASSERT_EQ(container->activate(), S_OK);
@@ -321,7 +321,7 @@ TEST_F(ControlPlace, ClosingSavesWhatHasChangedAndEndsTheAnimation) {
     object->Unadvise(cookie);
 }
 
-TEST_F(ControlPlace, ClosingSavesNothingThatIsSaved) {
+TEST_F(IndicatorPlace, ClosingSavesNothingThatIsSaved) {
     const auto bag = com::make<TestBag>();
     ASSERT_EQ(container->control.query<IPersistPropertyBag>()->Save(bag.get(), TRUE, FALSE), S_OK);
     EXPECT_EQ(object->Close(OLECLOSE_SAVEIFDIRTY), S_OK);

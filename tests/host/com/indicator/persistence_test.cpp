@@ -46,9 +46,9 @@ const std::vector<LONG> usual{0,
                               static_cast<LONG>(0x8000000F),
                               static_cast<LONG>(0x80000002)};
 
-class ControlPersistence : public testing::Test {
+class IndicatorPersistence : public testing::Test {
   protected:
-    ~ControlPersistence() override {
+    ~IndicatorPersistence() override {
         control.reset();
         bag.reset();
         EXPECT_EQ(livingObjects(), before);
@@ -71,7 +71,7 @@ class ControlPersistence : public testing::Test {
     com::Ptr<TestBag> bag = com::make<TestBag>();
 };
 
-TEST_F(ControlPersistence, WritesNineKeysInTheirOrder) {
+TEST_F(IndicatorPersistence, WritesNineKeysInTheirOrder) {
     EXPECT_EQ(save(FALSE, TRUE), S_OK);
     ASSERT_EQ(keys(), written);
     for (std::size_t i = 0; i < usual.size(); ++i) {
@@ -80,20 +80,20 @@ TEST_F(ControlPersistence, WritesNineKeysInTheirOrder) {
     }
 }
 
-TEST_F(ControlPersistence, LeavesOutWhatIsAsUsualUnlessAllIsWanted) {
+TEST_F(IndicatorPersistence, LeavesOutWhatIsAsUsualUnlessAllIsWanted) {
     control->put_VisualEffect(1);
     control->put_Backcolor(5);
     EXPECT_EQ(save(FALSE, FALSE), S_OK);
     EXPECT_THAT(keys(), ElementsAre("VisualEffect", "BackColor"));
 }
 
-TEST_F(ControlPersistence, AsksForNineKeysInTheirOrder) {
+TEST_F(IndicatorPersistence, AsksForNineKeysInTheirOrder) {
     EXPECT_EQ(load(bag), S_OK);
     EXPECT_EQ(bag->asked, read);
     EXPECT_EQ(valuesOf(*control), usual);
 }
 
-TEST_F(ControlPersistence, TakesValuesAsContainersHaveThem) {
+TEST_F(IndicatorPersistence, TakesValuesAsContainersHaveThem) {
     VARIANT unsignedColour{};
     V_VT(&unsignedColour) = VT_UI4;
     V_UI4(&unsignedColour) = 0x80000001;
@@ -111,7 +111,7 @@ TEST_F(ControlPersistence, TakesValuesAsContainersHaveThem) {
     EXPECT_EQ(valuesOf(*control), wanted);
 }
 
-TEST_F(ControlPersistence, ToldNonsenseItSaysSo) {
+TEST_F(IndicatorPersistence, ToldNonsenseItSaysSo) {
     bag->set("DotColor", "red");
     EXPECT_EQ(load(bag), static_cast<HRESULT>(0x800A000D));
     const auto other = com::make<TestBag>();
@@ -119,7 +119,7 @@ TEST_F(ControlPersistence, ToldNonsenseItSaysSo) {
     EXPECT_EQ(load(other), static_cast<HRESULT>(0x800A017C));
 }
 
-TEST_F(ControlPersistence, ALoaded3IsABorderAWritten3IsNot) {
+TEST_F(IndicatorPersistence, ALoaded3IsABorderAWritten3IsNot) {
     setExtent(control, 70, 25);
     paintWith(*control, 0, 3);
     EXPECT_EQ(viewOf(control, 70, 25), stopped(70, 25, 0));
@@ -129,7 +129,7 @@ TEST_F(ControlPersistence, ALoaded3IsABorderAWritten3IsNot) {
     EXPECT_EQ(valuesOf(*control)[6], 3);
 }
 
-class SavedControl : public ControlPersistence, public testing::WithParamInterface<std::pair<LONG, LONG>> {
+class SavedControl : public IndicatorPersistence, public testing::WithParamInterface<std::pair<LONG, LONG>> {
   protected:
     void SetUp() override {
         const auto [effect, border] = GetParam();
@@ -183,7 +183,7 @@ TEST_P(SavedControl, ComesBackFromAStream) {
 INSTANTIATE_TEST_SUITE_P(Looks, SavedControl,
                          testing::Values(std::pair{0, 0}, std::pair{1, 1}, std::pair{0, 2}, std::pair{1, 2}));
 
-TEST_F(ControlPersistence, ATornStreamChangesNothing) {
+TEST_F(IndicatorPersistence, ATornStreamChangesNothing) {
     control->put_Interval(50);
     com::Ptr<IStream> whole;
     ASSERT_EQ(CreateStreamOnHGlobal(nullptr, TRUE, whole.receive()), S_OK);
@@ -246,7 +246,7 @@ std::string damaged(std::string bytes, std::mt19937& random) {
     return bytes;
 }
 
-TEST_F(ControlPersistence, ADamagedStreamIsTakenOrRefused) {
+TEST_F(IndicatorPersistence, ADamagedStreamIsTakenOrRefused) {
     const auto saved = streamOf({});
     ASSERT_EQ(control.query<IPersistStreamInit>()->Save(saved.get(), FALSE), S_OK);
     const auto whole = bytesOf(saved);
@@ -275,7 +275,7 @@ TEST_F(ControlPersistence, ADamagedStreamIsTakenOrRefused) {
     EXPECT_GT(refused, 300);
 }
 
-TEST_F(ControlPersistence, ABagOfAnyValuesIsTakenOrRefused) {
+TEST_F(IndicatorPersistence, ABagOfAnyValuesIsTakenOrRefused) {
     std::mt19937 random(2);
     int taken = 0, refused = 0;
     for (int i = 0; i < 2000; ++i) {
@@ -328,7 +328,7 @@ TEST_F(ControlPersistence, ABagOfAnyValuesIsTakenOrRefused) {
     EXPECT_GT(refused, 200);
 }
 
-TEST_F(ControlPersistence, KnowsWhetherItHasToBeSaved) {
+TEST_F(IndicatorPersistence, KnowsWhetherItHasToBeSaved) {
     EXPECT_EQ(control.query<IPersistStreamInit>()->InitNew(), S_OK);
     EXPECT_TRUE(isDirty()) << "a new one was never saved";
     EXPECT_EQ(save(FALSE, TRUE), S_OK);
@@ -345,7 +345,7 @@ TEST_F(ControlPersistence, KnowsWhetherItHasToBeSaved) {
     EXPECT_FALSE(isDirty());
 }
 
-TEST_F(ControlPersistence, ANewOneStartsAnew) {
+TEST_F(IndicatorPersistence, ANewOneStartsAnew) {
     control->put_VisualEffect(1);
     control->put_BorderStyle(2);
     control->put_Interval(10);
@@ -365,7 +365,7 @@ class FullBag : public com::Object<IPropertyBag> {
     HRESULT STDMETHODCALLTYPE Write(LPCOLESTR, VARIANT*) override { return STG_E_MEDIUMFULL; }
 };
 
-TEST_F(ControlPersistence, WhatCannotBeSavedStaysToBeSaved) {
+TEST_F(IndicatorPersistence, WhatCannotBeSavedStaysToBeSaved) {
     const auto full = com::make<FullBag>();
     EXPECT_EQ(control.query<IPersistPropertyBag>()->Save(full.get(), TRUE, TRUE), STG_E_MEDIUMFULL);
     EXPECT_TRUE(isDirty());

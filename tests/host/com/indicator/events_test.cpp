@@ -15,7 +15,7 @@ namespace {
 
 using testing::ElementsAre;
 
-class ControlEvents : public testing::Test {
+class IndicatorEvents : public testing::Test {
   protected:
     void SetUp() override {
         sink->ticks = 0;
@@ -44,7 +44,7 @@ class ControlEvents : public testing::Test {
     std::optional<com::Connection> connection;
 };
 
-TEST_F(ControlEvents, TicksAsOftenAsItCounts) {
+TEST_F(IndicatorEvents, TicksAsOftenAsItCounts) {
     control->StartNow();
     ASSERT_TRUE(pumpUntil([this] { return sink->ticks >= 5; }));
     control->PauseNow();
@@ -59,7 +59,7 @@ TEST_F(ControlEvents, TicksAsOftenAsItCounts) {
     control->stopNow();
 }
 
-TEST_F(ControlEvents, TicksOnlyWhereTheyAreWanted) {
+TEST_F(IndicatorEvents, TicksOnlyWhereTheyAreWanted) {
     control->put_RaiseTicK(VARIANT_FALSE);
     control->StartNow();
     const auto time = [this] {
@@ -85,7 +85,7 @@ TEST_F(ControlEvents, TicksOnlyWhereTheyAreWanted) {
     EXPECT_EQ(sink->ticks, last);
 }
 
-TEST_F(ControlEvents, EveryListenerHearsEvenAfterOneThatFails) {
+TEST_F(IndicatorEvents, EveryListenerHearsEvenAfterOneThatFails) {
     const auto other = com::make<TickSink>();
     const com::Connection second(control.get(), __uuidof(__Indicator), other.get());
     sink->doing = [] { throw base::RunTimeError(base::ErrorNumber::Overflow); };
@@ -94,7 +94,7 @@ TEST_F(ControlEvents, EveryListenerHearsEvenAfterOneThatFails) {
     control->stopNow();
 }
 
-TEST_F(ControlEvents, LetGoOfInsideATickItGoesQuietly) {
+TEST_F(IndicatorEvents, LetGoOfInsideATickItGoesQuietly) {
     container->host(control);
     container->activate();
     control->put_VisualEffect(1);
@@ -111,7 +111,7 @@ TEST_F(ControlEvents, LetGoOfInsideATickItGoesQuietly) {
 }
 
 // It yields when it stops and, with the bar, at every frame.
-TEST_F(ControlEvents, LetGoOfWhileItYieldsItGoesQuietly) {
+TEST_F(IndicatorEvents, LetGoOfWhileItYieldsItGoesQuietly) {
     connection.reset();
     for (const bool stopping : {true, false}) {
         control = makeIndicator();
@@ -130,7 +130,7 @@ TEST_F(ControlEvents, LetGoOfWhileItYieldsItGoesQuietly) {
 }
 
 // The caller's reference goes too.
-TEST_F(ControlEvents, LetGoOfByItsOnlyOwnerWhileItStops) {
+TEST_F(IndicatorEvents, LetGoOfByItsOnlyOwnerWhileItStops) {
     connection.reset();
     control->StartNow();
     auto* const raw = control.release();
@@ -143,7 +143,7 @@ TEST_F(ControlEvents, LetGoOfByItsOnlyOwnerWhileItStops) {
 }
 
 // Of an aggregate the outer object tells when it goes.
-TEST_F(ControlEvents, ItStaysUntilItsOwnWorkIsDone) {
+TEST_F(IndicatorEvents, ItStaysUntilItsOwnWorkIsDone) {
     for (const bool ticking : {true, false}) {
         connection.reset();
         bool gone = false;
@@ -179,7 +179,7 @@ TEST_F(ControlEvents, ItStaysUntilItsOwnWorkIsDone) {
     }
 }
 
-TEST_F(ControlEvents, StoppedInsideATick) {
+TEST_F(IndicatorEvents, StoppedInsideATick) {
     sink->doing = [this] { control->stopNow(); };
     control->StartNow();
     ASSERT_TRUE(pumpUntil([this] { return sink->ticks == 1; }));
@@ -188,7 +188,7 @@ TEST_F(ControlEvents, StoppedInsideATick) {
 }
 
 // Each control ticks in the thread that made it, which serves messages for that.
-TEST_F(ControlEvents, TicksInTheThreadOfItsContainer) {
+TEST_F(IndicatorEvents, TicksInTheThreadOfItsContainer) {
     int here = 0, elsewhere = 0;
     std::atomic<bool> done = false;
     std::thread other([&] {
@@ -215,7 +215,7 @@ TEST_F(ControlEvents, TicksInTheThreadOfItsContainer) {
     EXPECT_EQ(elsewhere, 0);
 }
 
-TEST_F(ControlEvents, EveryWrittenPropertyIsTold) {
+TEST_F(IndicatorEvents, EveryWrittenPropertyIsTold) {
     const auto changes = point(IID_IPropertyNotifySink);
     DWORD cookie = 0;
     ASSERT_EQ(changes->Advise(static_cast<IPropertyNotifySink*>(container.get()), &cookie), S_OK);
@@ -240,7 +240,7 @@ TEST_F(ControlEvents, EveryWrittenPropertyIsTold) {
     EXPECT_EQ(changes->Unadvise(cookie), CONNECT_E_NOCONNECTION);
 }
 
-TEST_F(ControlEvents, LetGoOfWhenAPropertyIsTold) {
+TEST_F(IndicatorEvents, LetGoOfWhenAPropertyIsTold) {
     container->host(control);
     container->activate();
     DWORD cookie = 0;
@@ -257,7 +257,7 @@ TEST_F(ControlEvents, LetGoOfWhenAPropertyIsTold) {
     EXPECT_EQ(livingObjects(), before + 2);
 }
 
-TEST_F(ControlEvents, ItsConnectionPointsCanBeFound) {
+TEST_F(IndicatorEvents, ItsConnectionPointsCanBeFound) {
     const auto source = control.query<IConnectionPointContainer>();
     com::Ptr<IConnectionPoint> none;
     EXPECT_EQ(source->FindConnectionPoint(IID_IDispatch, none.receive()), CONNECT_E_NOCONNECTION);
@@ -293,7 +293,7 @@ TEST_F(ControlEvents, ItsConnectionPointsCanBeFound) {
 }
 
 // Without the control its points are of no use, but they may still be held.
-TEST_F(ControlEvents, APointMayOutliveItsControl) {
+TEST_F(IndicatorEvents, APointMayOutliveItsControl) {
     const auto ticks = point(__uuidof(__Indicator)), changes = point(IID_IPropertyNotifySink);
     connection.reset();
     control.reset();

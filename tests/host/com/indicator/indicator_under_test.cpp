@@ -1,4 +1,4 @@
-#include "control_under_test.h"
+#include "indicator_under_test.h"
 
 #include "com/error.h"
 #include "com/object.h"
