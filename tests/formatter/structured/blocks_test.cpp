@@ -83,6 +83,11 @@ const Case cases[] = {
     {"DatesInConditions", "Sub S()\n    If d > #3:04:05 PM# Then\n        x\n    End If\n"
                           "    If d = #Sept 3, 1999 1:02 am# Or e = #2:03 AM# Then\n        y\n    End If\n"
                           "    If Eof(#1) And f# = 1 Or #2 Then\n        z\n    End If\nEnd Sub\n"},
+    {"NoDateFromFileNumberToFileNumber",
+     "Sub S()\n    Print #1, a: While b: Print #2\n        x\n    Wend\nEnd Sub\n"},
+    {"WordsThatEndInAComment",
+     "Sub S()\n    If a Then\n        End 'If\n    End If\n    Select 'Case\n    Public 'Sub\n    x\nEnd Sub\n"},
+    {"LabelOnlyFirst", "Sub S()\n    : Here: x\n    .a: There: y\nEnd Sub\n"},
     {"Remarks", "Sub S()\n    Rem If a Then\n    x = 1: Rem: Do\n    ' Do _\n    While\n    y\nEnd Sub\n"},
     {"EndAlone", "Sub S()\n    If a Then End\n    End\n    x\nEnd Sub\n"},
     {"ReservedBeforeColon", "Sub S()\n    If a Then\n        x\n    Else:\n        y\n    End If\n    Do:\n"
@@ -107,6 +112,9 @@ INSTANTIATE_TEST_SUITE_P(All, BlocksTest, testing::ValuesIn(cases),
 
 TEST(BlocksTest, LabelsAndNumbersStandInColumn1AndKeepWhatFollows) {
     EXPECT_EQ(
+        layOut("Sub S()\n    x\n      4f = 1\n  10\n  20Do\n    y\n  30:  Do\n      40 Loop\nEnd Sub\n"),
+        "Sub S()\n    x\n    4f = 1\n10\n    20Do\n    y\n30:  Do\n40 Loop\nEnd Sub\n");
+    EXPECT_EQ(
         layOut("Sub S()\n    x\n  Here:  y\n   10    If a Then\n20 z\n    End If\n    Foo:=1\nEnd Sub\n"),
         "Sub S()\n    x\nHere:  y\n10    If a Then\n20 z\n    End If\n    Foo:=1\nEnd Sub\n");
 }
@@ -114,6 +122,42 @@ TEST(BlocksTest, LabelsAndNumbersStandInColumn1AndKeepWhatFollows) {
 TEST(BlocksTest, ContinuedLinesMoveWithTheirFirst) {
     EXPECT_EQ(layOut("Sub S()\n    y\n        x = a + _\n            b + _\n _\n    c\nEnd Sub\n"),
               "Sub S()\n    y\n    x = a + _\n        b + _\n _\nc\nEnd Sub\n");
+}
+
+TEST(BlocksTest, BlanksAloneInAContinuedStatementStay) {
+    EXPECT_EQ(layOut("Sub S()\n    y\n        x = a + _\n            \n    z\nEnd Sub\n"),
+              "Sub S()\n    y\n    x = a + _\n            \n    z\nEnd Sub\n");
+}
+
+TEST(BlocksTest, WhatADirectiveIndentsIsIndentedOnce) {
+    StructuredOptions options;
+    options.style.unit = 4;
+    options.style.procedure = options.style.directiveBody = Body::Indent;
+    options.style.directive = Place::Code;
+    EXPECT_EQ(
+        layOut("Sub S()\n#If A Then\nIf b Then\n#If C Then\nDo\nx\nLoop\n#End If\n"
+               "End If\n#End If\ny\nEnd Sub\n",
+               options),
+        "Sub S()\n    #If A Then\n        If b Then\n            #If C Then\n                Do\n"
+        "                    x\n                Loop\n            #End If\n        End If\n    #End If\n"
+        "    y\nEnd Sub\n");
+}
+
+TEST(BlocksTest, ADirectiveThatBeginsWithADividerStandsByTheBlock) {
+    StructuredOptions options;
+    options.style.unit = 4;
+    options.style.procedure = options.style.directiveBody = Body::Indent;
+    options.style.directive = Place::Code;
+    EXPECT_EQ(
+        layOut("Sub S()\nIf a Then\nx\n#If B Then\nElse\ny\n#End If\nEnd If\nEnd Sub\n", options),
+        "Sub S()\n    If a Then\n        x\n    #If B Then\n    Else\n        y\n    #End If\n    End If\n"
+        "End Sub\n");
+    // Behind a statement it begins with that.
+    options.style.directiveBody = Body::Flush;
+    EXPECT_EQ(
+        layOut("Sub S()\nIf a Then\n#If B Then\nx\nElse\ny\n#End If\nEnd If\nEnd Sub\n", options),
+        "Sub S()\n    If a Then\n        #If B Then\n        x\n    Else\n        y\n        #End If\n    End If\n"
+        "End Sub\n");
 }
 
 TEST(BlocksTest, ALineThatWouldBecomeTooLongStaysAndIsTold) {

@@ -63,6 +63,38 @@ TEST(FaultsTest, TheFaultysProcedureStaysAndTheRestIsLaidOut) {
     EXPECT_EQ(layOut(text, options), "Sub S()\n    x\n    If a Then\nEnd Sub\nSub T()\n    y\nEnd Sub\n");
 }
 
+TEST(FaultsTest, OutsideOfProceduresTheLinesOfAFaultStay) {
+    EXPECT_EQ(layOut("  Dim a\n  Next\n  Dim b\n  #End If\n  Dim c\n  #Else\n"),
+              "Dim a\n  Next\nDim b\n  #End If\nDim c\n  #Else\n");
+    // The If is told, its End If stays without another word.
+    EXPECT_EQ(layOut("  For i = 1 To 2\n If a Then\n  Next\n  End If\n  Dim b\n"),
+              "For i = 1 To 2\n If a Then\n  Next\n  End If\nDim b\n");
+}
+
+TEST(FaultsTest, AFaultAboveAProcedureLeavesThatAlone) {
+    EXPECT_EQ(layOut("  Do\n  x\nSub S()\n      y\nEnd Sub\n"), "  Do\n  x\nSub S()\n      y\nEnd Sub\n");
+    EXPECT_EQ(layOut("  Do\n  x\nSub S()\n    If a Then\n      y\n    End If\nEnd Sub\n",
+                     [] {
+                         StructuredOptions options;
+                         options.style.unit = 4;
+                         return options;
+                     }()),
+              "  Do\n  x\nSub S()\n    If a Then\n        y\n    End If\nEnd Sub\n");
+}
+
+TEST(FaultsTest, ABranchThatIsNeverCompiledStaysAndNothingElseDoes) {
+    EXPECT_EQ(
+        layOut("  Dim a\n#If B Then\n  Dim b\n#ElseIf False Then\n  For i\n   x\n#Else\n  Dim c\n#End If\n"
+               "  Dim d\n",
+               [] {
+                   StructuredOptions options;
+                   options.style.directiveBody = Body::Flush;
+                   return options;
+               }()),
+        "Dim a\n#If B Then\nDim b\n#ElseIf False Then\n  For i\n   x\n#Else\nDim c\n#End If\nDim d\n");
+    EXPECT_THAT(faultsOf("#If Fixed Then\nEnd If\n#End If\n"), ElementsAre("2: CV201 End If without If"));
+}
+
 TEST(FaultsTest, ABranchThatIsNeverCompiledNeedNotBeCode) {
     EXPECT_THAT(faultsOf("#If 0 Then\nEnd If\nElse\n#End If\n"), IsEmpty());
 }

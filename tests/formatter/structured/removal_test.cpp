@@ -51,5 +51,12 @@ TEST(RemovalTest, TrailingCommentsGoAndNothingElse) {
         "a = \"it's\"\n'c\nd = [e'f]\nh:\nj\nm = 1 _ 'n\n#If o Then\n#End If\nq = _\n\ns\n");
 }
 
+TEST(RemovalTest, ACommentGoesWithAllItsLinesOrNotAtAll) {
+    StructuredOptions options;
+    options.removeCommentLines = options.removeTrailingComments = true;
+    EXPECT_EQ(layOut("'a _\n b\r _\n c\nd 'e _\n f\rg\nh 'i _\n j _\n k\n'l _", options),
+              "'a _\n b\r _\n c\nd 'e _\n f\rg\nh\n");
+}
+
 } // namespace
 } // namespace corvelle::formatter::structured

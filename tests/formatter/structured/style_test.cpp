@@ -104,6 +104,28 @@ TEST(StyleTest, EachDirectiveKeepsItsWays) {
         "    x\n#If A Then\n    y\n#End If\n#If A Then\n    z\n#End If\nEnd Sub\n");
 }
 
+TEST(StyleTest, WhatNobodyVotedForIsTheDefault) {
+    const auto style = formatStructured(test::linesOf("Dim a\n"), {}).style;
+    for (const Decision& by :
+         {style.unitBy, style.procedureBy, style.typeBy, style.caseBy, style.withBy, style.declarationsBy,
+          style.onErrorBy, style.directiveBy, style.directiveBodyBy}) {
+        EXPECT_EQ(by.source, Source::Default);
+        EXPECT_EQ(by.of, 0u);
+    }
+}
+
+TEST(StyleTest, DirectivesThatCannotBeSeenFollowTheOthers) {
+    // The last one stands nowhere: as most do its body is deeper, and it stands as code.
+    EXPECT_EQ(
+        layOut(
+            "Sub S()\n    x\n    #If A Then\n        y\n    #End If\n    #If A Then\n        y\n"
+            "        #If B Then\n            y\n        #End If\n    #End If\n  #If A Then\n y\n  #End If\n"
+            "End Sub\n"),
+        "Sub S()\n    x\n    #If A Then\n        y\n    #End If\n    #If A Then\n        y\n"
+        "        #If B Then\n            y\n        #End If\n    #End If\n    #If A Then\n        y\n    #End If\n"
+        "End Sub\n");
+}
+
 TEST(StyleTest, ADirectiveUnderALineThatStaysOffItsColumnFollowsTheModule) {
     EXPECT_EQ(layOut("Sub S()\n    a\n'corvelle:off\nDo\n'corvelle:on\n#If B Then\n        c\n#End If\n"
                      "    #If B Then\n    d\n    #End If\n    Loop\nEnd Sub\n"),
