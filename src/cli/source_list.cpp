@@ -129,7 +129,10 @@ class Collector {
             entries.push_back(*entry);
         }
         if (error) addProblem(folder, whyNotListed(error, path));
-        std::sort(entries.begin(), entries.end()); // by name, folders among the files
+        // By name, folders among the files; they stand in one folder, so that no path need be taken apart.
+        std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
+            return a.path().native() < b.path().native();
+        });
         for (const fs::directory_entry& entry : entries) {
             try {
                 addEntry(joined(folder, spelled(entry.path().filename())), entry, root);

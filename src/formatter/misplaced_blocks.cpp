@@ -1,5 +1,6 @@
 #include "formatter/misplaced_blocks.h"
 
+#include "base/byte_search.h"
 #include "base/text.h"
 #include "formatter/structured/blocks.h"
 
@@ -16,20 +17,34 @@ using structured::Depth;
 using structured::LineInfo;
 using structured::LineKind;
 
-constexpr std::int32_t notKept = -1;
-
-std::vector<std::int32_t> columnsOf(const ModuleCode& code, const FormattedCode& formatted) {
-    std::vector<std::int32_t> columns(code.lines.size(), notKept);
-    std::int32_t index = 0;
-    for (std::size_t i = 0; i < code.lines.size(); ++i) {
-        if (!formatted.kept[i]) continue;
-        const std::string_view text = formatted.lines.text(index);
-        const auto blanks = std::min(text.find_first_not_of(" \t"), text.size());
-        columns[i] = formatted.lines.spaces(index) + static_cast<std::int32_t>(blanks);
-        ++index;
+// The columns in which the code's lines stand once they are formatted.
+class Columns {
+  public:
+    Columns(const ModuleCode& code, const FormattedCode& formatted) : lines_(formatted.lines) {
+        allKept_ = static_cast<std::size_t>(lines_.maxIndx()) + 1 == code.lines.size();
+        if (allKept_) return;
+        indices_.reserve(code.lines.size());
+        std::int32_t index = 0;
+        for (const bool kept : formatted.kept) indices_.push_back(kept ? index++ : notKept);
     }
-    return columns;
-}
+
+    bool isKept(std::uint32_t line) const { return indexOf(line) != notKept; }
+    std::int32_t of(std::uint32_t line) const {
+        const std::int32_t index = indexOf(line);
+        return lines_.spaces(index) + static_cast<std::int32_t>(base::pastBlanks(lines_.text(index), 0));
+    }
+
+  private:
+    static constexpr std::int32_t notKept = -1;
+
+    std::int32_t indexOf(std::uint32_t line) const {
+        return allKept_ ? static_cast<std::int32_t>(line) : indices_[line];
+    }
+
+    const base::LineBuffer& lines_;
+    bool allKept_;
+    std::vector<std::int32_t> indices_; // in the buffer, of each line; empty where they are the same
+};
 
 // What of the lines from `first` to `last` the tables of the classic layout have no entry for.
 std::string_view unknownTo(const ModuleCode& code, const std::vector<LineInfo>& lines, std::size_t first,
@@ -57,10 +72,10 @@ std::string_view unknownTo(const ModuleCode& code, const std::vector<LineInfo>& 
 std::optional<Finding> findMisplacedBlock(const ModuleCode& code, const FormattedCode& formatted) {
     const auto blocks = structured::readBlocks(code.lines);
     const auto& lines = blocks.lines;
-    const auto columns = columnsOf(code, formatted);
+    const Columns columns(code, formatted);
     const auto counts = [&](std::uint32_t i) {
         const bool is = lines[i].kind == LineKind::Code || lines[i].kind == LineKind::Directive;
-        return is && !lines[i].fixed() && columns[i] != notKept;
+        return is && !lines[i].fixed() && columns.isKept(i);
     };
     const auto isTop = [&](std::uint32_t i) {
         return lines[i].parent == LineInfo::none && lines[i].directive == LineInfo::none &&
@@ -76,16 +91,18 @@ std::optional<Finding> findMisplacedBlock(const ModuleCode& code, const Formatte
     std::unordered_map<std::uint32_t, std::int32_t> cases; // by the line of their Select
     std::size_t regionBegins = 0;
     for (std::uint32_t i = 0; i < lines.size(); ++i) {
+        const bool divides = lines[i].closes || lines[i].kind == LineKind::Directive;
+        if (!divides && !closedAtTop[i]) continue;
         if (!counts(i)) continue;
         const std::uint32_t opener = lines[i].parent;
-        bool misplaced = closedAtTop[i] && columns[i] != 0;
-        const bool divides = lines[i].closes || lines[i].kind == LineKind::Directive;
+        const std::int32_t column = columns.of(i);
+        bool misplaced = closedAtTop[i] && column != 0;
         if (divides && opener != LineInfo::none && counts(opener) &&
             lines[i].directive == lines[opener].directive) {
             if (lines[i].depth == Depth::Same && lines[i].kind == lines[opener].kind) {
-                misplaced = misplaced || columns[i] != columns[opener];
+                misplaced = misplaced || column != columns.of(opener);
             } else if (lines[i].closes && lines[i].depth == Depth::Case) {
-                misplaced = misplaced || columns[i] != cases.emplace(opener, columns[i]).first->second;
+                misplaced = misplaced || column != cases.emplace(opener, column).first->second;
             }
         }
         if (misplaced) {

@@ -76,8 +76,12 @@ class Layout {
 
     // Whether the line's blanks are those that the column would be written with.
     bool isWritten(std::uint32_t line, std::uint32_t column) const {
-        const std::string_view blanks = texts_[line].substr(0, lines_[line].start);
-        const std::size_t tabs = style_.unit.tabs ? column / style_.tabWidth : 0;
+        const std::uint32_t start = lines_[line].start;
+        if (!style_.unit.tabs) {
+            return start == column && base::skipKind<base::AnyOf<' '>>(texts_[line], 0) >= start;
+        }
+        const std::string_view blanks = texts_[line].substr(0, start);
+        const std::size_t tabs = column / style_.tabWidth;
         const std::size_t spaces = column - tabs * style_.tabWidth;
         if (blanks.size() != tabs + spaces) return false;
         for (std::size_t i = 0; i < tabs; ++i) {

@@ -2,6 +2,8 @@
 
 #include "formatter/structured/dates.h"
 
+#include <algorithm>
+
 namespace corvelle::formatter::structured {
 namespace {
 
@@ -43,6 +45,8 @@ void StatementReader::begin(std::string_view line) {
 }
 
 Statement StatementReader::next(bool inMembers) {
+    if (at_ >= end_) return endOfLine();
+    if (first_ && mode_ == Mode::Head && isPlain()) return plain();
     for (;;) {
         switch (mode_) {
         case Mode::Rest:
@@ -58,6 +62,19 @@ Statement StatementReader::next(bool inMembers) {
         }
         }
     }
+}
+
+// Whether the line begins with a plain statement, as most do: with a name that begins as no known word does
+// and is no label. Goes on to what can end the statement.
+bool StatementReader::isPlain() {
+    const char c = line_[at_];
+    if (!isLetter(c) || isDigit(c)) return false;
+    if (at_ + 1 < end_ && mayBeginWord(c, line_[at_ + 1])) return false;
+    const std::size_t special = std::min(base::findKind<Specials>(line_, at_), end_);
+    if (special < end_ && line_[special] == ':') return false;
+    at_ = special;
+    first_ = false;
+    return true;
 }
 
 // Goes past the word that stands here.

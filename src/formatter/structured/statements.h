@@ -104,6 +104,7 @@ class StatementReader {
         Rest, // nothing to learn before the next colon
     };
 
+    bool isPlain();
     Statement readHead(bool inMembers);
     Statement headWord(Word word, std::string_view text, bool inMembers);
     Statement afterWord(Word word);

@@ -267,6 +267,7 @@ Body Style::bodyOf(Depth depth) const {
 }
 
 std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32_t tabWidth) {
+    if (base::skipKind<base::AnyOf<' '>>(line, 0) >= length) return static_cast<std::uint32_t>(length);
     std::uint32_t column = 0;
     for (std::size_t i = 0; i < length; ++i) {
         column = line[i] == '\t' ? (column / tabWidth + 1) * tabWidth : column + 1;

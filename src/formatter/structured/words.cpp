@@ -124,6 +124,13 @@ constexpr std::array<std::string_view, 142> reservedWords{
     "Wend",       "While",     "With",    "WithEvents", "Write",      "Xor",
 };
 
+// The first two letters of the known words, a set of the second ones for each first one.
+constexpr auto wordBeginnings = [] {
+    std::array<std::uint32_t, 32> seconds{};
+    for (const KnownWord& known : knownWords) seconds[known.text[0] & 31] |= 1U << (known.text[1] & 31);
+    return seconds;
+}();
+
 char lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
@@ -145,6 +152,10 @@ Word wordIn(std::string_view line, std::size_t begin, std::size_t length) {
 
 Word wordOf(std::string_view text) {
     return wordIn(text, 0, text.size());
+}
+
+bool mayBeginWord(char first, char second) {
+    return (wordBeginnings[first & 31] >> (second & 31) & 1) != 0;
 }
 
 bool isReserved(std::string_view text) {

@@ -52,6 +52,9 @@ Word wordOf(std::string_view text);
 /// word out of it.
 Word wordIn(std::string_view line, std::size_t begin, std::size_t length);
 
+/// Whether a known word may begin with the two bytes; false for most names' first ones.
+bool mayBeginWord(char first, char second);
+
 /// Whether the word is reserved, so that with a colon behind it at a line's beginning it is no label.
 bool isReserved(std::string_view text);
 
