@@ -20,32 +20,7 @@ bool dateMayBeginBehind(char c) {
 
 } // namespace
 
-void StatementReader::begin(std::string_view line) {
-    const bool continues = joins_;
-    line_ = line;
-    at_ = start_ = pastBlanks(line, 0);
-    end_ = lengthWithoutBlanks(line);
-    joins_ = end_ > 0 && line[end_ - 1] == '_' && (end_ == 1 || isBlank(line[end_ - 2]));
-    if (joins_) --end_;
-    comment_ = noComment;
-    leftOpen_ = false;
-    carriesComment_ = continues && inComment_;
-    if (continues) {
-        kind_ = LineKind::Continuation;
-        if (inComment_) at_ = end_;
-        return;
-    }
-    kind_ = start_ == line.size() ? LineKind::Empty : LineKind::Code;
-    mode_ = Mode::Head;
-    inComment_ = false;
-    first_ = true;
-    elseIf_ = false;
-    afterMember_ = false;
-    mayBeRemark_ = false;
-}
-
-Statement StatementReader::next(bool inMembers) {
-    if (at_ >= end_) return endOfLine();
+Statement StatementReader::readOn(bool inMembers) {
     if (first_ && mode_ == Mode::Head && isPlain()) return plain();
     for (;;) {
         switch (mode_) {

@@ -69,7 +69,10 @@ class StatementReader {
 
     /// The line's next statement that is known for what it is. `inMembers`: the innermost open block is a
     /// Type or an Enum, whose members may have any name.
-    Statement next(bool inMembers);
+    Statement next(bool inMembers) {
+        if (at_ < end_) return readOn(inMembers);
+        return mode_ == Mode::Rest ? Statement() : endOfLine();
+    }
 
     /// Of the line begun, complete once next() has told None:
     LineKind lineKind() const { return kind_; }
@@ -104,6 +107,7 @@ class StatementReader {
         Rest, // nothing to learn before the next colon
     };
 
+    Statement readOn(bool inMembers);
     bool isPlain();
     Statement readHead(bool inMembers);
     Statement headWord(Word word, std::string_view text, bool inMembers);
@@ -149,5 +153,30 @@ class StatementReader {
     bool afterMember_ = false; // behind a `.` or `!`: a name follows, whatever word it is
     bool mayBeRemark_ = false; // in a one-line If: a statement may begin
 };
+
+// Here, since it is called for every line.
+inline void StatementReader::begin(std::string_view line) {
+    const bool continues = joins_;
+    line_ = line;
+    at_ = start_ = pastBlanks(line, 0);
+    end_ = lengthWithoutBlanks(line);
+    joins_ = end_ > 0 && line[end_ - 1] == '_' && (end_ == 1 || isBlank(line[end_ - 2]));
+    if (joins_) --end_;
+    comment_ = noComment;
+    leftOpen_ = false;
+    carriesComment_ = continues && inComment_;
+    if (continues) {
+        kind_ = LineKind::Continuation;
+        if (inComment_) at_ = end_;
+        return;
+    }
+    kind_ = start_ == line.size() ? LineKind::Empty : LineKind::Code;
+    mode_ = Mode::Head;
+    inComment_ = false;
+    first_ = true;
+    elseIf_ = false;
+    afterMember_ = false;
+    mayBeRemark_ = false;
+}
 
 } // namespace corvelle::formatter::structured
