@@ -1,9 +1,12 @@
 #include "formatter/scanner.h"
 
+#include "base/byte_search.h"
+#include "base/packed_text.h"
 #include "base/text.h"
 #include "formatter/key_tables.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <limits>
 
@@ -21,14 +24,52 @@ constexpr bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
+// The position of the first apostrophe; npos if there is none.
+std::size_t findApostrophe(std::string_view text) {
+    const std::size_t at = base::findKind<base::AnyOf<'\''>>(text, 0);
+    return at == text.size() ? npos : at;
+}
+
+// What a text or a key begins with, for the key in front of the comparison letter by letter: it rules out
+// nearly every key that begins with the text's first letter.
+struct Beginning {
+    std::uint64_t value = 0, bits = 0;
+};
+
+template <std::size_t count>
+constexpr std::array<Beginning, count> beginningsOf(const std::array<std::string_view, count>& keys) {
+    std::array<Beginning, count> result{};
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::string_view beginning = keys[i].substr(0, base::mostPacked);
+        const std::uint64_t bits = base::packedBits(beginning.size());
+        result[i] = {(base::packed(beginning) | base::smallLetters) & bits, bits};
+    }
+    return result;
+}
+constexpr auto startKeyBeginnings = beginningsOf(StartKeys);
+constexpr auto endKeyBeginnings = beginningsOf(EndKeys);
+
+// Of a text that is not empty.
+std::uint64_t beginningOf(std::string_view text) {
+    return base::packedAt(text, 0, std::min(text.size(), base::mostPacked)) | base::smallLetters;
+}
+
+bool mayBegin(std::uint64_t text, const Beginning& key) {
+    return (text & key.bits) == key.value;
+}
+
 // The text starts with the phrase, and a space or the text's end follows.
 bool startsWithKey(std::string_view text, std::string_view phrase) {
     if (text.size() > phrase.size() && text[phrase.size()] != ' ') return false;
     return startsWithIgnoringCase(text, phrase);
 }
 
+bool endsInThen(std::string_view text) {
+    return text.size() >= 4 && base::equalIgnoringCase(text.substr(text.size() - 4), "Then");
+}
+
 bool isRemLine(std::string_view text) {
-    return startsWithKey(text, "Rem");
+    return !text.empty() && base::lower(text[0]) == 'r' && startsWithKey(text, "Rem");
 }
 
 // SafeUncomment's search, from the first apostrophe (0-based) on.
@@ -66,9 +107,11 @@ Key Scanner::CheckKey(std::string_view mStr) {
     const std::string_view text = trimSpaces(SafeUncomment(mStr));
     if (text.empty()) return KeyNone;
     const auto first = static_cast<unsigned char>(text.front());
+    const std::uint64_t beginning = beginningOf(text);
 
     for (std::uint32_t keys = startKeysByLetter_[first]; keys != 0; keys &= keys - 1) {
         const auto index = static_cast<std::int16_t>(std::countr_zero(keys));
+        if (!mayBegin(beginning, startKeyBeginnings[index])) continue;
         if (!startsWithKey(text, StartKeys[index])) continue;
         if (index >= firstWordKey && index <= lastWordKey && !Check_Enum_Type(text, StartKeys[index])) {
             return KeyNone;
@@ -78,13 +121,13 @@ Key Scanner::CheckKey(std::string_view mStr) {
     }
     for (std::uint32_t keys = endKeysByLetter_[first]; keys != 0; keys &= keys - 1) {
         const auto index = static_cast<std::int16_t>(std::countr_zero(keys));
+        if (!mayBegin(beginning, endKeyBeginnings[index])) continue;
         if (!startsWithKey(text, EndKeys[index])) continue;
         endKeyIndex = index;
         return KeyEnd;
     }
     // Only a text that ends in "Then" can be a block If: look there before searching the whole line.
-    const std::string_view ending = text.size() < 4 ? text : text.substr(text.size() - 4);
-    if (base::equalIgnoringCase(ending, "Then") && Check_IF_THEN_(text) == 1) {
+    if (base::lower(text.back()) == 'n' && endsInThen(text) && Check_IF_THEN_(text) == 1) {
         startKeyIndex = start_key::blockIf;
         return KeyStart;
     }
@@ -93,9 +136,9 @@ Key Scanner::CheckKey(std::string_view mStr) {
 
 std::string_view Scanner::myTrim(std::string_view mStr, std::string& room) {
     // With the tabs gone, the blanks at both ends are spaces; so both kinds go there at once.
-    while (!mStr.empty() && isBlank(mStr.front())) mStr.remove_prefix(1);
+    mStr.remove_prefix(base::pastBlanks(mStr, 0));
     while (!mStr.empty() && isBlank(mStr.back())) mStr.remove_suffix(1);
-    if (mStr.find('\t') == npos) return mStr;
+    if (base::findKind<base::AnyOf<'\t'>>(mStr, 0) == mStr.size()) return mStr;
     room.clear();
     std::remove_copy(mStr.begin(), mStr.end(), std::back_inserter(room), '\t');
     return room;
@@ -112,12 +155,12 @@ bool Scanner::CheckChar(std::string_view mStr, std::int32_t pos, std::int16_t mC
 }
 
 bool Scanner::isCommentLine(std::string_view mStr) {
-    const auto apostrophe = mStr.find('\'');
+    const auto apostrophe = findApostrophe(mStr);
     return apostrophe == npos ? isRemLine(mStr) : apostrophe == 0;
 }
 
 std::string_view Scanner::SafeUncomment(std::string_view mStr) {
-    const auto apostrophe = mStr.find('\'');
+    const auto apostrophe = findApostrophe(mStr);
     if (apostrophe == npos) return isRemLine(mStr) ? std::string_view() : mStr;
     if (apostrophe == 0) return {};
     return uncommentFrom(mStr, apostrophe);
@@ -137,7 +180,7 @@ std::int16_t Scanner::Check_IF_THEN_(std::string_view mStr) {
     if (then == npos) return 0;
     if (!CheckChar(code, static_cast<std::int32_t>(then + 1 + 5), space)) return 0;
     code = trimSpaces(code);
-    if (code.size() >= 4 && base::equalIgnoringCase(code.substr(code.size() - 4), "Then")) return 1;
+    if (endsInThen(code)) return 1;
     return !code.empty() && code.back() == '_' ? 2 : 3;
 }
 

@@ -1,8 +1,8 @@
 #include "formatter/structured/words.h"
 
+#include "base/packed_text.h"
+
 #include <algorithm>
-#include <bit>
-#include <cstring>
 
 namespace corvelle::formatter::structured {
 namespace {
@@ -48,16 +48,7 @@ constexpr std::array<KnownWord, 33> knownWords{{
     {"with", Word::With},
 }};
 
-constexpr std::size_t shortestWord = 2, longestWord = 8;
-
-// A word of up to eight letters as one number, the first letter in the lowest byte.
-constexpr std::uint64_t packed(std::string_view text) {
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        value |= std::uint64_t{static_cast<unsigned char>(text[i])} << (8 * i);
-    }
-    return value;
-}
+constexpr std::size_t shortestWord = 2, longestWord = base::mostPacked;
 
 // The known words where their numbers, multiplied, lead to: each has a place of its own, so that one
 // comparison tells a word. The factor was found by trying; another list of words may need another one.
@@ -65,9 +56,9 @@ class PackedWords {
   public:
     constexpr PackedWords() {
         for (const KnownWord& known : knownWords) {
-            Place& place = places_[placeOf(packed(known.text))];
+            Place& place = places_[placeOf(base::packed(known.text))];
             distinct_ = distinct_ && place.value == 0;
-            place = {packed(known.text), known.word};
+            place = {base::packed(known.text), known.word};
         }
     }
     constexpr bool distinct() const { return distinct_; }
@@ -91,17 +82,6 @@ class PackedWords {
 
 constexpr PackedWords packedWords;
 static_assert(packedWords.distinct());
-
-// The word as one number. Where eight bytes can be read at once they are, and what is not the word's is cut.
-std::uint64_t packedIn(std::string_view line, std::size_t begin, std::size_t length) {
-    const bool rightOrder = std::endian::native == std::endian::little;
-    if (!rightOrder || line.size() < longestWord) return packed(line.substr(begin, length));
-    const std::size_t from = std::min(begin, line.size() - longestWord);
-    std::uint64_t value = 0;
-    std::memcpy(&value, line.data() + from, longestWord);
-    value >>= 8 * (begin - from);
-    return value & (~std::uint64_t{0} >> (8 * (longestWord - length)));
-}
 
 constexpr std::array<std::string_view, 142> reservedWords{
     "Abs",        "AddressOf", "And",     "Any",        "Array",      "As",         "Attribute", "Boolean",
@@ -144,10 +124,8 @@ bool sameWord(std::string_view a, std::string_view b) {
 
 Word wordIn(std::string_view line, std::size_t begin, std::size_t length) {
     if (length < shortestWord || length > longestWord) return Word::Other;
-    // A bit more makes a letter small and changes no other byte of a name into a letter.
-    constexpr std::uint64_t small = 0x2020202020202020U;
-    const std::uint64_t ofWord = small >> (8 * (longestWord - length));
-    return packedWords.find(packedIn(line, begin, length) | ofWord);
+    const std::uint64_t value = base::packedAt(line, begin, length);
+    return packedWords.find(value | (base::smallLetters & base::packedBits(length)));
 }
 
 Word wordOf(std::string_view text) {
