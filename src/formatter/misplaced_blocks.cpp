@@ -67,53 +67,80 @@ std::string_view unknownTo(const ModuleCode& code, const std::vector<LineInfo>& 
     return "what stands before it";
 }
 
-} // namespace
+// Looks for the first misplaced line as far as the module's blocks are known.
+class Search {
+  public:
+    Search(const ModuleCode& code, const FormattedCode& formatted)
+        : code_(code), columns_(code, formatted), closedAtTop_(code.lines.size()) {}
 
-std::optional<Finding> findMisplacedBlock(const ModuleCode& code, const FormattedCode& formatted) {
-    const auto blocks = structured::readBlocks(code.lines);
-    const auto& lines = blocks.lines;
-    const Columns columns(code, formatted);
-    const auto counts = [&](std::uint32_t i) {
-        const bool is = lines[i].kind == LineKind::Code || lines[i].kind == LineKind::Directive;
-        return is && !lines[i].fixed() && columns.isKept(i);
-    };
-    const auto isTop = [&](std::uint32_t i) {
-        return lines[i].parent == LineInfo::none && lines[i].directive == LineInfo::none &&
-               lines[i].kind == LineKind::Code;
-    };
-    std::vector<bool> closedAtTop(lines.size());
-    for (std::uint32_t i = 0; i < lines.size(); ++i) {
-        const std::uint32_t opener = lines[i].parent;
-        if (lines[i].closes && lines[i].depth == Depth::Same && opener != LineInfo::none) {
-            closedAtTop[opener] = isTop(opener);
+    /// Looks at the lines that have come to be known, up to `end`; whether none of them is misplaced.
+    bool goOn(const std::vector<LineInfo>& lines, std::uint32_t end) {
+        for (std::uint32_t i = next_; i < end; ++i) {
+            const std::uint32_t opener = lines[i].parent;
+            if (lines[i].closes && lines[i].depth == Depth::Same && opener != LineInfo::none) {
+                closedAtTop_[opener] = isTop(lines[opener]);
+            }
         }
+        for (; next_ < end && !found_; ++next_) look(lines, next_);
+        return !found_;
     }
-    std::unordered_map<std::uint32_t, std::int32_t> cases; // by the line of their Select
-    std::size_t regionBegins = 0;
-    for (std::uint32_t i = 0; i < lines.size(); ++i) {
-        const bool divides = lines[i].closes || lines[i].kind == LineKind::Directive;
-        if (!divides && !closedAtTop[i]) continue;
-        if (!counts(i)) continue;
-        const std::uint32_t opener = lines[i].parent;
-        const std::int32_t column = columns.of(i);
-        bool misplaced = closedAtTop[i] && column != 0;
-        if (divides && opener != LineInfo::none && counts(opener) &&
-            lines[i].directive == lines[opener].directive) {
-            if (lines[i].depth == Depth::Same && lines[i].kind == lines[opener].kind) {
-                misplaced = misplaced || column != columns.of(opener);
-            } else if (lines[i].closes && lines[i].depth == Depth::Case) {
-                misplaced = misplaced || column != cases.emplace(opener, column).first->second;
+
+    std::optional<Finding> takeFound() { return std::move(found_); }
+
+  private:
+    static bool isTop(const LineInfo& line) {
+        return line.parent == LineInfo::none && line.directive == LineInfo::none &&
+               line.kind == LineKind::Code;
+    }
+
+    bool counts(const std::vector<LineInfo>& lines, std::uint32_t i) const {
+        const bool is = lines[i].kind == LineKind::Code || lines[i].kind == LineKind::Directive;
+        return is && !lines[i].fixed() && columns_.isKept(i);
+    }
+
+    void look(const std::vector<LineInfo>& lines, std::uint32_t i) {
+        const LineInfo& line = lines[i];
+        const bool divides = line.closes || line.kind == LineKind::Directive;
+        if (!divides && !closedAtTop_[i]) return;
+        if (!counts(lines, i)) return;
+        const std::uint32_t opener = line.parent;
+        const std::int32_t column = columns_.of(i);
+        bool misplaced = closedAtTop_[i] && column != 0;
+        if (divides && opener != LineInfo::none && counts(lines, opener) &&
+            line.directive == lines[opener].directive) {
+            if (line.depth == Depth::Same && line.kind == lines[opener].kind) {
+                misplaced = misplaced || column != columns_.of(opener);
+            } else if (line.closes && line.depth == Depth::Case) {
+                misplaced = misplaced || column != cases_.emplace(opener, column).first->second;
             }
         }
         if (misplaced) {
             std::string text =
                 "CV301 from here on lines do not stand by their blocks: classic does not know ";
-            text += unknownTo(code, lines, regionBegins, i);
-            return Finding{i, text + "; --layout structured does", Finding::noLine};
+            text += unknownTo(code_, lines, regionBegins_, i);
+            found_ = Finding{i, text + "; --layout structured does", Finding::noLine};
         }
-        if (lines[i].closes && opener != LineInfo::none && closedAtTop[opener]) regionBegins = i + 1;
+        if (line.closes && opener != LineInfo::none && closedAtTop_[opener]) regionBegins_ = i + 1;
     }
-    return std::nullopt;
+
+    const ModuleCode& code_;
+    Columns columns_;
+    std::vector<bool> closedAtTop_;
+    std::unordered_map<std::uint32_t, std::int32_t> cases_; // by the line of their Select
+    std::uint32_t next_ = 0;
+    std::size_t regionBegins_ = 0;
+    std::optional<Finding> found_;
+};
+
+} // namespace
+
+std::optional<Finding> findMisplacedBlock(const ModuleCode& code, const FormattedCode& formatted) {
+    Search search(code, formatted);
+    // What follows the first such line need not be read.
+    structured::readBlocks(code.lines, [&](const std::vector<LineInfo>& lines, std::uint32_t end) {
+        return search.goOn(lines, end);
+    });
+    return search.takeFound();
 }
 
 } // namespace corvelle::formatter

@@ -52,6 +52,7 @@ void BlockMatcher::closeDirective() {
     if (!open.otherwise) open.merged = merge(open.merged, open.entry);
     placeDirective(open.index);
     top_ = open.merged;
+    closed_ = true;
     open_.pop_back();
 }
 

@@ -17,7 +17,7 @@ class BlockMatcher {
     explicit BlockMatcher(const std::vector<std::string_view>& lines);
 
     /// Once only.
-    ModuleBlocks read();
+    ModuleBlocks read(const LinesRead& linesRead);
 
   private:
     static constexpr std::uint32_t none = LineInfo::none;
@@ -83,7 +83,8 @@ class BlockMatcher {
     void unclear(bool remark);
     void fault(std::string_view code, std::uint32_t line, std::uint32_t other, std::string words);
     void hold(std::uint32_t begin, std::uint32_t end);
-    void holdLines();
+    bool finishLines(std::uint32_t end, const LinesRead& linesRead);
+    void holdLines(std::uint32_t begin, std::uint32_t end);
 
     // What stands in block_directives.cpp.
     void placeDirective(std::uint32_t beside);
@@ -107,6 +108,8 @@ class BlockMatcher {
     bool placed_ = false;       // the logical line has got its place
     bool closing_ = false;      // it has held nothing but closers so far
     bool off_ = false;
+    bool closed_ = false;        // something was, since lines were finished
+    std::uint32_t finished_ = 0; // the lines of which everything is known
 };
 
 } // namespace corvelle::formatter::structured

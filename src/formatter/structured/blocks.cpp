@@ -28,8 +28,14 @@ BlockMatcher::BlockMatcher(const std::vector<std::string_view>& lines) : texts_(
     blocks_.push_back({}); // the module
 }
 
-ModuleBlocks BlockMatcher::read() {
-    for (line_ = 0; line_ < texts_.size(); ++line_) readLine();
+ModuleBlocks BlockMatcher::read(const LinesRead& linesRead) {
+    for (line_ = 0; line_ < texts_.size(); ++line_) {
+        readLine();
+        if (closed_ && top_ == module && open_.empty() && !reader_.joinsNext() &&
+            !finishLines(line_ + 1, linesRead)) {
+            return std::move(result_);
+        }
+    }
     const auto count = static_cast<std::uint32_t>(texts_.size());
     while (top_ != module) unclosed(top_, "the module's end", none, count);
     for (; !open_.empty(); open_.pop_back()) {
@@ -37,8 +43,16 @@ ModuleBlocks BlockMatcher::read() {
         fault("CV202", line, none, "the #If that begins here is not closed before the module's end");
         hold(line, count);
     }
-    holdLines();
+    finishLines(count, linesRead);
     return std::move(result_);
+}
+
+// Nothing that follows can change the lines before `end`. False if nothing more is to be read.
+bool BlockMatcher::finishLines(std::uint32_t end, const LinesRead& linesRead) {
+    holdLines(finished_, end);
+    finished_ = end;
+    closed_ = false;
+    return !linesRead || linesRead(result_.lines, end);
 }
 
 void BlockMatcher::readLine() {
@@ -313,6 +327,7 @@ bool BlockMatcher::close(BlockKind kind) {
     }
     if (isProcedure(block.kinds) && block.faulty) hold(block.line, line_ + 1);
     top_ = block.below;
+    closed_ = true;
     return true;
 }
 
@@ -351,21 +366,24 @@ void BlockMatcher::hold(std::uint32_t begin, std::uint32_t end) {
     held_.push_back({begin, end});
 }
 
-void BlockMatcher::holdLines() {
+// Marks those of the lines that stay as they stand.
+void BlockMatcher::holdLines(std::uint32_t begin, std::uint32_t end) {
+    if (held_.empty()) return;
     std::sort(held_.begin(), held_.end(), [](const Range& a, const Range& b) { return a.begin < b.begin; });
-    std::uint32_t next = 0;
+    std::uint32_t next = begin;
     for (const Range& range : held_) {
         for (next = std::max(next, range.begin); next < range.end; ++next) result_.lines[next].held = true;
     }
+    held_.clear();
     // What a line goes on with stays with it.
-    for (std::size_t i = 1; i < result_.lines.size(); ++i) {
+    for (std::uint32_t i = begin + 1; i < end; ++i) {
         LineInfo& info = result_.lines[i];
         if (info.kind == LineKind::Continuation) info.held = result_.lines[i - 1].held;
     }
 }
 
-ModuleBlocks readBlocks(const std::vector<std::string_view>& lines) {
-    return BlockMatcher(lines).read();
+ModuleBlocks readBlocks(const std::vector<std::string_view>& lines, const LinesRead& linesRead) {
+    return BlockMatcher(lines).read(linesRead);
 }
 
 } // namespace corvelle::formatter::structured

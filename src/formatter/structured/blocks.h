@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -77,7 +78,11 @@ struct ModuleBlocks {
     std::vector<Fault> faults; ///< in the order in which they were found
 };
 
+/// Called when all is known of the lines before `end`, which what follows them cannot change any more; with
+/// the next line a procedure, say, may begin. False ends the reading.
+using LinesRead = std::function<bool(const std::vector<LineInfo>& lines, std::uint32_t end)>;
+
 /// Reads a module's code lines and matches its blocks. Linear in lines, nesting and line length.
-ModuleBlocks readBlocks(const std::vector<std::string_view>& lines);
+ModuleBlocks readBlocks(const std::vector<std::string_view>& lines, const LinesRead& linesRead = {});
 
 } // namespace corvelle::formatter::structured
