@@ -10,6 +10,7 @@
 #include "indexer/index_files.h"
 #include "indexer/index_options.h"
 #include "indexer/mapping_module.h"
+#include "indexer/valid_name.h"
 
 #include <algorithm>
 #include <new>
@@ -45,17 +46,8 @@ std::string nameOf(ide::VBControl& control) {
     return required(required(control.Properties()).Item("Name")).Value();
 }
 
-bool isMadeOfNameCharacters(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), base::isNameCharacter);
-}
-
-bool isName(std::string_view text) {
-    return isMadeOfNameCharacters(text) && text[0] != '_' && (text[0] < '0' || text[0] > '9');
-}
-
-// Of a class only that it cannot be taken for something else: libraries may name theirs as they like.
 bool hasNames(ide::VBControl& control) {
-    return isName(nameOf(control)) && isMadeOfNameCharacters(control.ClassName());
+    return isControlOfNames(nameOf(control), control.ClassName());
 }
 
 // One Create command, from the reset of the generator to the last line of the report.

@@ -1,7 +1,7 @@
 #include "indexer/stable/memory.h"
 
-#include "base/text.h"
 #include "indexer/text_lines.h"
+#include "indexer/valid_name.h"
 
 #include <algorithm>
 #include <charconv>
@@ -15,10 +15,6 @@ namespace {
 constexpr std::string_view mark = "// @", version = "1", none = "-";
 constexpr std::string_view onDefault = "default", deleted = "deleted", leftOut = "out", adopted = "adopted",
                            from = "from=";
-
-bool isName(std::string_view text) {
-    return !text.empty() && std::all_of(text.begin(), text.end(), base::isNameCharacter);
-}
 
 template <class Number>
 bool readNumber(std::string_view text, Number lowest, Number& number) {
@@ -41,7 +37,7 @@ void appendControl(std::string& lines, const RememberedControl& control) {
     if (control.isAdopted) lines.append(" ").append(adopted);
     if (control.standing == Standing::OnDefault) lines.append(" ").append(onDefault);
     if (control.standing == Standing::Deleted) lines.append(" ").append(deleted);
-    if (control.standing == Standing::LeftOut) lines.append(" ").append(leftOut);
+    if (control.isLeftOut) lines.append(" ").append(leftOut);
     if (!control.perhapsFrom.empty()) lines.append(" ").append(from).append(control.perhapsFrom);
     lines += "\r\n";
 }
@@ -84,14 +80,14 @@ class MemoryReader {
 
     std::string readDesigner() {
         designer_ = next();
-        return isName(designer_) && isDone() ? "" : noLine;
+        return isMadeOfNameCharacters(designer_) && isDone() ? "" : noLine;
     }
 
     static bool readName(std::string_view text, std::string& name, std::optional<std::int32_t>& index) {
         if (text == none) return true;
         const auto bracket = std::min(text.find('('), text.size());
         name = text.substr(0, bracket);
-        if (!isName(name)) return false;
+        if (!isMadeOfNameCharacters(name)) return false;
         if (bracket == text.size()) return true;
         return text.back() == ')' &&
                readNumber(text.substr(bracket + 1, text.size() - bracket - 2), 0, index.emplace());
@@ -99,7 +95,7 @@ class MemoryReader {
 
     bool readNameAndNumber(std::string& idhName, std::int32_t& number) {
         idhName = next();
-        return isName(idhName) && readNumber(next(), 1, number);
+        return isMadeOfNameCharacters(idhName) && readNumber(next(), 1, number);
     }
 
     std::string readControl() {
@@ -107,7 +103,7 @@ class MemoryReader {
         control.place.designer = designer_;
         if (designer_.empty() || !readName(next(), control.place.control, control.place.index)) return noLine;
         control.className = next();
-        if (!isName(control.className)) return noLine;
+        if (!isMadeOfNameCharacters(control.className)) return noLine;
         const auto container = next();
         ControlPlace inside;
         if (!readName(container, inside.control, inside.index)) return noLine;
@@ -128,10 +124,10 @@ class MemoryReader {
         if (word == adopted) return control.isAdopted = true;
         if (word == onDefault) return stand(Standing::OnDefault);
         if (word == deleted) return stand(Standing::Deleted);
-        if (word == leftOut) return stand(Standing::LeftOut);
+        if (word == leftOut) return control.isLeftOut = true;
         if (word.substr(0, from.size()) != from) return false;
         control.perhapsFrom = word.substr(from.size());
-        return isName(control.perhapsFrom);
+        return isMadeOfNameCharacters(control.perhapsFrom);
     }
 
     std::string readRetired() {
@@ -144,12 +140,15 @@ class MemoryReader {
     std::string readWritten() {
         auto& written = memory.written.emplace_back();
         written.place.designer = next();
-        if (!isName(written.place.designer) || !readName(next(), written.place.control, written.place.index))
+        if (!isMadeOfNameCharacters(written.place.designer) ||
+            !readName(next(), written.place.control, written.place.index))
             return noLine;
         written.property = next();
         constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
-        return isName(written.property) && readNumber(next(), lowest, written.value) && isDone() ? ""
-                                                                                                 : noLine;
+        return isMadeOfNameCharacters(written.property) && readNumber(next(), lowest, written.value) &&
+                       isDone()
+                   ? ""
+                   : noLine;
     }
 
     std::string readEnd() {
@@ -175,7 +174,7 @@ bool operator==(const ControlPlace& a, const ControlPlace& b) {
 bool operator==(const RememberedControl& a, const RememberedControl& b) {
     const auto all = [](const RememberedControl& control) {
         return std::tie(control.place, control.className, control.container, control.idhName, control.number,
-                        control.standing, control.isAdopted, control.perhapsFrom);
+                        control.standing, control.isLeftOut, control.isAdopted, control.perhapsFrom);
     };
     return all(a) == all(b);
 }

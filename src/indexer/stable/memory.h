@@ -27,7 +27,6 @@ enum class Standing {
     Indexed,
     OnDefault, ///< it shows the default topic
     Deleted,   ///< by the author: it stays out
-    LeftOut,   ///< by the options of the last run: its name and number wait for it
 };
 
 /// A control that the project had when the index was made.
@@ -38,6 +37,7 @@ struct RememberedControl {
     std::string idhName;   ///< its own, which it keeps in every standing; the default one if it never had one
     std::int32_t number = 0;
     Standing standing = Standing::Indexed;
+    bool isLeftOut = false; ///< by the options of the last run: its name and number wait for it
     bool isAdopted = false; ///< the designer's file had the number first
     /// The name of a control that went when this one came: perhaps it was only renamed. Empty: none, or that
     /// is settled.
