@@ -46,6 +46,7 @@ cli::IndexSettings settingsOf(const std::string& options) {
     settings.project = "p.vbp";
     settings.header = "a.h";
     settings.config = "a.hcnf";
+    settings.isClassic = true;
     std::istringstream stream(options);
     for (std::string line; std::getline(stream, line);) {
         if (!line.empty() && line.back() == '\r') line.pop_back();

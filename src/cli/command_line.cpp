@@ -181,6 +181,31 @@ CLI::Validator wordsOf(const std::array<OptionWord, 6>& words) {
     return CLI::Validator(check, "");
 }
 
+void addNumbering(CLI::App& index, IndexSettings& settings) {
+    index
+        .add_option_function<std::string>(
+            "--numbering", [&settings](const std::string& word) { settings.isClassic = word == "classic"; },
+            "stable: a control keeps its name and number from run to run, what the header remembers; classic: all are numbered anew, as by the add-in")
+        ->take_last()
+        ->option_text("stable|classic")
+        ->check(CLI::IsMember({"stable", "classic"}));
+    index
+        .add_option("--names", settings.names, "Names of new controls: IDH_AAAB or IDH_frmOrder_cboSupplier")
+        ->take_last()
+        ->option_text("sequence|readable")
+        ->check(CLI::IsMember({"sequence", "readable"}));
+    index.add_flag("--designers", settings.designersToo,
+                   "Give each form, user control, property page and document an entry of its own");
+    index.add_flag("--renames", settings.takesRenames,
+                   "Take the renames that are offered: the control keeps name, number and text");
+    index.add_flag("--no-renames", settings.declinesRenames,
+                   "Take none of them, and do not offer them again");
+    index.add_flag("--restore", settings.restoresDeleted,
+                   "Take controls that were deleted from the index into it again");
+    index.add_flag("--check", settings.check,
+                   "Write nothing; list where the index's files do not match the project");
+}
+
 void addIndex(CLI::App& app, IndexSettings& settings) {
     CLI::App& index = *app.add_subcommand("index", "Give the controls of a project help context IDs");
     index.footer(
@@ -219,6 +244,7 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     option("--default-text", settings.defaultText, "TEXT", "The default topic's text, with --text");
     option("--report", settings.report, "FILE", "Save the report (.log)");
     option("--project-file", settings.projectFile, "FILE", "Save the indexer project (.icp)");
+    addNumbering(index, settings);
     index.add_flag("--overwrite", settings.overwrite, "Replace files that this command has not written");
     index.callback([&settings] {
         const auto wrong = wrongUsage(settings);

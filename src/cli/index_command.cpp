@@ -8,6 +8,7 @@
 #include "cli/index_outputs.h"
 #include "cli/interrupted_changes.h"
 #include "cli/line_ends.h"
+#include "cli/stable_index.h"
 #include "cli/terminal.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/workspace.h"
@@ -25,6 +26,7 @@
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -90,18 +92,25 @@ class IndexRun {
 
     int run() {
         const auto files = lockedFiles();
-        const base::FolderLock lock(files); // until all is written
-        completeInterruptedChanges(files);
+        std::optional<base::FolderLock> lock; // until all is written
+        if (!settings_.check) {
+            lock.emplace(files);
+            completeInterruptedChanges(files);
+        }
         if (open() && readDesigners() && checkOutputs() && readOptions()) {
             analysis_.analyseProject(project_, job_.options, messages_);
             // A project on disk, every designer of which could be read, fails for lack of memory alone.
             if (!analysis_.isComplete()) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
             report_.AddInfo_Rpt(dateAndTime_, analysis_.captions());
-            if (prepareJob() && create()) {
-                addTexts();
+            if (prepareJob() && (settings_.isClassic ? create() : createStable())) {
+                if (settings_.isClassic) addTexts();
                 addProjectFile();
-                addReport();
-                if (write()) printResults();
+                if (settings_.check)
+                    printMismatches();
+                else {
+                    addReport();
+                    if (write()) printResults();
+                }
             }
         }
         return status_;
@@ -212,19 +221,118 @@ class IndexRun {
         job_.txtModule = *settings_.module;
         if (settings_.replaceModule)
             onDisk_->removeModule(base::trimSpaces(job_.txtModule), base::pathOf(job_.modulePath));
-        const auto lines = indexer::mappingModuleLines(job_);
-        if (lines > indexer::mostModuleLines)
-            return stop(exitLookAt, "The mapping module would have " + std::to_string(lines) +
-                                        " lines; the IDE takes " + std::to_string(indexer::mostModuleLines));
-        return true;
+        return !settings_.isClassic || requireLines(indexer::mappingModuleLines(job_));
+    }
+
+    bool requireLines(std::int64_t lines) {
+        return lines <= indexer::mostModuleLines ||
+               stop(exitLookAt, "The mapping module would have " + std::to_string(lines) +
+                                    " lines; the IDE takes " + std::to_string(indexer::mostModuleLines));
     }
 
     bool create() {
         const auto outcome = indexer::createIndex(job_, report_, messages_);
+        if (outcome == indexer::IndexOutcome::Created && settings_.autoload) warnOfLongProcedures();
         if (messages_.anyPrinted()) status_ = std::max(status_, exitLookAt);
         if (outcome == indexer::IndexOutcome::Created) return true;
         if (outcome != indexer::IndexOutcome::ModuleRefused) status_ = std::max(status_, exitFailed);
         return false;
+    }
+
+    // Here it is the add-in's module, which has one procedure a designer.
+    void warnOfLongProcedures() const {
+        const auto name = indexer::stable::longProcedure(files_.newBytes(*settings_.moduleFile));
+        if (name.empty()) return;
+        std::cerr << shown(*settings_.moduleFile) << ": warning: " << shown(name)
+                  << " has more than 64 KB, which the compiler may refuse; --numbering stable divides it"
+                  << std::endl;
+    }
+
+    // Numbers that stay. Up to here the two ways are one, and from the indexer project on.
+    bool createStable() {
+        stable_.emplace(settings_, job_, *onDisk_, files_, messages_);
+        const auto reason = stable_->number();
+        if (messages_.anyPrinted()) status_ = std::max(status_, exitLookAt);
+        if (!reason.empty()) return stop(exitFailed, reason);
+        if (!stable_->note().empty()) std::cerr << stable_->note() << std::endl;
+        report_.AddOptions_Rpt(job_.options);
+        report_.append("***** Indexing Started *******");
+        std::shared_ptr<ide::VBComponent> module;
+        try {
+            if (settings_.module && !addModule(module)) return false;
+        } catch (const base::RunTimeError& error) { // of a name that the IDE would not take
+            return stop(exitLookAt, base::reasonOf(error));
+        }
+        report_.append("Created header file: " + job_.headerPath);
+        report_.append("Created Configuration file: " + job_.configurationPath);
+        stable_->putHeaderAndConfiguration();
+        if (module) {
+            module->SaveAs(job_.modulePath);
+            report_.append("Module Path= " + job_.modulePath);
+            report_.append("Module saved");
+        }
+        report_.append("*** Indexing done ***");
+        if (settings_.text) {
+            stable_->putTexts();
+            report_.append(indexer::createdTextFile(*settings_.text));
+        }
+        for (const auto& section : stable_->sections()) {
+            report_.append("** " + section.title + " **");
+            for (const auto& line : section.lines) report_.append(line);
+        }
+        return true;
+    }
+
+    bool addModule(std::shared_ptr<ide::VBComponent>& module) {
+        const auto code = stable_->moduleCode();
+        if (!requireLines(static_cast<std::int64_t>(code.lines.size()))) return false;
+        if (code.identifiers > indexer::stable::mostIdentifiers)
+            fail(exitLookAt, shown(job_.txtModule) + ": warning: the module declares " +
+                                 std::to_string(code.identifiers) +
+                                 " identifiers; the compiler takes about " +
+                                 std::to_string(indexer::stable::mostIdentifiers) + " in a project");
+        std::string name = job_.txtModule;
+        if (!indexer::validModule(name, *project_)) {
+            messages_.msgBox(indexer::invalidModuleName(name));
+            status_ = std::max(status_, exitLookAt);
+            return false;
+        }
+        module = project_->VBComponents()->Add(ide::ComponentType::StdModule);
+        module->setName(base::trimSpaces(job_.txtModule));
+        std::string text;
+        for (const auto& line : code.lines) text.append(text.empty() ? "" : "\r\n").append(line);
+        if (!text.empty()) module->CodeModule()->InsertLines(1, text);
+        report_.append("Added module :" + module->Name());
+        stable_->add(indexer::stable::sectionsOfModule(code.notReached));
+        return true;
+    }
+
+    // What --check is asked for.
+    void printMismatches() {
+        bool anyMismatch = false;
+        for (const auto& section : stable_->sections()) {
+            anyMismatch = anyMismatch || section.isMismatch;
+            for (const auto& line : section.lines) std::cout << section.title << ": " << shown(line) << '\n';
+        }
+        files_.dropUnchanged();
+        for (const auto& path : files_.paths()) {
+            anyMismatch = true;
+            std::cout << "Would change: " << shown(path) << '\n';
+        }
+        if (anyMismatch) status_ = std::max(status_, exitLookAt);
+        if (!std::cout.flush()) fail(exitFailed, "standard output: could not be written");
+    }
+
+    // What the user is to decide on, or would not expect.
+    void tellSections() {
+        for (const auto& section : stable_->sections()) {
+            if (section.title == "New" || section.title == "Text missing") continue;
+            for (const auto& line : section.lines) std::cerr << section.title << ": " << shown(line) << '\n';
+        }
+        if (!stable_->offersRenames()) return;
+        fail(exitLookAt,
+             "With --renames these controls keep their names, numbers and texts; with --no-renames "
+             "they are new ones.");
     }
 
     void addTexts() {
@@ -248,7 +356,14 @@ class IndexRun {
         info[indexer::slot::text] = settings_.text.value_or("");
         info[indexer::slot::moduleName] = base::trimSpaces(settings_.module.value_or(""));
         info[indexer::slot::moduleFile] = settings_.moduleFile.value_or("");
-        put(*settings_.projectFile, indexer::fileOfLines(indexer::projectFileLines(dateAndTime_, info)));
+        auto bytes = indexer::fileOfLines(indexer::projectFileLines(dateAndTime_, info));
+        // Only the time is another: nothing has changed.
+        const auto old = files_.oldBytes(*settings_.projectFile);
+        const auto afterFirstLine = [](std::string_view text) {
+            return text.substr(std::min(text.find('\n'), text.size()));
+        };
+        if (!settings_.isClassic && afterFirstLine(old) == afterFirstLine(bytes)) bytes = old;
+        put(*settings_.projectFile, std::move(bytes));
     }
 
     void addReport() {
@@ -258,6 +373,10 @@ class IndexRun {
     void put(const std::string& path, std::string bytes) { files_.put(base::pathOf(path), std::move(bytes)); }
 
     bool write() {
+        if (stable_) {
+            files_.dropUnchanged();
+            tellSections();
+        }
         outliveReaders(); // what has been written is to be told of in the exit status at least
         if (const auto reason = files_.write()) return stop(exitFailed, *reason);
         if (settings_.projectFile && !settings_.text)
@@ -282,6 +401,7 @@ class IndexRun {
     indexer::Report report_;
     Messages messages_;
     IndexFiles files_;
+    std::optional<StableIndex> stable_;
     ExitStatus status_ = exitDone;
 };
 

@@ -8,6 +8,7 @@
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
 #include "indexer/replaceable.h"
+#include "indexer/stable/module_code.h"
 
 #include <algorithm>
 #include <exception>
@@ -144,6 +145,8 @@ struct Recognition {
 
 Recognition recognise(const Output& output, std::string_view bytes, const IndexSettings& settings) {
     using namespace indexer;
+    // Whoever takes its numbers up reads every line of it.
+    if (output.option == "--header" && !settings.isClassic) return {true, {}};
     if (output.option == "--header") return {isHeaderOfOurs(bytes), "header file"};
     if (output.option == "--config") return {isConfigurationOfOurs(bytes), "configuration file"};
     if (output.option == "--report") return {isReportOfOurs(bytes), "report"};
@@ -151,7 +154,9 @@ Recognition recognise(const Output& output, std::string_view bytes, const IndexS
     if (output.option == "--text")
         return {base::whatInsteadOfText(bytes).empty() && isTextFileOfOurs(bytes), "text file"};
     const auto name = base::trimSpaces(*settings.module);
-    return {isMappingModuleOfOurs(bytes, name), "module named " + shown(name)};
+    const bool isOurs = isMappingModuleOfOurs(bytes, name) ||
+                        (!settings.isClassic && stable::isMappingCodeOfOurs(bytes, name));
+    return {isOurs, "module named " + shown(name)};
 }
 
 } // namespace
@@ -245,6 +250,14 @@ std::optional<std::string> IndexFiles::write() {
         return reason(error);
     }
     return {};
+}
+
+void IndexFiles::dropUnchanged() {
+    const auto isUnchanged = [this](const NewFile& file) {
+        const auto old = old_.find(file.path);
+        return old != old_.end() && !old->second.how.onlyNew && old->second.bytes == file.bytes;
+    };
+    new_.erase(std::remove_if(new_.begin(), new_.end(), isUnchanged), new_.end());
 }
 
 std::vector<std::string> IndexFiles::paths() const {

@@ -36,6 +36,8 @@ class IndexFiles {
     void put(const std::filesystem::path& path, std::string bytes, base::ReplaceOptions how = {});
     /// The bytes of one that was put.
     std::string_view newBytes(const std::string& path) const;
+    /// Forgets new files that are as their old ones.
+    void dropUnchanged();
     /// Writes all of them beside their places and puts them there. What went wrong; nothing if all are there.
     /// In the first case every old file is as it was.
     std::optional<std::string> write();

@@ -8,6 +8,16 @@ namespace corvelle::cli {
 
 namespace {
 
+// The option that only numbers that stay know, if one is given; empty: none is.
+std::string_view stableOption(const IndexSettings& settings) {
+    if (settings.names) return "--names";
+    if (settings.takesRenames) return "--renames";
+    if (settings.declinesRenames) return "--no-renames";
+    if (settings.restoresDeleted) return "--restore";
+    if (settings.designersToo) return "--designers";
+    return settings.check ? "--check" : "";
+}
+
 bool isEmpty(const std::optional<std::string>& path) {
     return path && path->empty();
 }
@@ -29,7 +39,21 @@ std::optional<std::string> checkBoxes(std::string_view list, const std::array<Op
     return std::nullopt;
 }
 
+indexer::stable::NumberingOptions numberingOptions(const IndexSettings& settings) {
+    using namespace indexer::stable;
+    NumberingOptions options;
+    if (settings.names == "readable") options.names = NameKind::Readable;
+    if (settings.takesRenames) options.renames = RenamesAre::Taken;
+    if (settings.declinesRenames) options.renames = RenamesAre::Declined;
+    options.restoresDeleted = settings.restoresDeleted;
+    return options;
+}
+
 std::string wrongUsage(const IndexSettings& settings) {
+    const auto stable = stableOption(settings);
+    if (settings.isClassic && !stable.empty()) return std::string(stable) + ": only with --numbering stable";
+    if (settings.takesRenames && settings.declinesRenames)
+        return "--renames and --no-renames: only one of them";
     if (settings.module.has_value() != settings.moduleFile.has_value())
         return "--module and --module-file: only together";
     if (settings.autoload && !settings.module) return "--autoload: needs --module";

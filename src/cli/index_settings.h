@@ -1,6 +1,7 @@
 #pragma once
 
 #include "indexer/index_options.h"
+#include "indexer/stable/numbering.h"
 
 #include <array>
 #include <optional>
@@ -26,6 +27,15 @@ struct IndexSettings {
     std::optional<std::string> report;
     std::optional<std::string> projectFile;
     bool overwrite = false; ///< whether outputs replace files that are none of ours
+
+    bool isClassic = false; ///< numbers as the add-in gives them, anew in each run
+    // The rest is for numbers that stay only.
+    std::optional<std::string> names; ///< "sequence" or "readable"
+    bool takesRenames = false;
+    bool declinesRenames = false;
+    bool restoresDeleted = false;
+    bool designersToo = false; ///< whether forms and their like get entries of their own
+    bool check = false;        ///< write nothing, list what the files do not say as the project does
 };
 
 /// A word of a list and the check box that it stands for.
@@ -56,6 +66,9 @@ inline constexpr std::array<OptionWord, 6> exclusionWords{{
 /// empty list names none.
 std::optional<std::string> checkBoxes(std::string_view list, const std::array<OptionWord, 6>& words,
                                       indexer::IndexOptions& options);
+
+/// How the settings want controls numbered.
+indexer::stable::NumberingOptions numberingOptions(const IndexSettings& settings);
 
 /// What is wrong with settings that contradict one another; empty if nothing is.
 std::string wrongUsage(const IndexSettings& settings);

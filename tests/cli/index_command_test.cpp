@@ -28,6 +28,7 @@ const std::string form =
 const std::string project =
     "Type=Exe\r\nForm=frmMain.frm\r\nModule=Module1; Module1.bas\r\nName=\"Proj\"\r\n";
 const std::string files = "index p.vbp --header o/a.h --config o/a.hcnf ";
+const std::string classic = files + "--numbering classic ";
 const std::string module = "--module modHelp --module-file o/modHelp.bas ";
 
 // With "#" in the place of date and time.
@@ -84,7 +85,7 @@ class IndexCommand : public testing::Test {
 };
 
 TEST_F(IndexCommand, WritesTheHeaderAndTheConfiguration) {
-    const auto result = run(files);
+    const auto result = run(classic);
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_EQ(result.out,
@@ -101,7 +102,7 @@ TEST_F(IndexCommand, WritesTheHeaderAndTheConfiguration) {
 }
 
 TEST_F(IndexCommand, AddsTheMappingModuleToTheProject) {
-    const auto result = run(files + module + "--autoload --exclude labels");
+    const auto result = run(classic + module + "--autoload --exclude labels");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, EndsWith("Total Controls: 3\no/a.h\no/a.hcnf\no/modHelp.bas\np.vbp\n"));
     EXPECT_EQ(
@@ -167,7 +168,7 @@ TEST_F(IndexCommand, TrimsTheModulesNameAsTheWizardsBoxDoes) {
 }
 
 TEST_F(IndexCommand, WritesTheTextsAndKeepsThoseOfAnOlderFile) {
-    auto result = run(files + "--text o/a.txt --exclude labels");
+    auto result = run(classic + "--text o/a.txt --exclude labels");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, EndsWith("o/a.hcnf\no/a.txt\n"));
     EXPECT_EQ(folder.read("o/a.txt"),
@@ -175,23 +176,23 @@ TEST_F(IndexCommand, WritesTheTextsAndKeepsThoseOfAnOlderFile) {
               ".topic  IDH_AAAB\r\n\r\n.topic  IDH_AAAC\r\n\r\n");
     folder.write("o/a.txt",
                  ".topic  IDH_AAAA\r\nOld\r\n.topic  IDH_AAAC\r\nThe\r\nname.\r\n.topic  IDH_ZZZZ\r\nx\r\n");
-    result = run(files + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
+    result = run(classic + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
     EXPECT_EQ(result.status, 0);
     const std::string wanted =
         ".topic  IDH_AAAA\r\nAsk\r\nus\r\n.topic  IDH_AAAB\r\n\r\n.topic  IDH_AAAC\r\n The name.\r\n";
     EXPECT_EQ(folder.read("o/a.txt"), wanted);
     // An empty line is read as one space, from then on nothing changes.
-    run(files + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
+    run(classic + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
     const auto settled = folder.read("o/a.txt");
     EXPECT_EQ(settled,
               ".topic  IDH_AAAA\r\nAsk\r\nus\r\n.topic  IDH_AAAB\r\n \r\n.topic  IDH_AAAC\r\n The name.\r\n");
-    run(files + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
+    run(classic + "--text o/a.txt --default-text 'Ask\nus' --exclude labels");
     EXPECT_EQ(folder.read("o/a.txt"), settled);
 }
 
 TEST_F(IndexCommand, SavesTheReportLastOfAll) {
     const auto result =
-        run(files + module + "--text o/a.txt --project-file o/a.icp --report o/a.log --exclude menus");
+        run(classic + module + "--text o/a.txt --project-file o/a.icp --report o/a.log --exclude menus");
     EXPECT_EQ(result.status, 0);
     EXPECT_THAT(result.out, EndsWith("o/modHelp.bas\np.vbp\no/a.txt\no/a.icp\no/a.log\n"));
     const auto report = folder.read("o/a.log");
@@ -223,26 +224,26 @@ TEST_F(IndexCommand, PresetsTheComponentsByTheProjectsType) {
                  "VERSION 5.00\r\nBegin VB.UserControl c \r\n   Begin VB.TextBox t \r\n   End\r\nEnd\r\n");
     const auto all = project + "UserControl=c.ctl\r\n";
     folder.write("p.vbp", all);
-    run(files);
+    run(classic);
     EXPECT_THAT(folder.read("o/a.hcnf"), Not(HasSubstr("<P>c</P>")));
-    run(files + "--components controls,forms");
+    run(classic + "--components controls,forms");
     EXPECT_THAT(folder.read("o/a.hcnf"), EndsWith("<P>c</P>\r\n<C>t TextBox IDH_AAAE</C>\r\n"));
-    run(files + "--components controls");
+    run(classic + "--components controls");
     EXPECT_EQ(folder.read("o/a.hcnf"), "<P>c</P>\r\n<C>t TextBox IDH_AAAB</C>\r\n");
-    const auto none = run(files + "--components ''");
+    const auto none = run(classic + "--components ''");
     EXPECT_EQ(none.status, 0);
     EXPECT_EQ(folder.read("o/a.hcnf"), "");
     EXPECT_THAT(none.out, HasSubstr("VB Forms: 1\nActiveX Controls: 1\n"));
     EXPECT_THAT(none.out, HasSubstr("Total Controls: 0\n"));
     folder.write("p.vbp", std::string("Type=Control\r\n").append(all, 10));
-    run(files);
+    run(classic);
     EXPECT_THAT(folder.read("o/a.hcnf"), HasSubstr("<P>c</P>"));
     folder.write("d.dob", "VERSION 5.00\r\nBegin VB.UserDocument d \r\nEnd\r\n");
     folder.write("m.frm", "VERSION 5.00\r\nBegin VB.MDIForm m \r\nEnd\r\nAttribute VB_Name = \"m\"\r\n");
     for (const std::string type : {"OleDll", "OleExe", "Exe"}) {
         folder.write("p.vbp",
                      "Type=" + type + "\r\n" + all.substr(10) + "UserDocument=d.dob\r\nForm=m.frm\r\n");
-        EXPECT_EQ(run(files).status, 0);
+        EXPECT_EQ(run(classic).status, 0);
         const auto mappings = folder.read("o/a.hcnf");
         EXPECT_THAT(mappings, HasSubstr("<P>frmMain</P>")) << type;
         EXPECT_EQ(mappings.find("<P>d</P>") != std::string::npos, type != "Exe");
@@ -467,7 +468,7 @@ TEST_F(IndexCommand, WritesAModuleNearTheIDEsLimit) {
     std::string large = "VERSION 5.00\r\nBegin VB.Form frmMain \r\n";
     for (int i = 0; i < 32765; ++i) large += "   Begin VB.TextBox t \r\n   End\r\n";
     folder.write("frmMain.frm", large + "End\r\nAttribute VB_Name = \"frmMain\"\r\n");
-    EXPECT_EQ(run(files + module + "--autoload").status, 0);
+    EXPECT_EQ(run(classic + module + "--autoload").status, 0);
     const auto code = folder.read("o/modHelp.bas");
     EXPECT_EQ(std::count(code.begin(), code.end(), '\n'), 65535); // and the hidden line
     const auto procedures = code.find("Public Sub");
@@ -479,7 +480,7 @@ TEST_F(IndexCommand, TellsThatItRanOutOfNames) {
     std::string large = "VERSION 5.00\r\nBegin VB.Form frmMain \r\n";
     for (int i = 0; i < 26 * 26 * 26 * 26; ++i) large += "   Begin VB.TextBox t \r\n   End\r\n";
     folder.write("frmMain.frm", large + "End\r\nAttribute VB_Name = \"frmMain\"\r\n");
-    const auto result = run(files);
+    const auto result = run(classic);
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "You need to reset the IDGen\n");
     EXPECT_THAT(result.out, EndsWith("o/a.h\no/a.hcnf\n"));
@@ -510,10 +511,26 @@ TEST_F(IndexCommand, TakesPathsWithLettersBeyondASCII) {
 TEST_F(IndexCommand, HasHelp) {
     const auto result = run("index --help");
     EXPECT_EQ(result.status, 0);
-    for (const char* option :
-         {"--header FILE", "--config FILE", "--components LIST", "--exclude LIST", "--exclude-list FILE",
-          "--module NAME", "--module-file FILE", "--replace-module", "--autoload", "--text FILE",
-          "--default-text TEXT", "--report FILE", "--project-file FILE"})
+    for (const char* option : {"--header FILE",
+                               "--config FILE",
+                               "--components LIST",
+                               "--exclude LIST",
+                               "--exclude-list FILE",
+                               "--module NAME",
+                               "--module-file FILE",
+                               "--replace-module",
+                               "--autoload",
+                               "--text FILE",
+                               "--default-text TEXT",
+                               "--report FILE",
+                               "--project-file FILE",
+                               "--numbering stable|classic",
+                               "--names sequence|readable",
+                               "--designers",
+                               "--renames",
+                               "--no-renames",
+                               "--restore",
+                               "--check"})
         EXPECT_THAT(result.out, HasSubstr(option));
 }
 
@@ -524,7 +541,7 @@ TEST_F(IndexCommand, IndexesTheExamples) {
             "--exclude-list examples/exclude.lst --header o/a.h --config o/a.hcnf " +
             module + "--autoload --text o/a.txt --report o/a.log --project-file o/a.icp");
     EXPECT_EQ(result.status, 0) << result.err;
-    EXPECT_EQ(result.err, "");
+    EXPECT_EQ(result.err, "Without a procedure, since no module reaches its controls: StockGauge\n");
     EXPECT_THAT(folder.read("o/a.hcnf"), HasSubstr("<C>tbrMain Toolbar IDH_AAAB</C>\r\n"));
     EXPECT_THAT(folder.read("examples/Stockroom/Stockroom.vbp"),
                 HasSubstr("\r\nModule=modHelp; ..\\..\\o\\modHelp.bas\r\n"));

@@ -145,7 +145,7 @@ TEST_F(IndexOutputs, HoldNothingThatIsNoName) {
                  "   Begin VB.Label Gr\xFC\xDF"
                  "e_1 \r\n   End\r\n"
                  "End\r\nAttribute VB_Name = \"frmMain\"\r\n");
-    const auto result = run({}, {"--autoload"});
+    const auto result = run({}, {"--autoload", "--numbering", "classic"});
     EXPECT_EQ(result.status, 1);
     EXPECT_EQ(result.err, "frmMain: a.Caption=Kill: its name or its class is no name; it is left out\n"
                           "frmMain: </C>: its name or its class is no name; it is left out\n"

@@ -190,6 +190,8 @@ TEST_F(WholeIndexerRoad, LeavesTheFilesThatTheCommandLineLeaves) {
     waitForTitle(clean);
 
     runCorvelle({"index",
+                 "--numbering",
+                 "classic",
                  "--components",
                  "forms,mdi,controls",
                  "--exclude",
@@ -268,8 +270,8 @@ TEST_F(WholeIndexerRoad, KeepsTheListOfWhatIsNotIndexed) {
     type(boxes.at(1), path("a.hcnf"));
     click(wizard, "&Create");
     User::waitUntil("the index", [wizard] { return User::isEnabled(wizard, "&Next"); });
-    runCorvelle({"index", "--exclude-list", path("exclude.lst"), "--header", copyPath("a.h"), "--config",
-                 copyPath("a.hcnf"), copyPath("Stockroom.vbp")});
+    runCorvelle({"index", "--numbering", "classic", "--exclude-list", path("exclude.lst"), "--header",
+                 copyPath("a.h"), "--config", copyPath("a.hcnf"), copyPath("Stockroom.vbp")});
     for (const char* name : {"a.h", "a.hcnf", "Stockroom.vbp"}) expectAsTheCommandLine(name);
     EXPECT_EQ(std::string::npos, folder.read("a.hcnf").find(" TextBox "));
     EXPECT_NE(std::string::npos, folder.read("a.hcnf").find(" ComboBox "));

@@ -1,6 +1,6 @@
 #include "indexer/stable/sections.h"
 
-#include "base/path_text.h"
+#include "base/paths.h"
 
 #include <unordered_map>
 #include <utility>

@@ -5,7 +5,7 @@
 #include "indexer/text_file.h"
 #include "indexer/text_file.h"
 #include "indexer/text_lines.h"
-#include "indexer/topic_edit.h"
+#include "indexer/text_file.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -11,13 +11,21 @@ Memory everything() {
     Memory memory;
     memory.controls.push_back({{"frmMain", "", {}}, "Form", "", "IDH_AAAB", 1001});
     memory.controls.push_back(
-        {{"frmMain", "fraTop", 1}, "Frame", "", "IDH_AAAC", 77, Standing::Indexed, true});
+        {{"frmMain", "fraTop", 1}, "Frame", "", "IDH_AAAC", 77, Standing::Indexed, false, true});
     memory.controls.push_back(
         {{"frmMain", "cmdNav", 0}, "CommandButton", "fraTop(1)", "IDH_AAAD", 1003, Standing::Deleted});
-    memory.controls.push_back({{"frmOther", "lblA", {}}, "Label", "", "IDH_AAAE", 1004, Standing::LeftOut});
-    memory.controls.push_back({{"frmOther", "lblB", {}}, "Label", "", "IDH_AAAA", 1000, Standing::OnDefault});
     memory.controls.push_back(
-        {{"frmOther", "lblC", {}}, "Label", "", "IDH_AAAF", 1005, Standing::Indexed, false, "IDH_AAAG"});
+        {{"frmOther", "lblA", {}}, "Label", "", "IDH_AAAE", 1004, Standing::OnDefault, true});
+    memory.controls.push_back({{"frmOther", "lblB", {}}, "Label", "", "IDH_AAAA", 1000, Standing::OnDefault});
+    memory.controls.push_back({{"frmOther", "lblC", {}},
+                               "Label",
+                               "",
+                               "IDH_AAAF",
+                               1005,
+                               Standing::Indexed,
+                               false,
+                               false,
+                               "IDH_AAAG"});
     memory.retired.push_back({"IDH_AAAG", 1006});
     memory.retired.push_back({"IDH_AAAH", 5, true});
     memory.written.push_back({{"frmMain", "", {}}, "WhatsThisHelp", -1});
@@ -38,7 +46,7 @@ TEST(Memory, StandsInCommentLines) {
                                      "// @control fraTop(1) Frame - IDH_AAAC 77 adopted\r\n"
                                      "// @control cmdNav(0) CommandButton fraTop(1) IDH_AAAD 1003 deleted\r\n"
                                      "// @designer frmOther\r\n"
-                                     "// @control lblA Label - IDH_AAAE 1004 out\r\n"
+                                     "// @control lblA Label - IDH_AAAE 1004 default out\r\n"
                                      "// @control lblB Label - IDH_AAAA 1000 default\r\n"
                                      "// @control lblC Label - IDH_AAAF 1005 from=IDH_AAAG\r\n"
                                      "// @retired IDH_AAAG 1006\r\n"
@@ -96,7 +104,7 @@ TEST(Memory, TellsTheLineThatIsWrong) {
              "control a Label - IDH_AAAB 99999999999999999999",
              "control a Label - IDH_AAAB 1001 ",
              "control a Label - IDH_AAAB 1001 what",
-             "control a Label - IDH_AAAB 1001 deleted out",
+             "control a Label - IDH_AAAB 1001 deleted default",
              "control a Label - IDH_AAAB 1001 from=",
              "control  a Label - IDH_AAAB 1001",
              "control a( Label - IDH_AAAB 1001",

@@ -159,9 +159,9 @@ TEST_F(IndexerOnScreen, LeavesTheFilesThatTheCommandLineLeaves) {
 
     const auto in = [this](const char* name) { return path("command", name); };
     const auto run = corvelle::test::runCorvelle(
-        {"index", "--header", in("a.h"), "--config", in("a.hcnf"), "--module", "modHelp", "--module-file",
-         in("modHelp.bas"), "--autoload", "--text", in("a.txt"), "--report", in("a.log"), "--project-file",
-         in("a.icp"), in("Stockroom.vbp")});
+        {"index", "--numbering", "classic", "--header", in("a.h"), "--config", in("a.hcnf"), "--module",
+         "modHelp", "--module-file", in("modHelp.bas"), "--autoload", "--text", in("a.txt"), "--report",
+         in("a.log"), "--project-file", in("a.icp"), in("Stockroom.vbp")});
     ASSERT_EQ(run.status, 0) << run.err;
     for (const char* name : {"a.h", "a.hcnf", "modHelp.bas", "Stockroom.vbp"}) {
         const auto [wizard, command] = files(name);
