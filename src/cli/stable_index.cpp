@@ -1,7 +1,7 @@
 #include "cli/stable_index.h"
 
-#include "base/text.h"
 #include "base/paths.h"
+#include "base/text.h"
 #include "cli/line_ends.h"
 #include "cli/terminal.h"
 #include "ide/workspace/designer_controls.h"

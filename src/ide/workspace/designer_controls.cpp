@@ -1,10 +1,9 @@
 #include "ide/workspace/designer_controls.h"
 
+#include "base/line_reader.h"
 #include "base/text.h"
 #include "ide/workspace/designer_lines.h"
 #include "ide/workspace/designer_section.h"
-#include "ide/workspace/line_reader.h"
-#include "ide/workspace/line_text.h"
 
 namespace corvelle::workspace {
 
@@ -13,7 +12,7 @@ namespace {
 // Whether the line is of the property; then the value is what stands behind the equals sign.
 bool takeValue(std::string_view line, std::string_view property, std::string_view& value) {
     if (!takeWord(line, property, value) || value.empty() || value[0] != '=') return false;
-    value = withoutLeadingBlanks(value.substr(1));
+    value = base::withoutLeadingBlanks(value.substr(1));
     return true;
 }
 
@@ -23,7 +22,7 @@ class SectionReader {
 
     // False behind the section's last line. Only a line that begins with one of a few letters says anything.
     bool readLine(std::string_view line, std::uint32_t number) {
-        line = withoutLeadingBlanks(line);
+        line = base::withoutLeadingBlanks(line);
         if (line.size() < 3) return true;
         switch (base::lower(line[0])) {
         case 'b':
@@ -121,7 +120,7 @@ class SectionReader {
 DesignerControls readDesignerControls(std::string_view header) {
     DesignerControls section;
     SectionReader reader(section);
-    for (auto lines = linesOf(header); lines.next();) {
+    for (auto lines = base::linesOf(header); lines.next();) {
         if (!reader.readLine(lines.line(), lines.number())) break;
     }
     return section;

@@ -4,6 +4,7 @@
 #include "indexer/help_index.h"
 #include "indexer/index_files.h"
 #include "indexer/stable/help_names.h"
+#include "indexer/stable/sorted_names.h"
 #include "indexer/text_lines.h"
 
 #include <algorithm>
@@ -27,9 +28,6 @@ struct Fault {
 std::string atLine(const char* file, std::uint32_t line, std::string_view reason) {
     return std::string("line ") + std::to_string(line) + " of the " + file + ": " + std::string(reason);
 }
-
-// The names of a header's `#define` lines with their numbers.
-using Numbers = std::unordered_map<std::string_view, std::int32_t>;
 
 struct Define {
     std::string_view name;
@@ -63,14 +61,14 @@ std::vector<Define> definesOf(std::string_view header) {
     return result;
 }
 
-Numbers numbersOf(const std::vector<Define>& defines) {
-    Numbers numbers;
-    numbers.reserve(defines.size());
-    for (const auto& define : defines) {
-        if (!numbers.emplace(define.name, define.number).second)
-            refuse("the header has " + std::string(define.name) + " twice");
-    }
-    return numbers;
+// The places of the lines among all, by their names.
+SortedNames namesOf(const std::vector<Define>& defines) {
+    SortedNames names;
+    names.reserve(defines.size());
+    for (std::size_t i = 0; i < defines.size(); ++i) names.add(defines[i].name, i);
+    const auto twice = names.anyTwice();
+    if (!twice.empty()) refuse("the header has " + std::string(twice) + " twice");
+    return names;
 }
 
 // A configuration file whose lines are all whole.
@@ -97,32 +95,35 @@ std::string inFile(const HelpIndex& index, const IndexEntry& entry) {
     return designerOf(index, entry) + ": " + entry.CtlName + ": ";
 }
 
-void requireNewName(std::unordered_map<std::string_view, std::size_t>& taken, std::string_view name,
-                    std::size_t control) {
-    if (name != defaultIDH && !taken.emplace(name, control).second)
-        refuse("the name " + std::string(name) + " is given twice");
+void requireNamesOnce(SortedNames& names) {
+    const auto twice = names.anyTwice();
+    if (!twice.empty()) refuse("the name " + std::string(twice) + " is given twice");
 }
 
 // Over files without a memory.
-Memory takeOver(const std::vector<Define>& defines, const Numbers& numbers, const HelpIndex& mappings) {
+Memory takeOver(const std::vector<Define>& defines, SortedNames& places, const HelpIndex& mappings) {
     Memory memory;
-    std::unordered_map<std::string_view, std::size_t> taken;
+    SortedNames given;
+    std::vector<bool> isUsed(defines.size(), false);
     memory.controls.reserve(mappings.count());
     for (std::size_t i = 1; i <= mappings.count(); ++i) {
         const auto& entry = mappings.entries[i];
-        requireNewName(taken, entry.IDHName, i);
-        const auto number = numbers.find(entry.IDHName);
-        if (number == numbers.end()) refuse(inFile(mappings, entry) + "the header has no " + entry.IDHName);
         const bool isDefault = entry.IDHName == defaultIDH;
+        if (!isDefault) given.add(entry.IDHName, i);
+        const auto place = places.find(entry.IDHName);
+        if (place == SortedNames::nothing)
+            refuse(inFile(mappings, entry) + "the header has no " + entry.IDHName);
+        isUsed[place] = true;
         memory.controls.push_back({{designerOf(mappings, entry), entry.CtlName, {}},
                                    entry.CtlClass,
                                    {},
                                    entry.IDHName,
-                                   number->second,
+                                   defines[place].number,
                                    isDefault ? Standing::OnDefault : Standing::Indexed});
     }
+    requireNamesOnce(given);
     for (std::size_t i = 1; i < defines.size(); ++i) {
-        if (taken.count(defines[i].name) > 0) continue;
+        if (isUsed[i]) continue;
         if (!isNameInSequence(defines[i].name))
             refuse(std::string(defines[i].name) +
                    " is no name of a control, nor one that corvelle has given");
@@ -136,25 +137,32 @@ Memory takeOver(const std::vector<Define>& defines, const Numbers& numbers, cons
 // before were on the default before others.
 class Standings {
   public:
-    Standings(Memory& memory, const Numbers& numbers, const HelpIndex& mappings)
-        : memory_(memory), numbers_(numbers), mappings_(mappings) {}
+    Standings(Memory& memory, const std::vector<Define>& defines, const HelpIndex& mappings)
+        : memory_(memory), defines_(defines), mappings_(mappings) {}
 
     void read() {
+        owners_.reserve(memory_.controls.size() + memory_.retired.size());
         for (std::size_t i = 0; i < memory_.controls.size(); ++i) {
-            requireNewName(owners_, memory_.controls[i].idhName, i);
-            ofPlace_[keyOf(memory_.controls[i].place.designer, nameOf(memory_.controls[i]))].push_back(i);
+            if (memory_.controls[i].idhName != defaultIDH) owners_.add(memory_.controls[i].idhName, i);
         }
-        for (std::size_t i = 0; i < memory_.retired.size(); ++i)
-            requireNewName(owners_, memory_.retired[i].idhName, ofNobody);
+        for (const auto& retired : memory_.retired) owners_.add(retired.idhName, ofNobody);
+        requireNamesOnce(owners_);
         requireNumbers();
         isMet_.assign(memory_.controls.size(), false);
-        for (std::size_t i = 1; i <= mappings_.count(); ++i) takeOwn(mappings_.entries[i]);
-        for (std::size_t i = 1; i <= mappings_.count(); ++i) takeDefault(mappings_.entries[i]);
+        bool anyDefault = false;
+        for (std::size_t i = 1; i <= mappings_.count(); ++i) {
+            const auto& entry = mappings_.entries[i];
+            if (entry.IDHName == defaultIDH)
+                anyDefault = true;
+            else
+                takeOwn(entry);
+        }
+        if (anyDefault) takeDefaults();
         for (std::size_t i = 0; i < isMet_.size(); ++i) settle(memory_.controls[i], isMet_[i]);
     }
 
   private:
-    static constexpr std::size_t ofNobody = static_cast<std::size_t>(-1);
+    static constexpr std::size_t ofNobody = SortedNames::nothing - 1;
 
     static std::string keyOf(std::string_view designer, std::string_view name) {
         return base::upper(designer) + " " + base::upper(name);
@@ -165,42 +173,51 @@ class Standings {
     }
 
     // The header's two halves must tell the same.
-    void requireNumbers() const {
-        for (const auto& [name, number] : numbers_) {
+    void requireNumbers() {
+        std::vector<bool> isDefined(memory_.controls.size(), false);
+        for (const auto& [name, number] : defines_) {
             if (name == defaultIDH) continue;
             const auto owner = owners_.find(name);
-            if (owner == owners_.end()) refuse("the header's memory does not know " + std::string(name));
-            if (owner->second == ofNobody) continue;
-            const auto remembered = memory_.controls[owner->second].number;
+            if (owner == SortedNames::nothing)
+                refuse("the header's memory does not know " + std::string(name));
+            if (owner == ofNobody) continue;
+            isDefined[owner] = true;
+            const auto remembered = memory_.controls[owner].number;
             if (remembered != number)
                 refuse(std::string(name) + " is " + std::to_string(number) + " in the header and " +
                        std::to_string(remembered) + " in its memory");
         }
-        for (const auto& control : memory_.controls) {
-            if (control.standing == Standing::Indexed && !control.isLeftOut &&
-                numbers_.count(control.idhName) == 0)
+        for (std::size_t i = 0; i < isDefined.size(); ++i) {
+            const auto& control = memory_.controls[i];
+            if (control.standing == Standing::Indexed && !control.isLeftOut && !isDefined[i])
                 refuse("the header's memory has " + control.idhName + ", and its lines have not");
         }
     }
 
     void takeOwn(const IndexEntry& entry) {
-        if (entry.IDHName == defaultIDH) return;
         const auto owner = owners_.find(entry.IDHName);
-        if (owner == owners_.end() || owner->second == ofNobody)
+        if (owner >= ofNobody)
             refuse(inFile(mappings_, entry) + "the header's memory has no control of the name " +
                    entry.IDHName);
-        auto& control = memory_.controls[owner->second];
+        auto& control = memory_.controls[owner];
         if (!base::equalIgnoringCase(control.place.designer, designerOf(mappings_, entry)) ||
             !base::equalIgnoringCase(nameOf(control), entry.CtlName))
             refuse(inFile(mappings_, entry) + "in the header's memory " + entry.IDHName +
                    " is the name of another control");
-        if (isMet_[owner->second]) refuse(inFile(mappings_, entry) + entry.IDHName + " stands there twice");
-        isMet_[owner->second] = true;
+        if (isMet_[owner]) refuse(inFile(mappings_, entry) + entry.IDHName + " stands there twice");
+        isMet_[owner] = true;
         control.standing = Standing::Indexed;
     }
 
+    void takeDefaults() {
+        for (std::size_t i = 0; i < memory_.controls.size(); ++i)
+            ofPlace_[keyOf(memory_.controls[i].place.designer, nameOf(memory_.controls[i]))].push_back(i);
+        for (std::size_t i = 1; i <= mappings_.count(); ++i) {
+            if (mappings_.entries[i].IDHName == defaultIDH) takeDefault(mappings_.entries[i]);
+        }
+    }
+
     void takeDefault(const IndexEntry& entry) {
-        if (entry.IDHName != defaultIDH) return;
         const auto found = ofPlace_.find(keyOf(designerOf(mappings_, entry), entry.CtlName));
         if (found == ofPlace_.end())
             refuse(inFile(mappings_, entry) + "the header's memory does not know this control");
@@ -224,9 +241,9 @@ class Standings {
     }
 
     Memory& memory_;
-    const Numbers& numbers_;
+    const std::vector<Define>& defines_;
     const HelpIndex& mappings_;
-    std::unordered_map<std::string_view, std::size_t> owners_;          // by name
+    SortedNames owners_;                                                // of the names
     std::unordered_map<std::string, std::vector<std::size_t>> ofPlace_; // by designer and control
     std::vector<bool> isMet_;
 };
@@ -248,7 +265,7 @@ void requireDesigners(const Memory& memory, const HelpIndex& mappings) {
 
 EarlierIndex readBoth(std::string_view header, std::string_view configuration) {
     const auto defines = definesOf(header);
-    const auto numbers = numbersOf(defines);
+    auto names = namesOf(defines);
     auto read = readMemory(header);
     if (read.fault) refuse(atLine("header", read.fault->line, read.fault->reason));
     const auto mappings = wholeMappings(configuration);
@@ -258,11 +275,11 @@ EarlierIndex readBoth(std::string_view header, std::string_view configuration) {
     if (read.memory) {
         result.memory = std::move(*read.memory);
         requireDesigners(result.memory, mappings);
-        Standings(result.memory, numbers, mappings).read();
+        Standings(result.memory, defines, mappings).read();
     } else {
         if (defines.size() > 1 && mappings.designers.empty())
             refuse("the header has numbers, but the configuration file with their controls is not there");
-        result.memory = takeOver(defines, numbers, mappings);
+        result.memory = takeOver(defines, names, mappings);
         result.knowsIndices = false;
     }
     return result;

@@ -13,13 +13,16 @@ const std::string& nameInConfiguration(const NumberedDesigner& designer, const N
 
 std::string headerOf(const Numbering& numbering, const Memory& memory) {
     LinesInMemory header;
+    constexpr std::size_t usualLines = 96; // of a control: the two that it has
+    header.bytes.reserve(memory.controls.size() * usualLines);
     writeDefine(header, defaultIDH, defaultHelpContextID);
     for (const auto& designer : numbering) {
         for (const auto& control : designer.controls) {
             if (control.idhName != defaultIDH) writeDefine(header, control.idhName, control.number);
         }
     }
-    return std::move(header.bytes) + linesOf(memory);
+    appendLines(header.bytes, memory);
+    return std::move(header.bytes);
 }
 
 std::string configurationOf(const Numbering& numbering) {

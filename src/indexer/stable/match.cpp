@@ -61,6 +61,20 @@ OfDesigners ofDesigners(const std::vector<RememberedControl>& earlier) {
     return result;
 }
 
+// Whether a designer has the remembered controls, all of them and in their order, and they are not another
+// designer's of that name.
+bool isUnchanged(const FoundDesigner& designer, const std::vector<std::size_t>& numbers,
+                 const std::vector<RememberedControl>& earlier, bool knowsIndices,
+                 const std::vector<bool>& isTaken) {
+    if (designer.controls.size() != numbers.size()) return false;
+    return std::equal(numbers.begin(), numbers.end(), designer.controls.begin(),
+                      [&](std::size_t i, const FoundControl& control) {
+                          const auto& place = earlier[i].place;
+                          return !isTaken[i] && base::equalIgnoringCase(place.control, control.name) &&
+                                 (!knowsIndices || place.index == control.index);
+                      });
+}
+
 class RenameSearch {
   public:
     RenameSearch(const FoundProject& project, const std::vector<RememberedControl>& earlier,
@@ -251,19 +265,27 @@ Matches match(const FoundProject& project, const std::vector<RememberedControl>&
     Matches result;
     result.isThere.assign(earlier.size(), false);
     result.remembered.reserve(project.size());
-    std::unordered_map<std::string, ByName> known;
-    for (auto& [designer, numbers] : ofDesigners(earlier)) {
-        auto& byName = known.emplace(designer, knowsIndices).first->second;
-        for (const auto i : numbers) byName.add(earlier[i].place.control, earlier[i].place.index, i);
-    }
+    const auto byDesigner = ofDesigners(earlier);
+    std::unordered_map<std::string, ByName> known; // of designers that have changed
     for (const auto& designer : project) {
         auto& remembered = result.remembered.emplace_back(designer.controls.size(), nothing);
-        const auto found = known.find(base::upper(designer.name));
-        if (found == known.end()) continue;
-        for (std::size_t c = 0; c < designer.controls.size(); ++c) {
-            const auto& control = designer.controls[c];
-            remembered[c] = found->second.take(control.name, control.index);
-            if (remembered[c] != nothing) result.isThere[remembered[c]] = true;
+        const auto name = base::upper(designer.name);
+        const auto found = byDesigner.find(name);
+        if (found == byDesigner.end()) continue;
+        const auto& numbers = found->second;
+        const bool isNew = known.find(name) == known.end();
+        if (isNew && isUnchanged(designer, numbers, earlier, knowsIndices, result.isThere)) {
+            std::copy(numbers.begin(), numbers.end(), remembered.begin());
+        } else {
+            auto& byName = known.emplace(name, knowsIndices).first->second;
+            if (isNew) {
+                for (const auto i : numbers) byName.add(earlier[i].place.control, earlier[i].place.index, i);
+            }
+            for (std::size_t c = 0; c < designer.controls.size(); ++c)
+                remembered[c] = byName.take(designer.controls[c].name, designer.controls[c].index);
+        }
+        for (const auto i : remembered) {
+            if (i != nothing) result.isThere[i] = true;
         }
     }
     return result;
@@ -271,6 +293,7 @@ Matches match(const FoundProject& project, const std::vector<RememberedControl>&
 
 std::vector<Rename> findRenames(const FoundProject& project, const std::vector<RememberedControl>& earlier,
                                 const Matches& matches, bool knowsContainers) {
+    if (std::find(matches.isThere.begin(), matches.isThere.end(), false) == matches.isThere.end()) return {};
     return RenameSearch(project, earlier, matches, knowsContainers).run();
 }
 

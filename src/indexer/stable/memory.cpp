@@ -197,8 +197,9 @@ std::string nameInMemory(const ControlPlace& place) {
     return result;
 }
 
-std::string linesOf(const Memory& memory) {
-    std::string lines;
+void appendLines(std::string& lines, const Memory& memory) {
+    constexpr std::size_t usualLine = 64;
+    lines.reserve(lines.size() + (memory.controls.size() + memory.written.size()) * usualLine);
     std::size_t count = 0;
     const auto begin = [&](std::string_view word) -> std::string& {
         ++count;
@@ -225,7 +226,7 @@ std::string linesOf(const Memory& memory) {
         lines += "\r\n";
     }
     const auto before = count;
-    return begin("end").append(std::to_string(before)).append("\r\n");
+    begin("end").append(std::to_string(before)).append("\r\n");
 }
 
 bool isMemoryLine(std::string_view line) {

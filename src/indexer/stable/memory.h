@@ -69,8 +69,8 @@ bool operator==(const RetiredNumber& a, const RetiredNumber& b);
 bool operator==(const WrittenProperty& a, const WrittenProperty& b);
 bool operator==(const Memory& a, const Memory& b);
 
-/// The lines of a memory, with their line ends.
-std::string linesOf(const Memory& memory);
+/// Appends the lines of a memory, with their line ends.
+void appendLines(std::string& lines, const Memory& memory);
 
 /// Whether a header's line is one of a memory's.
 bool isMemoryLine(std::string_view line);

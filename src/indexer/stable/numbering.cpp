@@ -66,6 +66,10 @@ class NumberingRun {
 
     NumberedProject run() {
         isKept_ = matches_.isThere;
+        std::size_t count = 0;
+        for (const auto& designer : project_) count += designer.controls.size();
+        result_.memory.controls.reserve(count);
+        result_.numbering.reserve(project_.size());
         for (std::size_t d = 0; d < project_.size(); ++d) addDesigner(d);
         retire();
         carryWritten();
@@ -79,6 +83,7 @@ class NumberingRun {
         auto* numbered = designer.isChosen ? &result_.numbering.emplace_back(NumberedDesigner{
                                                  designer.name, designer.path, designer.type, {}})
                                            : nullptr;
+        if (numbered) numbered->controls.reserve(designer.controls.size());
         for (std::size_t c = 0; c < designer.controls.size(); ++c) {
             const auto& found = designer.controls[c];
             const bool isChosen = designer.isChosen && found.isChosen;
@@ -196,7 +201,10 @@ class NumberingRun {
             return control;
         }
         giveNew(d, c, control);
-        result_.changes.added.push_back(findingOf(d, c, control));
+        if (isFirst_)
+            ++result_.changes.allAreNew;
+        else
+            result_.changes.added.push_back(findingOf(d, c, control));
         if (before && options_.renames == RenamesAre::Offered && before->idhName != defaultIDH) {
             control.perhapsFrom = before->idhName;
             result_.changes.offered.push_back(
@@ -261,15 +269,14 @@ class NumberingRun {
     }
 
     void findShared() {
-        std::unordered_map<std::int32_t, bool> met;
-        bool anyShared = false;
+        std::vector<std::int32_t> numbers;
         for (const auto& control : result_.memory.controls) {
-            if (!isShown(control)) continue;
-            auto& isMet = met[control.number];
-            anyShared = anyShared || isMet || control.number == defaultHelpContextID;
-            isMet = true;
+            if (isShown(control)) numbers.push_back(control.number);
         }
-        if (!anyShared) return;
+        if (!std::is_sorted(numbers.begin(), numbers.end())) std::sort(numbers.begin(), numbers.end());
+        if (std::adjacent_find(numbers.begin(), numbers.end()) == numbers.end() &&
+            !std::binary_search(numbers.begin(), numbers.end(), defaultHelpContextID))
+            return;
         std::map<std::int32_t, std::vector<Finding>> findings;
         std::size_t next = 0; // of the memory's controls, which stand in the order of the project
         for (std::size_t d = 0; d < project_.size(); ++d) {
@@ -293,6 +300,7 @@ class NumberingRun {
     const FoundProject& project_;
     const Memory& earlier_;
     const NumberingOptions& options_;
+    bool isFirst_ = earlier_.controls.empty() && earlier_.retired.empty();
     Matches matches_;
     HelpNames names_;
     HelpNumbers numbers_;

@@ -80,6 +80,7 @@ struct Changes {
     };
 
     std::vector<Finding> added, gone, restored;
+    std::size_t allAreNew = 0;    ///< of a first index its number of controls; they are not listed then
     std::vector<Renamed> renamed; ///< taken
     std::vector<Renamed> offered; ///< not settled yet
     std::vector<Shared> shared;

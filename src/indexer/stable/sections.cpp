@@ -54,6 +54,8 @@ std::string renamedLine(const Changes::Renamed& renamed, const char* is) {
 
 std::vector<Section> sectionsOf(const Changes& changes) {
     std::vector<Section> sections;
+    if (changes.allAreNew > 0)
+        add(sections, {"New", {"all " + std::to_string(changes.allAreNew) + ", since there was no index"}});
     add(sections, "New", changes.added, true, lineOf);
     add(sections, "Gone", changes.gone, true, lineOf);
     add(sections, "Restored", changes.restored, true, lineOf);

@@ -1,11 +1,10 @@
 #include "indexer/stable/topics.h"
 
 #include "base/text.h"
+#include "indexer/entry_edits.h"
 #include "indexer/help_index.h"
 #include "indexer/text_file.h"
-#include "indexer/text_file.h"
 #include "indexer/text_lines.h"
-#include "indexer/text_file.h"
 
 #include <algorithm>
 #include <unordered_set>

@@ -33,6 +33,12 @@ Memory everything() {
     return memory;
 }
 
+std::string linesOf(const Memory& memory) {
+    std::string lines;
+    appendLines(lines, memory);
+    return lines;
+}
+
 std::string faultOf(std::string_view header) {
     const auto read = readMemory(header);
     EXPECT_FALSE(read.memory);
