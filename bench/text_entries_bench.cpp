@@ -1,7 +1,6 @@
 // How quickly the editor of text entries works on a large index, without a screen.
 
 #include "forms/headless/headless_desktop.h"
-#include "indexer/forms/add_in_manager.h"
 #include "indexer/forms/frm_txt.h"
 #include "indexer/id_gen.h"
 

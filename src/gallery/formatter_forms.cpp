@@ -8,7 +8,7 @@ namespace corvelle::gallery {
 namespace {
 
 /// The page's owner, which closes nothing here.
-class Owner : public formatter::AddInManager {
+class Owner : public ui::WindowOwner {
   public:
     void Hide() override {}
 };

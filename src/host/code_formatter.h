@@ -1,7 +1,7 @@
 #pragma once
 
-#include "formatter/forms/add_in_manager.h"
 #include "host/add_in.h"
+#include "ui/window_owner.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ class frmMain;
 namespace corvelle::host {
 
 /// The connect class of the code formatter.
-class CodeFormatter : public AddIn, public formatter::AddInManager {
+class CodeFormatter : public AddIn, public ui::WindowOwner {
   public:
     explicit CodeFormatter(forms::Desktop& desktop);
     ~CodeFormatter() override;

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "host/add_in.h"
-#include "indexer/forms/add_in_manager.h"
+#include "indexer/forms/frm_index_main.h"
+#include "ui/window_owner.h"
 
 #include <cstdint>
 #include <memory>
@@ -16,7 +17,7 @@ class FrmTxt;
 namespace corvelle::host {
 
 /// The connect class of the help context ID indexer.
-class ContextHelpIndexer : public AddIn, public indexer::AddInManager {
+class ContextHelpIndexer : public AddIn, public ui::WindowOwner, public indexer::StartMenuOwner {
   public:
     explicit ContextHelpIndexer(forms::Desktop& desktop);
     ~ContextHelpIndexer() override;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "formatter/forms/add_in_manager.h"
 #include "forms/controls.h"
 #include "forms/form.h"
 #include "ide/vbe.h"
 #include "settings/editor_config.h"
+#include "ui/window_owner.h"
 
 #include <memory>
 #include <string>
@@ -23,7 +23,7 @@ class frmMain : public forms::Form {
 
     std::shared_ptr<ide::VBE> VBInstance;
     /// The connect object; it owns the page.
-    std::weak_ptr<AddInManager> ThisAddInMgr;
+    std::weak_ptr<ui::WindowOwner> ThisAddInMgr;
     /// Reads the settings files of modules; from the disk if nobody says otherwise.
     settings::EditorConfig::Read ReadSettings = settings::readIfThere;
 

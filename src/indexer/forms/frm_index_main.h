@@ -2,13 +2,21 @@
 
 #include "forms/controls.h"
 #include "forms/form.h"
-#include "indexer/forms/add_in_manager.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 
 namespace corvelle::indexer {
+
+/// Who waits for what the start menu's user chooses: the connect object.
+class StartMenuOwner {
+  public:
+    virtual ~StartMenuOwner() = default;
+
+    /// True ends the wait: the user has chosen a command.
+    virtual void setbOK(bool chosen) = 0;
+};
 
 /// The indexer's start menu: asks what the user wants to do, records the choice and tells the connect object,
 /// which waits for it. The commands are the only way out.
@@ -19,7 +27,7 @@ class FrmIndex_Main : public forms::Form {
     explicit FrmIndex_Main(forms::Desktop& desktop);
 
     /// The connect object, which owns the window; set before it is shown.
-    std::weak_ptr<AddInManager> ThisMgr;
+    std::weak_ptr<StartMenuOwner> ThisMgr;
     /// The choice, one of Choice.
     std::int16_t myMode = CreateIndex;
 

@@ -5,12 +5,12 @@
 #include "forms/list_controls.h"
 #include "ide/vbe.h"
 #include "indexer/analysis.h"
-#include "indexer/forms/add_in_manager.h"
 #include "indexer/forms/text_entry_editor.h"
 #include "indexer/index_options.h"
 #include "indexer/message.h"
 #include "indexer/report.h"
 #include "ui/indicator.h"
+#include "ui/window_owner.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -42,7 +42,7 @@ class FrmIndexer : public forms::Form {
     explicit FrmIndexer(forms::Desktop& desktop);
 
     /// The connect object, which is told of every close.
-    std::weak_ptr<AddInManager> ThisMgr;
+    std::weak_ptr<ui::WindowOwner> ThisMgr;
 
     // Controls, in tab order.
 

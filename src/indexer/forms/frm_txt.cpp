@@ -7,7 +7,6 @@
 #include "forms/message_box.h"
 #include "indexer/entry_edits.h"
 #include "indexer/existing_index.h"
-#include "indexer/forms/add_in_manager.h"
 #include "indexer/forms/dialog_design.h"
 #include "indexer/forms/show_file_dialog.h"
 #include "indexer/paths.h"
@@ -40,7 +39,7 @@ FrmTxt::FrmTxt(forms::Desktop& desktop)
 }
 
 void FrmTxt::ShowTextEdit(const std::shared_ptr<ide::VBE>& refInst,
-                          const std::shared_ptr<AddInManager>& refClass) {
+                          const std::shared_ptr<ui::WindowOwner>& refClass) {
     VBInstance_ = refInst;
     ThisMgr_ = refClass;
     show();

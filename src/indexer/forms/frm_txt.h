@@ -9,6 +9,7 @@
 #include "indexer/message.h"
 #include "indexer/project_info.h"
 #include "ui/indicator.h"
+#include "ui/window_owner.h"
 
 #include <cstdint>
 #include <functional>
@@ -16,8 +17,6 @@
 #include <string_view>
 
 namespace corvelle::indexer {
-
-class AddInManager;
 
 /// The editor for the text entries of an index that was made earlier: opens its indexer project file, and
 /// saves the text file and, after a Set Default or Delete, the configuration file. While a command is under
@@ -29,7 +28,7 @@ class FrmTxt : public forms::Form {
     /// Keeps the IDE object and the connect object, of which the latter is told when the window has gone, and
     /// shows the window.
     void ShowTextEdit(const std::shared_ptr<ide::VBE>& refInst,
-                      const std::shared_ptr<AddInManager>& refClass);
+                      const std::shared_ptr<ui::WindowOwner>& refClass);
 
     // Controls, in tab order.
 
@@ -110,7 +109,7 @@ class FrmTxt : public forms::Form {
 
     TextEntryEditor editor_;
     std::shared_ptr<ide::VBE> VBInstance_;
-    std::weak_ptr<AddInManager> ThisMgr_;
+    std::weak_ptr<ui::WindowOwner> ThisMgr_;
     std::string projectPath_; // of opened_
     ProjectInfo opened_;      // the project that was opened last
     bool valid_ = false;      // its file is

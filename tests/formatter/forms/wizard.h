@@ -36,7 +36,7 @@ class ScriptedDesktop : public forms::HeadlessDesktop {
 };
 
 /// A connect object that owns the page, as the real ones do.
-class FakeManager : public AddInManager {
+class FakeManager : public ui::WindowOwner {
   public:
     std::shared_ptr<frmMain> page;
     int hides = 0;

@@ -15,7 +15,7 @@
 namespace corvelle::formatter::tests {
 
 /// The connect object: owns the page and lets go of it.
-class Manager : public AddInManager {
+class Manager : public ui::WindowOwner {
   public:
     std::shared_ptr<frmMain> page;
     int hides = 0;

@@ -16,13 +16,12 @@
 namespace corvelle::indexer::test {
 
 /// A connect object that owns the wizard, as the real one does.
-class FakeManager : public AddInManager {
+class FakeManager : public ui::WindowOwner {
   public:
     std::shared_ptr<FrmIndexer> wizard;
     int hides = 0; ///< of a wizard that was still there
 
     void Hide() override;
-    void setbOK(bool) override {}
     /// What a disconnection does.
     void disconnect();
 };

@@ -3,7 +3,6 @@
 #include "base/temporary_folder.h"
 #include "fakes/fake_ide.h"
 #include "forms/headless/headless_desktop.h"
-#include "indexer/forms/add_in_manager.h"
 #include "indexer/forms/frm_txt.h"
 
 #include <gtest/gtest.h>
@@ -13,13 +12,12 @@
 namespace corvelle::indexer::test {
 
 /// A connect object that owns the editor, as the real one does.
-class EditorManager : public AddInManager {
+class EditorManager : public ui::WindowOwner {
   public:
     std::shared_ptr<FrmTxt> editor;
     int hides = 0;
 
     void Hide() override;
-    void setbOK(bool) override {}
 };
 
 /// The editor for an existing index, over files of its own, with a scripted user.

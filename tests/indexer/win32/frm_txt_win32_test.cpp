@@ -1,7 +1,6 @@
 #include "base/temporary_folder.h"
 #include "cli/run_corvelle.h"
 #include "formatter/win32/watched_desktop.h"
-#include "indexer/forms/add_in_manager.h"
 #include "indexer/forms/frm_txt.h"
 #include "indexer/help_text_file.h"
 #include "places.h"
@@ -23,14 +22,13 @@ using formatter::tests::WatchedDesktop;
 namespace fs = std::filesystem;
 
 /// The connect object: owns the editor and lets go of it.
-class EditorOwner : public AddInManager {
+class EditorOwner : public ui::WindowOwner {
   public:
     std::shared_ptr<FrmTxt> editor;
 
     void Hide() override {
         if (const auto shown = std::exchange(editor, nullptr)) shown->unload();
     }
-    void setbOK(bool) override {}
 };
 
 /// The editor's real window over an index of the example project; a second one is for the command line.

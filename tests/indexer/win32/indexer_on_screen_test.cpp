@@ -22,14 +22,13 @@ using formatter::tests::WatchedDesktop;
 namespace fs = std::filesystem;
 
 /// The connect object: owns the wizard and lets go of it.
-class Manager : public AddInManager {
+class Manager : public ui::WindowOwner {
   public:
     std::shared_ptr<FrmIndexer> wizard;
 
     void Hide() override {
         if (const auto shown = std::exchange(wizard, nullptr)) shown->unload();
     }
-    void setbOK(bool) override {}
 };
 
 /// The wizard's real window over a copy of the example project; another copy is for the command line.
