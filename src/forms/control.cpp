@@ -30,7 +30,7 @@ void Control::setFocus() {
 
 bool Control::reachable() const {
     touch();
-    for (const Control* control = this; control != nullptr; control = control->container_) {
+    for (const Control* control = this; control; control = control->container_) {
         if (!control->base_.visible || !control->base_.enabled) return false;
     }
     return true;
@@ -38,7 +38,7 @@ bool Control::reachable() const {
 
 void Control::userMovedMouse() {
     // Over a disabled control the form gets the mouse.
-    for (const Control* control = this; control != nullptr; control = control->container_) {
+    for (const Control* control = this; control; control = control->container_) {
         if (!control->base_.enabled) return form_.userMovedMouse();
     }
     raise(onMouseMove);

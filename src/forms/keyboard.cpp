@@ -14,14 +14,13 @@ namespace {
 
 bool hasAccelerator(const Control& control, char letter) {
     const auto* const captioned = dynamic_cast<const Captioned*>(&control);
-    return captioned != nullptr && captioned->hasAccelerator(letter);
+    return captioned && captioned->hasAccelerator(letter);
 }
 
 } // namespace
 
 Control* Keyboard::enterButton() const {
-    return focused_ != nullptr && focused_->kind() == ControlKind::CommandButton ? focused_
-                                                                                 : form_.defaultButton();
+    return focused_ && focused_->kind() == ControlKind::CommandButton ? focused_ : form_.defaultButton();
 }
 
 void Keyboard::arrived(Control& control) {
@@ -29,18 +28,18 @@ void Keyboard::arrived(Control& control) {
     const auto alive = form_.shared_from_this();
     Control* const before = std::exchange(focused_, &control);
     if (FormPeer* const peer = form_.peer()) peer->focusMoved();
-    if (before != nullptr) before->userLeft();
+    if (before) before->userLeft();
     if (focused_ == &control) control.userFocused();
 }
 
 void Keyboard::restore() {
-    if (focused_ == nullptr || !focused_->reachable()) return moveAway();
+    if (!focused_ || !focused_->reachable()) return moveAway();
     bring(focused_);
 }
 
 void Keyboard::leaveUnreachable() {
     FormPeer* const peer = form_.peer();
-    if (focused_ == nullptr || focused_->reachable() || peer == nullptr || !peer->isActive()) return;
+    if (!focused_ || focused_->reachable() || !peer || !peer->isActive()) return;
     moveAway();
 }
 
@@ -50,17 +49,17 @@ void Keyboard::moveOn(bool back) {
 
 bool Keyboard::bring(Control* control) {
     FormPeer* const peer = form_.peer();
-    if (control == nullptr || peer == nullptr) return false;
+    if (!control || !peer) return false;
     peer->focus(*control);
     return true;
 }
 
 void Keyboard::moveAway() {
     FormPeer* const peer = form_.peer();
-    if (peer == nullptr || bring(next(focused_, false))) return;
+    if (!peer || bring(next(focused_, false))) return;
     const auto alive = form_.shared_from_this();
     Control* const before = std::exchange(focused_, nullptr); // there is nowhere to go
-    if (before == nullptr) return;
+    if (!before) return;
     peer->focusNone();
     before->userLeft();
 }
@@ -80,7 +79,7 @@ Control* Keyboard::next(const Control* from, bool back) const {
 }
 
 bool Keyboard::press(Control* button) {
-    if (button == nullptr || !button->reachable()) return false;
+    if (!button || !button->reachable()) return false;
     button->userClicked();
     return true;
 }
@@ -98,7 +97,7 @@ bool Keyboard::pressAccelerator(char letter) {
     for (Control* const control : form_.controls()) {
         if (control->reachable() && hasAccelerator(*control, letter)) found.push_back(control);
     }
-    if (found.empty() || form_.peer() == nullptr) return false;
+    if (found.empty() || !form_.peer()) return false;
     const auto alive = form_.shared_from_this();
     auto target = std::find(found.begin(), found.end(), focused_);
     target = target == found.end() || target + 1 == found.end() ? found.begin() : target + 1;
@@ -108,7 +107,7 @@ bool Keyboard::pressAccelerator(char letter) {
         return true;
     }
     bring(&control);
-    if (found.size() == 1 && form_.peer() != nullptr && control.reachable()) control.userClicked();
+    if (found.size() == 1 && form_.peer() && control.reachable()) control.userClicked();
     return true;
 }
 

@@ -19,7 +19,7 @@ class NoCustom {
     NoCustom(const NoCustom&) = delete;
     NoCustom& operator=(const NoCustom&) = delete;
     ~NoCustom() {
-        if (array_ != nullptr) SafeArrayDestroy(array_);
+        if (array_) SafeArrayDestroy(array_);
     }
     SAFEARRAY** get() { return &array_; }
 
@@ -43,7 +43,7 @@ com::Ptr<IUnknown> makeObject(const std::string& progId) {
 AddIn::AddIn(AddIns& all, ListedAddIn listed) : all_(&all), listed_(std::move(listed)) {}
 
 AddIns& AddIn::all() const {
-    if (all_ == nullptr) throw RunTimeError(ErrorNumber::ObjectVariableNotSet);
+    if (!all_) throw RunTimeError(ErrorNumber::ObjectVariableNotSet);
     return *all_;
 }
 

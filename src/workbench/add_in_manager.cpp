@@ -26,17 +26,16 @@ class Manager {
 
     void showSelected() {
         const Row* const row = selected();
-        SetDlgItemTextA(dialog_, IDC_DESCRIPTION,
-                        row == nullptr ? "" : row->addIn->listed().description.c_str());
-        CheckDlgButton(dialog_, IDC_LOADED, row != nullptr && row->loaded ? BST_CHECKED : BST_UNCHECKED);
-        CheckDlgButton(dialog_, IDC_STARTUP, row != nullptr && row->onStartup ? BST_CHECKED : BST_UNCHECKED);
+        SetDlgItemTextA(dialog_, IDC_DESCRIPTION, row ? row->addIn->listed().description.c_str() : "");
+        CheckDlgButton(dialog_, IDC_LOADED, row && row->loaded ? BST_CHECKED : BST_UNCHECKED);
+        CheckDlgButton(dialog_, IDC_STARTUP, row && row->onStartup ? BST_CHECKED : BST_UNCHECKED);
         for (const int box : {IDC_LOADED, IDC_STARTUP})
             EnableWindow(GetDlgItem(dialog_, box), row != nullptr);
     }
 
     void takeChecks() {
         Row* const row = selected();
-        if (row == nullptr) return;
+        if (!row) return;
         row->loaded = IsDlgButtonChecked(dialog_, IDC_LOADED) == BST_CHECKED;
         row->onStartup = IsDlgButtonChecked(dialog_, IDC_STARTUP) == BST_CHECKED;
         const auto index = SendMessageA(list(), LB_GETCURSEL, 0, 0);
@@ -117,7 +116,7 @@ INT_PTR CALLBACK dialogProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
         return TRUE;
     }
     auto* const manager = ownerOf<Manager>(dialog);
-    if (message != WM_COMMAND || manager == nullptr) return FALSE;
+    if (message != WM_COMMAND || !manager) return FALSE;
     return guarded(dialog, [&] { return command(dialog, *manager, wParam); });
 }
 

@@ -114,7 +114,7 @@ void AddIns::releaseLibraries() {
 }
 
 AddIns& AddInCollection::all() const {
-    if (all_ == nullptr) throw RunTimeError(ErrorNumber::ObjectVariableNotSet);
+    if (!all_) throw RunTimeError(ErrorNumber::ObjectVariableNotSet);
     return *all_;
 }
 

@@ -19,7 +19,7 @@ ChildWindow::ChildWindow(Kind kind, workspace::Component& component, Owner& owne
     : kind_(kind), component_(component), owner_(owner) {}
 
 ChildWindow::~ChildWindow() {
-    if (window_ != nullptr) setOwner<ChildWindow>(window_, nullptr);
+    if (window_) setOwner<ChildWindow>(window_, nullptr);
 }
 
 void ChildWindow::open(HWND client) {
@@ -42,7 +42,7 @@ LRESULT CALLBACK ChildWindow::procedure(HWND window, UINT message, WPARAM wParam
         setOwner(window, made);
     }
     auto* const child = ownerOf<ChildWindow>(window);
-    if (child == nullptr) return DefMDIChildProcA(window, message, wParam, lParam);
+    if (!child) return DefMDIChildProcA(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         setOwner<ChildWindow>(window, nullptr);
         child->window_ = nullptr;
@@ -128,8 +128,7 @@ ChildWindow* ChildWindows::active() const {
 }
 
 workspace::Component* ChildWindows::topCode() const {
-    for (HWND window = GetWindow(client_, GW_CHILD); window != nullptr;
-         window = GetWindow(window, GW_HWNDNEXT)) {
+    for (HWND window = GetWindow(client_, GW_CHILD); window; window = GetWindow(window, GW_HWNDNEXT)) {
         const auto found = std::find_if(windows_.begin(), windows_.end(), [window](const auto& child) {
             return child->window() == window && child->kind() == ChildWindow::Kind::Code;
         });

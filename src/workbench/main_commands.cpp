@@ -161,8 +161,8 @@ void MainWindow::openSelected(ChildWindow::Kind kind) {
     const auto* const active = children_.active();
     // What the user works with: the window in front, unless the tree has the focus.
     auto* component = tree_.selected();
-    if (active != nullptr && GetFocus() != tree_.window()) component = &active->component();
-    if (component == nullptr) return;
+    if (active && GetFocus() != tree_.window()) component = &active->component();
+    if (!component) return;
     if (kind == ChildWindow::Kind::Code) return showCode(*component);
     if (auto* const designer = component->designerWindow()) designer->SetFocus();
 }

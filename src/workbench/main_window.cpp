@@ -36,7 +36,7 @@ MainWindow::MainWindow() {
 }
 
 MainWindow::~MainWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
+    if (window_) DestroyWindow(window_);
     if (session_.ide()) session_.ide()->setObserver(nullptr); // an add-in may hold it longer
 }
 
@@ -50,7 +50,7 @@ int MainWindow::run() {
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
         // The program's own keys come first, whichever window has the focus; of others' dialog keys nothing
         // is known.
-        if (window_ != nullptr && IsWindowEnabled(window_) &&
+        if (window_ && IsWindowEnabled(window_) &&
             (TranslateMDISysAccel(children_.client(), &message) ||
              TranslateAcceleratorA(window_, accelerators_, &message)))
             continue;
@@ -69,7 +69,7 @@ LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam,
         setOwner(window, made);
     }
     auto* const owner = ownerOf<MainWindow>(window);
-    if (owner == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if (!owner) return DefWindowProcA(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         setOwner<MainWindow>(window, nullptr);
         owner->window_ = nullptr;
@@ -87,7 +87,7 @@ LRESULT MainWindow::take(UINT message, WPARAM wParam, LPARAM lParam) {
         layOut();
         return 0;
     case WM_SETFOCUS:
-        SetFocus(children_.active() != nullptr ? children_.client() : tree_.window());
+        SetFocus(children_.active() ? children_.client() : tree_.window());
         return 0;
     case WM_TIMER:
         tick();
@@ -133,7 +133,7 @@ LRESULT MainWindow::take(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
         break;
     }
-    return DefFrameProcA(window_ == nullptr ? window : window_, children_.client(), message, wParam, lParam);
+    return DefFrameProcA(window_ ? window_ : window, children_.client(), message, wParam, lParam);
 }
 
 void MainWindow::create() {
@@ -186,7 +186,7 @@ void MainWindow::showCode(workspace::Component& component) {
 void MainWindow::designerChanged(workspace::Component& component) {
     if (!component.designerWindow()->isVisible()) {
         children_.close(ChildWindow::Kind::Designer, component);
-    } else if (children_.find(ChildWindow::Kind::Designer, component) == nullptr) {
+    } else if (!children_.find(ChildWindow::Kind::Designer, component)) {
         children_.open(ChildWindow::Kind::Designer, component);
     }
 }

@@ -65,7 +65,7 @@ std::vector<ProjectTree::Row> ProjectTree::rowsOf(const workspace::Workspace& id
 }
 
 void ProjectTree::update(const workspace::Workspace* ide) {
-    auto rows = ide == nullptr ? std::vector<Row>() : rowsOf(*ide);
+    auto rows = ide ? rowsOf(*ide) : std::vector<Row>();
     if (rows == rows_) return;
     rows_ = std::move(rows);
     fill();
@@ -90,11 +90,11 @@ void ProjectTree::fill() {
         const auto item = reinterpret_cast<HTREEITEM>(
             SendMessageA(tree_, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&wanted)));
         above[row.level + 1] = item;
-        if (row.component != nullptr && first == nullptr) first = item;
-        if (row.component != nullptr && row.component == before) again = item;
+        if (row.component && !first) first = item;
+        if (row.component && row.component == before) again = item;
     }
-    const HTREEITEM chosen = again != nullptr ? again : first;
-    if (chosen != nullptr) SendMessageA(tree_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(chosen));
+    const HTREEITEM chosen = again ? again : first;
+    if (chosen) SendMessageA(tree_, TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(chosen));
     SendMessageA(tree_, WM_SETREDRAW, TRUE, 0);
     InvalidateRect(tree_, nullptr, TRUE);
 }
@@ -103,8 +103,7 @@ workspace::Component* ProjectTree::selected() const {
     TVITEMA item{};
     item.mask = TVIF_PARAM;
     item.hItem = reinterpret_cast<HTREEITEM>(SendMessageA(tree_, TVM_GETNEXTITEM, TVGN_CARET, 0));
-    if (item.hItem == nullptr || !SendMessageA(tree_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item)))
-        return nullptr;
+    if (!item.hItem || !SendMessageA(tree_, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item))) return nullptr;
     return reinterpret_cast<workspace::Component*>(item.lParam);
 }
 

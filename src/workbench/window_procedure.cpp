@@ -5,7 +5,7 @@
 namespace corvelle::workbench {
 
 void reportError(HWND owner, const std::string& text) {
-    MessageBoxA(owner == nullptr ? nullptr : GetAncestor(owner, GA_ROOT), text.c_str(), programTitle,
+    MessageBoxA(owner ? GetAncestor(owner, GA_ROOT) : nullptr, text.c_str(), programTitle,
                 MB_OK | MB_ICONEXCLAMATION);
 }
 

@@ -49,7 +49,7 @@ std::string FrmFormatter::SetHelp() {
 void FrmFormatter::Form_KeyUp(int keyCode) {
     if (keyCode != forms::keys::F1) return;
     forms::Control* const control = activeControl();
-    if (control == nullptr) return;
+    if (!control) return;
     desktop().showHelp(control, desktop().application.helpFile, contextNumber,
                        static_cast<std::uint32_t>(control->helpContextID()));
 }

@@ -97,7 +97,7 @@ class Ballot {
         };
         for (const Sample& sample : blocks_.samples) {
             TwoWay<Body>* const votes = votesOf(sample.depth);
-            if (votes == nullptr || !mayVote(sample.opener) || !mayVote(sample.child)) continue;
+            if (!votes || !mayVote(sample.opener) || !mayVote(sample.child)) continue;
             const std::uint32_t opener = column(sample.opener), child = column(sample.child);
             if (child == opener) ++votes->forOther;
             if (child > opener) ++votes->forDefault;

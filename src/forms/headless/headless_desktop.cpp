@@ -127,7 +127,7 @@ bool HeadlessDesktop::drag(Slider& slider, int value) {
 
 bool HeadlessDesktop::press(Form& form, int keyCode) {
     if (!takesInput(form)) return false;
-    if (form.keyPreview() || form.activeControl() == nullptr) form.userReleasedKey(keyCode);
+    if (form.keyPreview() || !form.activeControl()) form.userReleasedKey(keyCode);
     return true;
 }
 
@@ -141,7 +141,7 @@ bool HeadlessDesktop::press(ListControl& list, int keyCode) {
 bool HeadlessDesktop::pressEnter(Form& form) {
     if (!takesInput(form)) return false;
     const Control* const focused = form.activeControl();
-    if (focused != nullptr && focused->takesEnter()) return false;
+    if (focused && focused->takesEnter()) return false;
     return form.keyboard().pressEnter();
 }
 
@@ -166,7 +166,7 @@ bool HeadlessDesktop::pressAccelerator(Form& form, char letter) {
 
 bool HeadlessDesktop::moveMouse(Control& control) {
     if (!takesInput(control.form())) return false;
-    for (const Control* shown = &control; shown != nullptr; shown = shown->container()) {
+    for (const Control* shown = &control; shown; shown = shown->container()) {
         if (!shown->visible()) return false;
     }
     control.userMovedMouse();
@@ -233,10 +233,10 @@ void HeadlessDesktop::activateTop() {
     Form* const next = top == windows_.rend() ? nullptr : *top;
     if (next == active_) return;
     active_ = next;
-    if (next == nullptr) return;
+    if (!next) return;
     const auto alive = next->shared_from_this();
     next->userActivated();
-    if (active_ == next && next->peer() != nullptr) next->keyboard().restore();
+    if (active_ == next && next->peer()) next->keyboard().restore();
 }
 
 void HeadlessDesktop::runModal(Form& form) {

@@ -24,7 +24,7 @@ class ButtonWindow : public ControlWindow {
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         const bool mouse = message >= WM_MOUSEFIRST && message <= WM_MOUSELAST;
-        if (mouse && form_.form() != nullptr && !button_.toolTipText().empty()) {
+        if (mouse && form_.form() && !button_.toolTipText().empty()) {
             MSG relayed{window(), message, wParam, lParam, 0, {}};
             SendMessageA(toolTip(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
         }
@@ -34,7 +34,7 @@ class ButtonWindow : public ControlWindow {
   private:
     // The window of the tip, which goes with the form's.
     HWND toolTip() {
-        if (toolTip_ != nullptr) return toolTip_;
+        if (toolTip_) return toolTip_;
         const HWND owner = GetAncestor(window(), GA_ROOT);
         toolTip_ = CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr, WS_POPUP | TTS_NOPREFIX,
                                    CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr,
@@ -108,8 +108,8 @@ class FrameWindow : public ControlWindow {
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         LRESULT result = 0;
-        if (form_.form() != nullptr && form_.reflect(message, wParam, lParam, result)) return result;
-        if (message == WM_ERASEBKGND && form_.form() != nullptr) {
+        if (form_.form() && form_.reflect(message, wParam, lParam, result)) return result;
+        if (message == WM_ERASEBKGND && form_.form()) {
             RECT inside{};
             GetClientRect(window(), &inside);
             const auto device = reinterpret_cast<HDC>(wParam);

@@ -9,7 +9,7 @@
 namespace corvelle::forms {
 
 ControlWindow::~ControlWindow() {
-    if (window_ == nullptr) return;
+    if (!window_) return;
     SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
     SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(native_));
 }
@@ -17,7 +17,7 @@ ControlWindow::~ControlWindow() {
 RECT ControlWindow::place() const {
     const Scale& scale = form_.desktop().scale();
     const Bounds& bounds = control_.bounds();
-    const POINT by = control_.container() == nullptr ? form_.scrolledBy() : POINT{};
+    const POINT by = control_.container() ? POINT{} : form_.scrolledBy();
     return {scale.pixels(bounds.left) - by.x, scale.pixels(bounds.top) - by.y,
             std::max(scale.pixels(bounds.width), 0), std::max(scale.pixels(bounds.height), 0)};
 }
@@ -33,7 +33,7 @@ void ControlWindow::create(HWND parent, int number) {
     window_ = CreateWindowExA(
         kind.extendedStyle, kind.className, text().c_str(), style, at.left, at.top, at.right, at.bottom,
         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(number)), form_.desktop().module(), nullptr);
-    if (window_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    if (!window_) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     native_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&ControlWindow::procedure)));
@@ -72,7 +72,7 @@ void ControlWindow::update(Aspect aspect) {
 }
 
 bool ControlWindow::canTakeFocus() const {
-    return control_.takesFocus() && window_ != nullptr && control_.reachable();
+    return control_.takesFocus() && window_ && control_.reachable();
 }
 
 HBRUSH ControlWindow::colours(HDC device) const {
@@ -97,7 +97,7 @@ std::string ControlWindow::windowText() const {
 
 LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const auto native = [&] { return CallWindowProcA(native_, window_, message, wParam, lParam); };
-    if (form_.form() == nullptr) return native();
+    if (!form_.form()) return native();
     switch (message) {
     case WM_NCHITTEST:
         if (isPartOfForm()) return HTCLIENT;
@@ -126,7 +126,7 @@ LRESULT ControlWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CALLBACK ControlWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<ControlWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (self == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if (!self) return DefWindowProcA(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
         self->window_ = nullptr;

@@ -14,20 +14,19 @@ constexpr WPARAM buttonStyle = BS_NOTIFY | BS_MULTILINE;
 } // namespace
 
 bool FormWindow::takeKey(MSG& message) {
-    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || message.hwnd == nullptr)
-        return false;
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST || !message.hwnd) return false;
     FormWindow* const form = of(GetAncestor(message.hwnd, GA_ROOT));
-    if (form == nullptr) return false;
+    if (!form) return false;
     const Serving serving(*form);
     return form->desktop_.guarded(true, [&] { return form->key(message); });
 }
 
 bool FormWindow::key(MSG& message) {
-    if (form_ == nullptr) return false;
+    if (!form_) return false;
     if (message.message == WM_KEYDOWN) {
         const ControlWindow* const at = find(message.hwnd);
-        const bool controls = at != nullptr && (at->wantsKey(static_cast<int>(message.wParam)) ||
-                                                (message.wParam == VK_RETURN && at->control().takesEnter()));
+        const bool controls = at && (at->wantsKey(static_cast<int>(message.wParam)) ||
+                                     (message.wParam == VK_RETURN && at->control().takesEnter()));
         switch (message.wParam) {
         case VK_TAB:
             form_->keyboard().moveOn(GetKeyState(VK_SHIFT) < 0);
@@ -55,12 +54,12 @@ bool FormWindow::key(MSG& message) {
 }
 
 void FormWindow::keyReleased(int keyCode) {
-    if (form_ != nullptr) form_->userReleasedKey(keyCode);
+    if (form_) form_->userReleasedKey(keyCode);
 }
 
 void FormWindow::focus(Control& control) {
     ControlWindow* const found = find(control);
-    if (found == nullptr || !found->canTakeFocus()) return;
+    if (!found || !found->canTakeFocus()) return;
     const Serving serving(*this);
     if (isActive() && IsWindowVisible(window_)) {
         SetFocus(found->window());
@@ -70,13 +69,12 @@ void FormWindow::focus(Control& control) {
 }
 
 void FormWindow::focusArrived(Control& control) {
-    if (form_ != nullptr) form_->keyboard().arrived(control);
+    if (form_) form_->keyboard().arrived(control);
 }
 
 void FormWindow::focusMoved() {
     const Control* const focused = form_->keyboard().focused();
-    if (const ControlWindow* const at = focused == nullptr ? nullptr : find(*focused))
-        scrollIntoView(at->window());
+    if (const ControlWindow* const at = focused ? find(*focused) : nullptr) scrollIntoView(at->window());
     showDefaultButton();
 }
 
@@ -85,7 +83,7 @@ void FormWindow::focusNone() {
 }
 
 bool FormWindow::isActive() const {
-    return window_ != nullptr && GetActiveWindow() == window_;
+    return window_ && GetActiveWindow() == window_;
 }
 
 // The button that Enter presses is drawn so.
@@ -111,7 +109,7 @@ bool FormWindow::mouse(HWND window, UINT message, LPARAM place, bool clickable) 
             break; // the window moved, or changed, under the mouse
         lastMouse_ = at;
         Control* const control = under(at);
-        if (control != nullptr) {
+        if (control) {
             control->userMovedMouse();
         } else {
             form_->userMovedMouse();
@@ -131,7 +129,7 @@ bool FormWindow::mouse(HWND window, UINT message, LPARAM place, bool clickable) 
         GetClientRect(window, &inside);
         if (!wasPressed || !PtInRect(&inside, at)) break;
         ControlWindow* const control = find(window);
-        if (control == nullptr) {
+        if (!control) {
             form_->userClicked();
         } else if (control->control().reachable()) {
             control->control().userClicked();
@@ -152,7 +150,7 @@ bool FormWindow::mouse(HWND window, UINT message, LPARAM place, bool clickable) 
 Control* FormWindow::under(POINT place) const {
     if (const HWND captor = GetCapture()) {
         const ControlWindow* const control = find(captor);
-        return control == nullptr ? nullptr : &control->control();
+        return control ? &control->control() : nullptr;
     }
     Control* found = nullptr;
     HWND parent = window_;
@@ -160,8 +158,8 @@ Control* FormWindow::under(POINT place) const {
         POINT inside = place;
         ScreenToClient(parent, &inside);
         const HWND child = ChildWindowFromPointEx(parent, inside, CWP_SKIPINVISIBLE);
-        const ControlWindow* const control = child == nullptr || child == parent ? nullptr : find(child);
-        if (control == nullptr) return found;
+        const ControlWindow* const control = !child || child == parent ? nullptr : find(child);
+        if (!control) return found;
         found = &control->control();
         parent = child;
     }

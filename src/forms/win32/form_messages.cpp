@@ -16,7 +16,7 @@ constexpr UINT activateLater = WM_APP; // the focus has come back from another w
 
 LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<FormWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (self == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if (!self) return DefWindowProcA(window, message, wParam, lParam);
     const Serving serving(*self);
     if (message == WM_NCDESTROY) { // somebody else's doing: with its owner, for one
         SetWindowLongPtrA(window, GWLP_USERDATA, 0);
@@ -29,7 +29,7 @@ LRESULT CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM wParam,
 
 LRESULT FormWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
-    if (form_ == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if (!form_) return DefWindowProcA(window, message, wParam, lParam);
     if ((message == WM_HSCROLL || message == WM_VSCROLL) && lParam == 0) { // the window's own bar
         scrolled(message == WM_VSCROLL ? SB_VERT : SB_HORZ, LOWORD(wParam));
         return 0;
@@ -143,7 +143,7 @@ bool FormWindow::usesHourglass() const {
 // ours or from another program.
 
 bool FormWindow::belongsToThread(HWND window) const {
-    return window != nullptr && GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
+    return window && GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId();
 }
 
 void FormWindow::activated(bool active, HWND other) {

@@ -48,10 +48,10 @@ void FormWindow::setClientSize() {
 void FormWindow::placeOver(HWND owner) {
     RECT own{};
     GetWindowRect(window_, &own);
-    const RECT area = workAreaOf(owner == nullptr ? window_ : owner);
+    const RECT area = workAreaOf(owner ? owner : window_);
     const SIZE size = within({own.right - own.left, own.bottom - own.top}, area);
     RECT over = area;
-    if (owner != nullptr && !IsIconic(owner)) GetWindowRect(owner, &over);
+    if (owner && !IsIconic(owner)) GetWindowRect(owner, &over);
     LONG left = over.left + (over.right - over.left - size.cx) / 2;
     LONG top = over.top + (over.bottom - over.top - size.cy) / 2;
     left = std::max(std::min(left, area.right - size.cx), area.left);

@@ -31,7 +31,7 @@ WindowFrame frameOf(BorderStyle style) {
 
 BOOL CALLBACK releaseIfOwned(HWND window, LPARAM going) {
     const HWND owner = reinterpret_cast<HWND>(going);
-    if (GetWindow(window, GW_OWNER) != owner || FormWindow::of(window) == nullptr) return TRUE;
+    if (GetWindow(window, GW_OWNER) != owner || !FormWindow::of(window)) return TRUE;
     SetWindowLongPtrA(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(GetWindow(owner, GW_OWNER)));
     return TRUE;
 }
@@ -39,7 +39,7 @@ BOOL CALLBACK releaseIfOwned(HWND window, LPARAM going) {
 } // namespace
 
 FormWindow* FormWindow::of(HWND top) {
-    if (top == nullptr || reinterpret_cast<WNDPROC>(GetClassLongPtrA(top, GCLP_WNDPROC)) != &procedure) {
+    if (!top || reinterpret_cast<WNDPROC>(GetClassLongPtrA(top, GCLP_WNDPROC)) != &procedure) {
         return nullptr;
     }
     return reinterpret_cast<FormWindow*>(GetWindowLongPtrA(top, GWLP_USERDATA));
@@ -56,7 +56,7 @@ void FormWindow::make() {
     window_ =
         CreateWindowExA(frame.extendedStyle, desktop_.formClass(), form_->caption().c_str(), frame.style,
                         CW_USEDEFAULT, CW_USEDEFAULT, 0, 0, nullptr, nullptr, desktop_.module(), nullptr);
-    if (window_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    if (!window_) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
     setClientSize();
     if (form_->borderStyle() == BorderStyle::FixedDialog) {
         const HMENU menu = GetSystemMenu(window_, FALSE);
@@ -83,7 +83,7 @@ void FormWindow::makeControls() {
     int number = firstControlNumber;
     for (Control* control : form_->controls()) {
         HWND parent = window_;
-        if (control->container() != nullptr) {
+        if (control->container()) {
             if (const ControlWindow* const frame = find(*control->container())) parent = frame->window();
         }
         controls_.push_back(ControlWindow::make(*this, *control));
@@ -92,7 +92,7 @@ void FormWindow::makeControls() {
 }
 
 void FormWindow::detach() {
-    if (form_ == nullptr) return;
+    if (!form_) return;
     Form& form = *form_;
     form_ = nullptr;
     late_.clear();
@@ -101,7 +101,7 @@ void FormWindow::detach() {
     state_.hide();
     countAsModeless(wasModeless);
     desktop_.endModal(form);
-    if (window_ == nullptr || beingDestroyed_) return;
+    if (!window_ || beingDestroyed_) return;
     releaseOwned();
     handFocusOn();
     ShowWindow(window_, SW_HIDE);
@@ -111,7 +111,7 @@ void FormWindow::detach() {
 
 void FormWindow::destroy() {
     gone_ = false;
-    if (window_ == nullptr) return;
+    if (!window_) return;
     const HWND window = window_;
     window_ = nullptr;
     SetWindowLongPtrA(window, GWLP_USERDATA, 0);
@@ -144,19 +144,19 @@ ControlWindow* FormWindow::find(HWND window) const {
 
 HWND FormWindow::windowOf(const Control& control) const {
     const ControlWindow* const found = find(control);
-    return found == nullptr ? window_ : found->window();
+    return found ? found->window() : window_;
 }
 
 // What the form asks for
 
 void FormWindow::show() {
-    if (window_ == nullptr) return;
+    if (!window_) return;
     const Serving serving(*this);
     desktop_.flush();
     HWND owner = modalOwner_ ? *modalOwner_ : desktop_.ownerNow(window_);
     // A modeless window belongs to the host's, not to one of ours that may go before it.
-    if (!modalOwner_ && owner != nullptr) owner = GetAncestor(owner, GA_ROOTOWNER);
-    if (owner != nullptr && owner != window_ && of(owner) == this) owner = nullptr;
+    if (!modalOwner_ && owner) owner = GetAncestor(owner, GA_ROOTOWNER);
+    if (owner && owner != window_ && of(owner) == this) owner = nullptr;
     SetWindowLongPtrA(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
     const bool first = !state_.wasShown();
     const bool wasModeless = state_.isModeless();
@@ -173,13 +173,13 @@ void FormWindow::show() {
     SetForegroundWindow(window_);
     SetActiveWindow(window_);
     state_.activated();
-    if (first && form_ != nullptr) laidOut();
-    if (form_ != nullptr) form_->userActivated();
-    if (form_ != nullptr && GetFocus() == window_) form_->keyboard().restore();
+    if (first && form_) laidOut();
+    if (form_) form_->userActivated();
+    if (form_ && GetFocus() == window_) form_->keyboard().restore();
 }
 
 void FormWindow::hide() {
-    if (window_ == nullptr) return;
+    if (!window_) return;
     const Serving serving(*this);
     const bool wasModeless = state_.isModeless();
     state_.hide();
@@ -203,7 +203,7 @@ void FormWindow::handFocusOn() {
         return;
     }
     const HWND owner = GetWindow(window_, GW_OWNER);
-    if (owner != nullptr && IsWindowVisible(owner) && IsWindowEnabled(owner)) SetActiveWindow(owner);
+    if (owner && IsWindowVisible(owner) && IsWindowEnabled(owner)) SetActiveWindow(owner);
 }
 
 bool FormWindow::waitsForFocus() const {
@@ -217,7 +217,7 @@ void FormWindow::bringToFront() {
 }
 
 void FormWindow::formChanged(FormAspect aspect) {
-    if (window_ == nullptr) return;
+    if (!window_) return;
     switch (aspect) {
     case FormAspect::Caption:
         SetWindowTextA(window_, form_->caption().c_str());
@@ -246,7 +246,7 @@ void FormWindow::formChanged(FormAspect aspect) {
 
 void FormWindow::controlChanged(Control& control, Aspect aspect) {
     ControlWindow* const found = find(control);
-    if (found == nullptr || found->window() == nullptr) return;
+    if (!found || !found->window()) return;
     const Serving serving(*this);
     found->update(aspect);
 }

@@ -38,7 +38,7 @@ void ListWindow::created() {
 }
 
 LRESULT ListWindow::handle(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_KEYDOWN && form_.form() != nullptr) list_.userPressedKey(static_cast<int>(wParam));
+    if (message == WM_KEYDOWN && form_.form()) list_.userPressedKey(static_cast<int>(wParam));
     return ControlWindow::handle(message, wParam, lParam);
 }
 

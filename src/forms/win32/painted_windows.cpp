@@ -58,7 +58,7 @@ class LabelWindow : public ControlWindow {
 
     // The static control draws here and there on its own: all of it is done here instead.
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (form_.form() == nullptr) return ControlWindow::handle(message, wParam, lParam);
+        if (!form_.form()) return ControlWindow::handle(message, wParam, lParam);
         switch (message) {
         case WM_SETTEXT: {
             const LRESULT result = DefWindowProcA(window(), message, wParam, lParam);
@@ -118,8 +118,7 @@ class LabelWindow : public ControlWindow {
 
     // Transparent labels that overlap are painted in any order: those above once more.
     void repaintAbove() const {
-        for (HWND above = GetWindow(window(), GW_HWNDPREV); above != nullptr;
-             above = GetWindow(above, GW_HWNDPREV)) {
+        for (HWND above = GetWindow(window(), GW_HWNDPREV); above; above = GetWindow(above, GW_HWNDPREV)) {
             if ((GetWindowLongPtrA(above, GWL_EXSTYLE) & WS_EX_TRANSPARENT) != 0)
                 InvalidateRect(above, nullptr, FALSE);
         }

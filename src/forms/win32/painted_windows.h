@@ -19,8 +19,7 @@ class PaintedWindow : public ControlWindow {
 
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_ERASEBKGND) return 1;
-        if (message != WM_PAINT || form_.form() == nullptr)
-            return ControlWindow::handle(message, wParam, lParam);
+        if (message != WM_PAINT || !form_.form()) return ControlWindow::handle(message, wParam, lParam);
         PAINTSTRUCT paint;
         draw(BeginPaint(window(), &paint));
         EndPaint(window(), &paint);

@@ -43,7 +43,7 @@ class TextBoxWindow : public ControlWindow {
     LRESULT handle(UINT message, WPARAM wParam, LPARAM lParam) override {
         // Tab, Enter and Esc are the form's; coming here by the keyboard selects nothing.
         if (message == WM_GETDLGCODE) return DLGC_WANTCHARS | DLGC_WANTARROWS;
-        if (message == WM_CHAR && form_.form() != nullptr) box_.userPressedKey();
+        if (message == WM_CHAR && form_.form()) box_.userPressedKey();
         const LRESULT result = ControlWindow::handle(message, wParam, lParam);
         // A box of several lines tells nobody that another program wrote its text.
         if (message == WM_SETTEXT) changed();
@@ -52,7 +52,7 @@ class TextBoxWindow : public ControlWindow {
 
   private:
     void changed() {
-        if (!writing_ && form_.form() != nullptr) box_.userTyped(windowText());
+        if (!writing_ && form_.form()) box_.userTyped(windowText());
     }
 
     TextBox& box_;

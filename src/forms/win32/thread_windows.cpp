@@ -39,7 +39,7 @@ namespace {
 
 void setEnabled(HWND window, bool enabled) {
     FormWindow* const ours = FormWindow::of(window);
-    if (ours != nullptr && ours->form() != nullptr) {
+    if (ours && ours->form()) {
         ours->form()->setEnabled(enabled); // it tells its window
     } else {
         EnableWindow(window, enabled);
@@ -50,7 +50,7 @@ void setEnabled(HWND window, bool enabled) {
 
 DisabledWindows::DisabledWindows(HWND except) {
     for (HWND window : threadWindows()) {
-        const bool counts = IsWindowVisible(window) || FormWindow::of(window) != nullptr;
+        const bool counts = IsWindowVisible(window) || FormWindow::of(window);
         if (window == except || !counts || !IsWindowEnabled(window)) continue;
         windows_.push_back(window);
         setEnabled(window, false);

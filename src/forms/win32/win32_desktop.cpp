@@ -38,9 +38,8 @@ HBRUSH systemBrush(int colour) {
 }
 
 bool isMainWindowOfHost(HWND window) {
-    return IsWindowVisible(window) && GetWindow(window, GW_OWNER) == nullptr &&
-           (GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION &&
-           FormWindow::of(window) == nullptr;
+    return IsWindowVisible(window) && !GetWindow(window, GW_OWNER) &&
+           (GetWindowLongPtrA(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION && !FormWindow::of(window);
 }
 
 FormWindow& windowOf(Form& form) {
@@ -85,7 +84,7 @@ Win32Desktop::Win32Desktop(HINSTANCE module, int dpi)
     InitCommonControlsEx(&wanted);
     timerWindow_ =
         CreateWindowExA(0, timerClass_.name(), "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, module_, nullptr);
-    if (timerWindow_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    if (!timerWindow_) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
     SetWindowLongPtrA(timerWindow_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
@@ -106,9 +105,9 @@ void Win32Desktop::remove(FormWindow& window) {
 
 HWND Win32Desktop::ownerNow(HWND except) const {
     HWND owner = GetActiveWindow();
-    if (owner != nullptr && owner != except && IsWindowVisible(owner)) return owner;
+    if (owner && owner != except && IsWindowVisible(owner)) return owner;
     // The thread is in the background.
-    if (Form* const modal = topModal(); modal != nullptr && modal->peer() != nullptr) {
+    if (Form* const modal = topModal(); modal && modal->peer()) {
         const HWND top = windowOf(*modal).window();
         if (top != except && IsWindowVisible(top)) return top;
     }
@@ -245,7 +244,7 @@ std::optional<std::string> Win32Desktop::chooseFile(const CommonDialog& dialog, 
 
 void Win32Desktop::showHelp(Control* caller, const std::string& file, int command, std::uint32_t data) {
     HWND window = GetActiveWindow();
-    if (caller != nullptr && caller->form().peer() != nullptr) {
+    if (caller && caller->form().peer()) {
         window = windowOf(caller->form()).windowOf(*caller);
     }
     help_.show(window, file, command, data);
@@ -255,7 +254,7 @@ Size Win32Desktop::pictureSize(const Picture& picture) const {
     constexpr Size icon{480, 480};
     BITMAP own{};
     const HBITMAP bitmap = picture.empty() ? nullptr : gdi_.bitmap(picture.name());
-    if (bitmap == nullptr || GetObjectA(bitmap, sizeof own, &own) == 0) return icon;
+    if (!bitmap || GetObjectA(bitmap, sizeof own, &own) == 0) return icon;
     return {scale_.twips(static_cast<int>(own.bmWidth)), scale_.twips(static_cast<int>(own.bmHeight))};
 }
 
@@ -298,7 +297,7 @@ void Win32Desktop::tick(UINT_PTR number) {
 
 LRESULT CALLBACK Win32Desktop::onTimerMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const desktop = reinterpret_cast<Win32Desktop*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (desktop == nullptr || message != WM_TIMER) return DefWindowProcA(window, message, wParam, lParam);
+    if (!desktop || message != WM_TIMER) return DefWindowProcA(window, message, wParam, lParam);
     return desktop->guarded<LRESULT>(0, [desktop, wParam] {
         desktop->tick(wParam);
         return 0;

@@ -7,12 +7,12 @@
 namespace corvelle::host {
 
 HRESULT ConnectionPoints::Next(ULONG count, IConnectionPoint** points, ULONG* got) {
-    if (points == nullptr || (got == nullptr && count != 1)) return E_POINTER;
+    if (!points || (!got && count != 1)) return E_POINTER;
     ULONG given = 0;
     for (; given < count && next_ < points_.size(); ++given, ++next_) {
         points[given] = com::Ptr<IConnectionPoint>(points_[next_]).release();
     }
-    if (got != nullptr) *got = given;
+    if (got) *got = given;
     return given == count ? S_OK : S_FALSE;
 }
 
@@ -28,7 +28,7 @@ HRESULT ConnectionPoints::Reset() {
 }
 
 HRESULT ConnectionPoints::Clone(IEnumConnectionPoints** result) {
-    if (result == nullptr) return E_POINTER;
+    if (!result) return E_POINTER;
     *result = nullptr;
     return com::guarded([&] { *result = com::make<ConnectionPoints>(points_, next_).release(); });
 }
@@ -41,9 +41,9 @@ void ViewAdvice::set(DWORD aspects, DWORD flags, IAdviseSink* sink) {
 }
 
 void ViewAdvice::get(DWORD* aspects, DWORD* flags, IAdviseSink** sink) const {
-    if (aspects != nullptr) *aspects = aspects_;
-    if (flags != nullptr) *flags = flags_;
-    if (sink != nullptr) *sink = com::Ptr<IAdviseSink>(sink_).release();
+    if (aspects) *aspects = aspects_;
+    if (flags) *flags = flags_;
+    if (sink) *sink = com::Ptr<IAdviseSink>(sink_).release();
 }
 
 void ViewAdvice::viewChanged() {

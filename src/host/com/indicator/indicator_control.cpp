@@ -51,21 +51,21 @@ IndicatorControl::~IndicatorControl() {
 // IUnknown
 
 HRESULT IndicatorControl::QueryInterface(REFIID iid, void** result) {
-    return outer_ != nullptr ? outer_->QueryInterface(iid, result) : Object::QueryInterface(iid, result);
+    return outer_ ? outer_->QueryInterface(iid, result) : Object::QueryInterface(iid, result);
 }
 
 ULONG IndicatorControl::AddRef() {
-    return outer_ != nullptr ? outer_->AddRef() : Object::AddRef();
+    return outer_ ? outer_->AddRef() : Object::AddRef();
 }
 
 ULONG IndicatorControl::Release() {
-    return outer_ != nullptr ? outer_->Release() : Object::Release();
+    return outer_ ? outer_->Release() : Object::Release();
 }
 
 HRESULT IndicatorControl::Inner::QueryInterface(REFIID iid, void** result) {
-    if (control_.outer_ == nullptr || !IsEqualIID(iid, IID_IUnknown))
+    if (!control_.outer_ || !IsEqualIID(iid, IID_IUnknown))
         return control_.Object::QueryInterface(iid, result);
-    if (result == nullptr) return E_POINTER;
+    if (!result) return E_POINTER;
     *result = this;
     AddRef();
     return S_OK;
@@ -95,7 +95,7 @@ void IndicatorControl::propertyChanged(const std::string& key) {
 // IConnectionPointContainer
 
 HRESULT IndicatorControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
-    if (points == nullptr) return E_POINTER;
+    if (!points) return E_POINTER;
     *points = nullptr;
     return com::guarded([&] {
         *points =
@@ -104,23 +104,23 @@ HRESULT IndicatorControl::EnumConnectionPoints(IEnumConnectionPoints** points) {
 }
 
 HRESULT IndicatorControl::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
-    if (point == nullptr) return E_POINTER;
+    if (!point) return E_POINTER;
     *point = nullptr;
     if (IsEqualIID(iid, __uuidof(__Indicator))) *point = com::Ptr<IConnectionPoint>(ticks_).release();
     if (IsEqualIID(iid, IID_IPropertyNotifySink)) *point = com::Ptr<IConnectionPoint>(changes_).release();
-    return *point != nullptr ? S_OK : CONNECT_E_NOCONNECTION;
+    return *point ? S_OK : CONNECT_E_NOCONNECTION;
 }
 
 // IProvideClassInfo2, ISupportErrorInfo
 
 HRESULT IndicatorControl::GetClassInfo(ITypeInfo** information) {
-    if (information == nullptr) return E_POINTER;
+    if (!information) return E_POINTER;
     *information = com::Ptr<ITypeInfo>(class_).release();
     return S_OK;
 }
 
 HRESULT IndicatorControl::GetGUID(DWORD kind, GUID* guid) {
-    if (guid == nullptr) return E_POINTER;
+    if (!guid) return E_POINTER;
     *guid = GUID_NULL;
     if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
     *guid = __uuidof(__Indicator);

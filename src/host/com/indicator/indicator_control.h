@@ -176,7 +176,7 @@ class IndicatorControl final
     }
     template <class Value, class Read>
     HRESULT get(Value* value, Read&& read) {
-        if (value == nullptr) return E_POINTER;
+        if (!value) return E_POINTER;
         return run([&] { *value = static_cast<Value>(read()); });
     }
 

@@ -19,13 +19,13 @@ constexpr int largestArea = 16'777'216; // pixels; more than any screen has woul
 
 HRESULT IndicatorControl::SetClientSite(IOleClientSite* site) {
     return run([&] {
-        if (site == nullptr) InPlaceDeactivate();
+        if (!site) InPlaceDeactivate();
         site_ = com::Ptr<IOleClientSite>(site);
     });
 }
 
 HRESULT IndicatorControl::GetClientSite(IOleClientSite** site) {
-    if (site == nullptr) return E_POINTER;
+    if (!site) return E_POINTER;
     *site = com::Ptr<IOleClientSite>(site_).release();
     return S_OK;
 }
@@ -70,7 +70,7 @@ void IndicatorControl::setSize(SIZE pixels) {
 
 HRESULT IndicatorControl::SetExtent(DWORD aspect, SIZEL* size) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-    if (size == nullptr) return E_POINTER;
+    if (!size) return E_POINTER;
     return run([&] {
         const SIZEL extent = *size;
         if (extent.cx < 0 || extent.cy < 0) throw com::HresultError(E_INVALIDARG);
@@ -82,7 +82,7 @@ HRESULT IndicatorControl::SetExtent(DWORD aspect, SIZEL* size) {
 
 HRESULT IndicatorControl::GetExtent(DWORD aspect, SIZEL* size) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
-    if (size == nullptr) return E_POINTER;
+    if (!size) return E_POINTER;
     *size = extent_;
     return S_OK;
 }
@@ -123,7 +123,7 @@ HRESULT IndicatorControl::SetMoniker(DWORD, IMoniker*) {
 }
 
 HRESULT IndicatorControl::GetMoniker(DWORD, DWORD, IMoniker** moniker) {
-    if (moniker != nullptr) *moniker = nullptr;
+    if (moniker) *moniker = nullptr;
     return E_NOTIMPL;
 }
 
@@ -132,7 +132,7 @@ HRESULT IndicatorControl::InitFromData(IDataObject*, WINBOOL, DWORD) {
 }
 
 HRESULT IndicatorControl::GetClipboardData(DWORD, IDataObject** data) {
-    if (data != nullptr) *data = nullptr;
+    if (data) *data = nullptr;
     return E_NOTIMPL;
 }
 
@@ -165,7 +165,7 @@ HRESULT IndicatorControl::EnumAdvise(IEnumSTATDATA** advices) {
 }
 
 HRESULT IndicatorControl::GetMiscStatus(DWORD, DWORD* status) {
-    if (status == nullptr) return E_POINTER;
+    if (!status) return E_POINTER;
     *status = miscStatus;
     return S_OK;
 }
@@ -177,7 +177,7 @@ HRESULT IndicatorControl::SetColorScheme(LOGPALETTE*) {
 // IOleControl
 
 HRESULT IndicatorControl::GetControlInfo(CONTROLINFO* information) {
-    if (information == nullptr) return E_POINTER;
+    if (!information) return E_POINTER;
     information->hAccel = nullptr;
     information->cAccel = 0;
     information->dwFlags = 0;

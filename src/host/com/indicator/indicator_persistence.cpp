@@ -6,7 +6,7 @@
 namespace corvelle::host {
 
 HRESULT IndicatorControl::GetClassID(CLSID* clsid) {
-    if (clsid == nullptr) return E_POINTER;
+    if (!clsid) return E_POINTER;
     *clsid = __uuidof(Indicator);
     return S_OK;
 }
@@ -23,7 +23,7 @@ HRESULT IndicatorControl::IsDirty() {
 }
 
 HRESULT IndicatorControl::Load(IStream* stream) {
-    if (stream == nullptr) return E_POINTER;
+    if (!stream) return E_POINTER;
     return run([&] {
         StreamBag bag;
         bag.load(*stream);
@@ -33,7 +33,7 @@ HRESULT IndicatorControl::Load(IStream* stream) {
 }
 
 HRESULT IndicatorControl::Save(IStream* stream, WINBOOL clearDirty) {
-    if (stream == nullptr) return E_POINTER;
+    if (!stream) return E_POINTER;
     return run([&] {
         StreamBag bag;
         indicator_.writeProperties(bag);
@@ -43,7 +43,7 @@ HRESULT IndicatorControl::Save(IStream* stream, WINBOOL clearDirty) {
 }
 
 HRESULT IndicatorControl::GetSizeMax(ULARGE_INTEGER* size) {
-    if (size == nullptr) return E_POINTER;
+    if (!size) return E_POINTER;
     return run([&] {
         StreamBag bag;
         indicator_.writeProperties(bag);
@@ -52,7 +52,7 @@ HRESULT IndicatorControl::GetSizeMax(ULARGE_INTEGER* size) {
 }
 
 HRESULT IndicatorControl::Load(IPropertyBag* bag, IErrorLog* log) {
-    if (bag == nullptr) return E_POINTER;
+    if (!bag) return E_POINTER;
     return run([&] {
         ContainerBag properties(*bag, log);
         indicator_.readProperties(properties);
@@ -61,7 +61,7 @@ HRESULT IndicatorControl::Load(IPropertyBag* bag, IErrorLog* log) {
 }
 
 HRESULT IndicatorControl::Save(IPropertyBag* bag, WINBOOL clearDirty, WINBOOL all) {
-    if (bag == nullptr) return E_POINTER;
+    if (!bag) return E_POINTER;
     return run([&] {
         ContainerBag properties(*bag, all != FALSE);
         indicator_.writeProperties(properties);

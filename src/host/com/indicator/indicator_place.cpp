@@ -10,7 +10,7 @@ namespace corvelle::host {
 // Coming
 
 HRESULT IndicatorControl::activate(bool ui) {
-    if (window_ && window_->handle() == nullptr) InPlaceDeactivate(); // the container has destroyed it
+    if (window_ && !window_->handle()) InPlaceDeactivate(); // the container has destroyed it
     if (!place_) {
         const HRESULT status = activateInPlace();
         if (FAILED(status)) return status;
@@ -80,7 +80,7 @@ HRESULT IndicatorControl::activateUI() {
     if (uiActive_ && frame) frame->SetActiveObject(this, nullptr);
     if (uiActive_ && frame) frame->SetBorderSpace(nullptr); // it brings no tool bars
     if (uiActive_ && document) document->SetActiveObject(this, nullptr);
-    if (uiActive_ && window_ && window_->handle() != nullptr) SetFocus(window_->handle());
+    if (uiActive_ && window_ && window_->handle()) SetFocus(window_->handle());
     return S_OK;
 }
 
@@ -94,7 +94,7 @@ void IndicatorControl::pressed() {
 // There
 
 HRESULT IndicatorControl::SetObjectRects(LPCRECT position, LPCRECT clip) {
-    if (position == nullptr) return E_POINTER;
+    if (!position) return E_POINTER;
     return run([&]() -> HRESULT {
         if (!window_) return S_OK; // its place is asked for when it gets a window
         const RECT at = *position;
@@ -105,9 +105,9 @@ HRESULT IndicatorControl::SetObjectRects(LPCRECT position, LPCRECT clip) {
 }
 
 HRESULT IndicatorControl::GetWindow(HWND* window) {
-    if (window == nullptr) return E_POINTER;
+    if (!window) return E_POINTER;
     *window = window_ ? window_->handle() : nullptr;
-    return *window != nullptr ? S_OK : E_FAIL;
+    return *window ? S_OK : E_FAIL;
 }
 
 HRESULT IndicatorControl::ContextSensitiveHelp(WINBOOL) {

@@ -17,7 +17,7 @@ HRESULT IndicatorControl::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*,
                                LPCRECTL bounds, LPCRECTL, WINBOOL(STDMETHODCALLTYPE*)(ULONG_PTR), ULONG_PTR) {
     if (aspect != DVASPECT_CONTENT) return DV_E_DVASPECT;
     if (index != -1) return DV_E_LINDEX;
-    if (device == nullptr || bounds == nullptr) return E_INVALIDARG;
+    if (!device || !bounds) return E_INVALIDARG;
     return run([&] {
         RECT box{bounds->left, bounds->top, bounds->right, bounds->bottom};
         const int saved = SaveDC(device);
@@ -34,13 +34,13 @@ HRESULT IndicatorControl::Draw(DWORD aspect, LONG index, void*, DVTARGETDEVICE*,
 }
 
 HRESULT IndicatorControl::GetColorSet(DWORD, LONG, void*, DVTARGETDEVICE*, HDC, LOGPALETTE** colours) {
-    if (colours == nullptr) return E_POINTER;
+    if (!colours) return E_POINTER;
     *colours = nullptr;
     return S_FALSE; // any colours there are
 }
 
 HRESULT IndicatorControl::Freeze(DWORD, LONG, void*, DWORD* cookie) {
-    if (cookie != nullptr) *cookie = 0;
+    if (cookie) *cookie = 0;
     return E_NOTIMPL;
 }
 

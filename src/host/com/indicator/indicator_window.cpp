@@ -20,12 +20,12 @@ IndicatorWindow::IndicatorWindow(HINSTANCE module, HWND parent, ui::IndicatorHom
     : home_(home), class_(module, className(this), procedure, nullptr) {
     window_ = CreateWindowExA(0, class_.name(), "", WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent, nullptr,
                               module, nullptr);
-    if (window_ == nullptr) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
+    if (!window_) throw base::RunTimeError(base::ErrorNumber::OutOfMemory);
     SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 IndicatorWindow::~IndicatorWindow() {
-    if (window_ == nullptr) return;
+    if (!window_) return;
     SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
     DestroyWindow(window_);
 }
@@ -33,14 +33,14 @@ IndicatorWindow::~IndicatorWindow() {
 void IndicatorWindow::place(const RECT& position, const RECT* clip) {
     const int width = position.right - position.left, height = position.bottom - position.top;
     RECT seen = position;
-    if (clip != nullptr) IntersectRect(&seen, &position, clip); // leaves an empty one where they do not meet
+    if (clip) IntersectRect(&seen, &position, clip); // leaves an empty one where they do not meet
     HRGN region = nullptr;
     if (!EqualRect(&seen, &position)) {
         OffsetRect(&seen, static_cast<int>(-position.left), static_cast<int>(-position.top));
         if (IsRectEmpty(&seen)) SetRectEmpty(&seen);
         region = CreateRectRgnIndirect(&seen);
     }
-    if (!SetWindowRgn(window_, region, TRUE) && region != nullptr) DeleteObject(region);
+    if (!SetWindowRgn(window_, region, TRUE) && region) DeleteObject(region);
     SetWindowPos(window_, nullptr, position.left, position.top, width, height,
                  SWP_NOZORDER | SWP_NOACTIVATE | SWP_SHOWWINDOW);
 }
@@ -50,7 +50,7 @@ void IndicatorWindow::hide() {
 }
 
 void IndicatorWindow::redraw() {
-    if (window_ == nullptr) return; // it would be every window of the screen
+    if (!window_) return; // it would be every window of the screen
     InvalidateRect(window_, nullptr, FALSE);
     UpdateWindow(window_);
 }
@@ -65,7 +65,7 @@ void IndicatorWindow::paint() {
 
 LRESULT CALLBACK IndicatorWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* const self = reinterpret_cast<IndicatorWindow*>(GetWindowLongPtrA(window, GWLP_USERDATA));
-    if (self == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+    if (!self) return DefWindowProcA(window, message, wParam, lParam);
     switch (message) {
     case WM_ERASEBKGND:
         return 1;
