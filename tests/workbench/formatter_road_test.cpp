@@ -72,7 +72,7 @@ struct FormatterRoad : WithAddIns {
         saveBackup(dialog, backup);
         format(dialog);
         if (pictures) {
-            Sleep(500);
+            Sleep(500); // the same
             takePicture("dialog");
         }
         clickUntil(dialog, "&Add to Module", "the code to be added",

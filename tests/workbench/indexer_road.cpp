@@ -123,7 +123,7 @@ void IndexerRoad::close(HWND form) {
 void IndexerRoad::takePictureOf(HWND form, const std::string& name) {
     SetWindowPos(form, nullptr, 330, 190, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
     bringForward(form);
-    Sleep(500);
+    Sleep(500); // nothing tells when all is on the screen
     takePicture(name);
 }
 
