@@ -59,6 +59,11 @@ TEST(CommentsTest, OneLeftOfTheDividerBelowStandsWithThat) {
         "    Select Case a\n        Case 1\n        'e\n        Case 2\n    End Select\nEnd Sub\n");
 }
 
+TEST(CommentsTest, AnEmptyLineEndsARun) {
+    EXPECT_EQ(layOut("Sub S()\n  x\n  'a\n\n 'b\n  y\nEnd Sub\n", indented()),
+              "Sub S()\n    x\n    'a\n\n    'b\n    y\nEnd Sub\n");
+}
+
 TEST(CommentsTest, AContinuedCommentMovesAsOne) {
     EXPECT_EQ(layOut("Sub S()\n  'a _\n   b\n  x\nEnd Sub\n", indented()),
               "Sub S()\n    'a _\n     b\n    x\nEnd Sub\n");

@@ -92,6 +92,8 @@ TEST(FaultsTest, ABranchThatIsNeverCompiledStaysAndNothingElseDoes) {
                    return options;
                }()),
         "Dim a\n#If B Then\nDim b\n#ElseIf False Then\n  For i\n   x\n#Else\nDim c\n#End If\nDim d\n");
+    EXPECT_EQ(layOut("  Dim a\n#If False Then\n  For i\n#End If\n"),
+              "Dim a\n#If False Then\n  For i\n#End If\n");
     EXPECT_THAT(faultsOf("#If Fixed Then\nEnd If\n#End If\n"), ElementsAre("2: CV201 End If without If"));
 }
 

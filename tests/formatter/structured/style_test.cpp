@@ -126,6 +126,13 @@ TEST(StyleTest, DirectivesThatCannotBeSeenFollowTheOthers) {
         "End Sub\n");
 }
 
+TEST(StyleTest, ADirectiveInAnIndentedOneKeepsItsWaysToo) {
+    const std::string text =
+        "Sub S()\n    x\n    #If A Then\n        y\n        #If B Then\n        z\n        #End If\n"
+        "    #End If\n    #If C Then\n        y\n    #End If\nEnd Sub\n";
+    EXPECT_EQ(layOut(text), text);
+}
+
 TEST(StyleTest, ADirectiveUnderALineThatStaysOffItsColumnFollowsTheModule) {
     EXPECT_EQ(layOut("Sub S()\n    a\n'corvelle:off\nDo\n'corvelle:on\n#If B Then\n        c\n#End If\n"
                      "    #If B Then\n    d\n    #End If\n    Loop\nEnd Sub\n"),
