@@ -206,6 +206,47 @@ void addNumbering(CLI::App& index, IndexSettings& settings) {
                    "Write nothing; list where the index's files do not match the project");
 }
 
+void addProperties(CLI::App& index, IndexSettings& settings) {
+    const auto choose = [&settings](const std::string& word) {
+        using Choice = PropertyChoice;
+        settings.properties.properties = word == "help"        ? Choice::Help
+                                         : word == "whatsthis" ? Choice::WhatsThis
+                                         : word == "both"      ? Choice::Both
+                                         : word == "remove"    ? Choice::Remove
+                                                               : Choice::None;
+    };
+    index
+        .add_option_function<std::string>(
+            "--properties", choose,
+            "Write the numbers into the designers' files: help: HelpContextID; whatsthis: WhatsThisHelpID, and switch "
+            "the forms' WhatsThisHelp on; both; remove: take out what earlier runs have written; default: none")
+        ->take_last()
+        ->option_text("help|whatsthis|both|none|remove")
+        ->check(CLI::IsMember({"help", "whatsthis", "both", "none", "remove"}));
+    index.add_flag(
+        "--whatsthis-forms", settings.properties.whatsThisForms,
+        "With --properties both: switch the forms' WhatsThisHelp on, so that F1 shows pop-ups and no topics");
+    index.add_flag(
+        "--overwrite-numbers", settings.properties.overwriteNumbers,
+        "With --properties: replace other numbers that stand in the designers' files; else they stay");
+    index
+        .add_option("--help-file", settings.helpFile, "The help file's name for the project's HelpFile line")
+        ->take_last()
+        ->option_text("NAME")
+        ->transform(asGiven());
+    index.add_flag(
+        "--diff", settings.diff,
+        "Write nothing; print a unified diff of the designers' and the project's files that would change");
+    index
+        .add_option(
+            "--backup-dir", settings.backupDir,
+            "Save copies of the designers' and the project's files there before they are replaced, as NAME_bak, "
+            "or as the next free one of NAME_bak2, ...")
+        ->take_last()
+        ->option_text("DIR")
+        ->transform(asGiven());
+}
+
 void addIndex(CLI::App& app, IndexSettings& settings) {
     CLI::App& index = *app.add_subcommand("index", "Give the controls of a project help context IDs");
     index.footer(
@@ -245,6 +286,7 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     option("--report", settings.report, "FILE", "Save the report (.log)");
     option("--project-file", settings.projectFile, "FILE", "Save the indexer project (.icp)");
     addNumbering(index, settings);
+    addProperties(index, settings);
     index.add_flag("--overwrite", settings.overwrite, "Replace files that this command has not written");
     index.callback([&settings] {
         const auto wrong = wrongUsage(settings);

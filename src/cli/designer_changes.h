@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/exit_status.h"
+#include "cli/property_settings.h"
 #include "ide/workspace/designer_properties.h"
 #include "ide/workspace/project.h"
 #include "indexer/stable/memory.h"
@@ -14,15 +15,6 @@
 #include <vector>
 
 namespace corvelle::cli {
-
-/// Which help properties a run writes into the designers' files.
-enum class PropertyChoice { None, Help, WhatsThis, Both, Remove };
-
-struct PropertySettings {
-    PropertyChoice properties = PropertyChoice::None;
-    bool whatsThisForms = false;   ///< with both: switch the forms' WhatsThisHelp on
-    bool overwriteNumbers = false; ///< replace numbers that stand there
-};
 
 /// The new bytes of a designer's file.
 struct ChangedFile {

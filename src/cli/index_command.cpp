@@ -4,12 +4,15 @@
 #include "base/folder_lock.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "cli/backup_names.h"
+#include "cli/designer_changes.h"
 #include "cli/exit_status.h"
 #include "cli/index_outputs.h"
 #include "cli/interrupted_changes.h"
 #include "cli/line_ends.h"
 #include "cli/stable_index.h"
 #include "cli/terminal.h"
+#include "cli/unified_diff.h"
 #include "ide/workspace/file_kind.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/analysis.h"
@@ -24,9 +27,13 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <set>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -92,8 +99,9 @@ class IndexRun {
 
     int run() {
         const auto files = lockedFiles();
+        for (const auto& file : files) locked_.insert(file.native());
         std::optional<base::FolderLock> lock; // until all is written
-        if (!settings_.check) {
+        if (settings_.writesFiles()) {
             lock.emplace(files);
             completeInterruptedChanges(files);
         }
@@ -105,9 +113,12 @@ class IndexRun {
             if (prepareJob() && (settings_.isClassic ? create() : createStable())) {
                 if (settings_.isClassic) addTexts();
                 addProjectFile();
-                if (settings_.check)
+                if (settings_.helpFile) onDisk_->setHelpFile(*settings_.helpFile);
+                if (settings_.check) {
                     printMismatches();
-                else {
+                } else if (settings_.diff) {
+                    printDiffs();
+                } else {
                     addReport();
                     if (write()) printResults();
                 }
@@ -130,6 +141,10 @@ class IndexRun {
     std::vector<std::filesystem::path> lockedFiles() const {
         std::vector<std::filesystem::path> files{base::pathOf(settings_.project)};
         for (const auto& path : outputPaths(settings_)) files.push_back(base::pathOf(path));
+        if (settings_.changesDesigners()) {
+            for (auto& file : designerFiles(base::pathOf(settings_.project)))
+                files.push_back(std::move(file));
+        }
         return files;
     }
 
@@ -143,6 +158,7 @@ class IndexRun {
             return stop(exitFailed, path + ": " + base::reasonOf(error));
         }
         onDisk_ = workspace_->projects().front().get();
+        oldProject_ = onDisk_->bytes();
         project_ = workspace_->ActiveVBProject();
         const auto what = base::whatInsteadOfText(onDisk_->bytes());
         if (!what.empty())
@@ -263,6 +279,7 @@ class IndexRun {
         } catch (const base::RunTimeError& error) { // of a name that the IDE would not take
             return stop(exitLookAt, base::reasonOf(error));
         }
+        if (settings_.changesDesigners() && !changeDesigners()) return false;
         report_.append("Created header file: " + job_.headerPath);
         report_.append("Created Configuration file: " + job_.configurationPath);
         stable_->putHeaderAndConfiguration();
@@ -304,6 +321,69 @@ class IndexRun {
         if (!text.empty()) module->CodeModule()->InsertLines(1, text);
         report_.append("Added module :" + module->Name());
         stable_->add(indexer::stable::sectionsOfModule(code.notReached));
+        return true;
+    }
+
+    // Before the header is put, which remembers what is written.
+    bool changeDesigners() {
+        changes_.emplace(*onDisk_, settings_.properties, stable_->numbering(), stable_->memory());
+        for (const auto& message : changes_->messages()) std::cerr << message << '\n';
+        status_ = std::max(status_, changes_->status());
+        if (changes_->status() == exitFailed) return stop(exitFailed, "Nothing is written");
+        for (const auto& file : changes_->files()) {
+            const auto& path = file.component->path();
+            if (settings_.writesFiles() && locked_.count(path.native()) == 0)
+                return stop(exitFailed,
+                            shown(base::textOf(path)) + ": the project names it only since this run began");
+            files_.put(path, file.bytes,
+                       {.stamp = file.component->stamp(), .content = file.component->file().bytes()});
+            report_.append("Changed designer: " + base::textOf(path));
+        }
+        return true;
+    }
+
+    // Whether a module or the name of the help file is new there.
+    bool changesProject() const {
+        const auto paths = files_.paths();
+        return std::find(paths.begin(), paths.end(), base::textOf(onDisk_->path())) != paths.end();
+    }
+
+    // What --diff is asked for.
+    void printDiffs() {
+        const auto print = [](const std::filesystem::path& path, std::string_view before,
+                              std::string_view after) {
+            writeDiff(base::textOf(path), before, after, [](std::string_view text) { std::cout << text; });
+        };
+        if (changes_) {
+            for (const auto& file : changes_->files())
+                print(file.component->path(), file.component->file().bytes(), file.bytes);
+        }
+        if (changesProject()) print(onDisk_->path(), oldProject_, onDisk_->bytes());
+        if (!std::cout.flush()) fail(exitFailed, "standard output: could not be written");
+    }
+
+    // Whatever is saved stays, also where nothing is written then.
+    bool saveBackups() {
+        if (!settings_.backupDir) return true;
+        const auto folder = base::pathOf(*settings_.backupDir);
+        BackupNames names(folder);
+        std::filesystem::path path;
+        try {
+            if (changes_) {
+                for (const auto& file : changes_->files()) {
+                    path = file.component->path();
+                    const auto name = file.component->Name();
+                    saveBackup(folder,
+                               names.next(isPlainName(name) ? name : base::textOf(path.stem()),
+                                          file.component->Type()),
+                               file.component->file().bytes(), path);
+                }
+            }
+            path = onDisk_->path();
+            if (changesProject()) saveBackup(folder, names.next(path), oldProject_, path);
+        } catch (const std::exception& error) {
+            return stop(exitFailed, shown(base::textOf(path)) + ": " + base::reasonOf(error));
+        }
         return true;
     }
 
@@ -377,6 +457,7 @@ class IndexRun {
             files_.dropUnchanged();
             tellSections();
         }
+        if (!saveBackups()) return false;
         outliveReaders(); // what has been written is to be told of in the exit status at least
         if (const auto reason = files_.write()) return stop(exitFailed, *reason);
         if (settings_.projectFile && !settings_.text)
@@ -402,6 +483,9 @@ class IndexRun {
     Messages messages_;
     IndexFiles files_;
     std::optional<StableIndex> stable_;
+    std::optional<DesignerChanges> changes_;
+    std::set<std::filesystem::path::string_type> locked_; // the files that this run has to itself
+    std::string oldProject_;                              // its file as it was read
     ExitStatus status_ = exitDone;
 };
 

@@ -220,6 +220,12 @@ std::string_view IndexFiles::oldBytes(const std::string& path) const {
 void IndexFiles::put(const fs::path& path, std::string bytes, base::ReplaceOptions how) {
     const auto old = old_.find(path);
     if (!how.stamp && old != old_.end()) how = old->second.how;
+    const auto put = std::find_if(new_.begin(), new_.end(),
+                                  [&](const NewFile& file) { return file.path.native() == path.native(); });
+    if (put != new_.end()) {
+        put->bytes = std::move(bytes);
+        return;
+    }
     new_.push_back({path, std::move(bytes), how});
 }
 

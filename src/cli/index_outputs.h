@@ -32,7 +32,7 @@ class IndexFiles {
     std::string_view oldBytes(const std::string& path) const;
 
     /// Keeps a new file in memory. Its old one must be as it was when it was read, or be in the state of the
-    /// stamp where one is given.
+    /// stamp where one is given. One that was put before gets other bytes.
     void put(const std::filesystem::path& path, std::string bytes, base::ReplaceOptions how = {});
     /// The bytes of one that was put.
     std::string_view newBytes(const std::string& path) const;

@@ -49,7 +49,34 @@ indexer::stable::NumberingOptions numberingOptions(const IndexSettings& settings
     return options;
 }
 
+namespace {
+
+// Of what concerns the project's own files.
+std::string wrongProperties(const IndexSettings& settings) {
+    const auto choice = settings.properties.properties;
+    if (settings.changesDesigners() && settings.isClassic)
+        return "--properties: only with --numbering stable";
+    if (settings.properties.whatsThisForms && choice != PropertyChoice::Both)
+        return "--whatsthis-forms: needs --properties both";
+    if (settings.properties.overwriteNumbers &&
+        (!settings.changesDesigners() || choice == PropertyChoice::Remove))
+        return "--overwrite-numbers: needs --properties help, whatsthis or both";
+    const bool changesProject = settings.changesDesigners() || settings.helpFile;
+    if (settings.diff && !changesProject) return "--diff: needs --properties or --help-file";
+    if (settings.diff && settings.check) return "--diff and --check: only one of them";
+    if (settings.backupDir && !changesProject) return "--backup-dir: needs --properties or --help-file";
+    const auto isNoPartOfAName = [](char c) { return c == '"' || static_cast<unsigned char>(c) < 32; };
+    if (settings.helpFile &&
+        std::any_of(settings.helpFile->begin(), settings.helpFile->end(), isNoPartOfAName))
+        return "--help-file: a file's name has no quotes and no control characters in it";
+    return {};
+}
+
+} // namespace
+
 std::string wrongUsage(const IndexSettings& settings) {
+    const auto properties = wrongProperties(settings);
+    if (!properties.empty()) return properties;
     const auto stable = stableOption(settings);
     if (settings.isClassic && !stable.empty()) return std::string(stable) + ": only with --numbering stable";
     if (settings.takesRenames && settings.declinesRenames)
@@ -63,7 +90,8 @@ std::string wrongUsage(const IndexSettings& settings) {
         return "--default-text: a line that begins with .topic would begin another topic";
     const bool anyEmpty = settings.header.empty() || settings.config.empty() ||
                           isEmpty(settings.excludeList) || isEmpty(settings.moduleFile) ||
-                          isEmpty(settings.text) || isEmpty(settings.report) || isEmpty(settings.projectFile);
+                          isEmpty(settings.text) || isEmpty(settings.report) ||
+                          isEmpty(settings.projectFile) || isEmpty(settings.backupDir);
     return anyEmpty ? "a file's name is empty" : "";
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/property_settings.h"
 #include "indexer/index_options.h"
 #include "indexer/stable/numbering.h"
 
@@ -36,6 +37,14 @@ struct IndexSettings {
     bool restoresDeleted = false;
     bool designersToo = false; ///< whether forms and their like get entries of their own
     bool check = false;        ///< write nothing, list what the files do not say as the project does
+
+    PropertySettings properties;          ///< what the designers' files get
+    std::optional<std::string> helpFile;  ///< what the project's file is to call its help file
+    std::optional<std::string> backupDir; ///< where files of the project go before they are replaced
+    bool diff = false;                    ///< write nothing, print what would change in files of the project
+
+    bool changesDesigners() const { return properties.properties != PropertyChoice::None; }
+    bool writesFiles() const { return !check && !diff; }
 };
 
 /// A word of a list and the check box that it stands for.
