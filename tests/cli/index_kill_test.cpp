@@ -100,6 +100,35 @@ TEST_F(IndexKill, LeavesAllFilesOldOrAllNewForTheNextRun) {
         });
 }
 
+// The designers' files belong to the set, and the project's, wherever they stand.
+TEST_F(IndexKill, LeavesDesignersOldOrNewTogetherWithTheIndex) {
+    auto old = before;
+    old["sub/frmSub.frm"] = "VERSION 5.00\nBegin VB.Form frmSub\n   Begin VB.ListBox lst\n   End\nEnd\n"
+                            "Attribute VB_Name = \"frmSub\"\n";
+    old["p.vbp"] += "Form=sub\\frmSub.frm\r\n";
+    auto arguments = indexing;
+    arguments.insert(arguments.end(), {"--properties", "both", "--help-file", "a.chm"});
+    test::put(folder.path(), old);
+    EXPECT_EQ(run(arguments).status, 0);
+    whole = files();
+    EXPECT_THAT(whole["sub/frmSub.frm"], HasSubstr("HelpContextID"));
+    EXPECT_THAT(whole["frmMain.frm"], HasSubstr("HelpContextID"));
+    test::killAtEachCall(
+        70, folder.path(), arguments, [&] { test::put(folder.path(), old); },
+        [&](const std::string& call) {
+            if (call.empty()) {
+                EXPECT_EQ(files(), whole);
+                return;
+            }
+            test::expectOldOrNew(old, whole, filesOfUse());
+            EXPECT_EQ(run({"index", "p.vbp", "--header", "o/a.h", "--config", "t/none/b.hcnf"}).status, 2);
+            EXPECT_THAT(filesOfUse(), AnyOf(old, whole));
+            EXPECT_EQ(run(arguments).status, 0);
+            EXPECT_EQ(filesOfUse()["sub/frmSub.frm"], whole["sub/frmSub.frm"]);
+            EXPECT_EQ(filesOfUse()["frmMain.frm"], whole["frmMain.frm"]);
+        });
+}
+
 TEST_F(IndexKill, IsPutRightByATextCommandToo) {
     test::killAtEachCall(
         50, folder.path(), indexing, [&] { test::put(folder.path(), before); },
