@@ -225,7 +225,7 @@ void addProperties(CLI::App& index, IndexSettings& settings) {
         ->check(CLI::IsMember({"help", "whatsthis", "both", "none", "remove"}));
     index.add_flag(
         "--whatsthis-forms", settings.properties.whatsThisForms,
-        "With --properties both: switch the forms' WhatsThisHelp on, so that F1 shows pop-ups and no topics");
+        "With --properties both: switch the forms' WhatsThisHelp on, which turns their F1 topics off");
     index.add_flag(
         "--overwrite-numbers", settings.properties.overwriteNumbers,
         "With --properties: replace other numbers that stand in the designers' files; else they stay");
