@@ -98,16 +98,17 @@ void DesignerChanges::write(const Numbering& numbering, Memory& memory) {
     for (const auto& component : project_.components()) {
         const auto key = nameKey(*component);
         const auto designer = designers.find(key);
-        if (designer == designers.end() || !mayChange(*component)) {
+        const auto old = wishesFor(ours[key]);
+        Wishes wishes;
+        if (designer != designers.end()) wishes = wishesOf(*designer->second, *component, old);
+        if (wishes.empty() || !mayChange(*component)) {
             std::move(ours[key].begin(), ours[key].end(), std::back_inserter(written));
             ours.erase(key);
             continue;
         }
-        const auto wishes = wishesOf(*designer->second, *component, ours[key]);
         const auto changed = change(*component, wishes, false);
         if (!changed) continue;
         // What we wrote earlier and what stands there still is ours, and so is what we write now.
-        const auto old = wishesFor(ours[key]);
         const workspace::ModuleFile fresh(changed->bytes, component->Type());
         const auto rest = workspace::withoutHelpProperties(fresh, old).outcomes;
         std::vector<HelpPropertyWish> all;
@@ -146,7 +147,7 @@ void DesignerChanges::remove(Memory& memory) {
 }
 
 DesignerChanges::Wishes DesignerChanges::wishesOf(const NumberedDesigner& designer, Component& component,
-                                                  const std::vector<Written>& ours) const {
+                                                  const Wishes& old) const {
     const bool help = settings_.properties != PropertyChoice::WhatsThis;
     const bool whatsThis = settings_.properties != PropertyChoice::Help;
     Wishes wishes;
@@ -167,7 +168,6 @@ DesignerChanges::Wishes DesignerChanges::wishesOf(const NumberedDesigner& design
         wishes.push_back({{}, {}, HelpProperty::WhatsThisHelp, -1});
         if (isForm) wishes.push_back({{}, {}, HelpProperty::WhatsThisButton, -1});
     }
-    const auto old = wishesFor(ours);
     for (auto& wish : wishes) {
         wish.replacesAny = settings_.overwriteNumbers;
         const auto same =

@@ -38,13 +38,12 @@ class DesignerChanges {
     ExitStatus status() const { return status_; }
 
   private:
-    using Written = indexer::stable::WrittenProperty;
     using Wishes = std::vector<workspace::HelpPropertyWish>;
 
     void write(const indexer::stable::Numbering& numbering, indexer::stable::Memory& memory);
     void remove(indexer::stable::Memory& memory);
     Wishes wishesOf(const indexer::stable::NumberedDesigner& designer, workspace::Component& component,
-                    const std::vector<Written>& ours) const;
+                    const Wishes& old) const;
     /// None if the designer cannot be read as one: told.
     std::optional<workspace::ChangedDesigner> change(workspace::Component& component, const Wishes& wishes,
                                                      bool removes);

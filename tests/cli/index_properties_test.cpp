@@ -284,6 +284,16 @@ TEST_F(IndexProperties, OfAClassThatHasNoneAreNotWritten) {
     EXPECT_THAT(text, HasSubstr("dlg\r\n      Left = 1\r\n      Top = 2\r\n   End\r\n"));
 }
 
+TEST_F(IndexProperties, DoNotMindADesignerThatGetsNone) {
+    folder.write("sub/frmPart.frm", with(dialog, "   Icon", "   nonsense\r\n"));
+    EXPECT_EQ(run({"--properties", "help", "--components", "controls"}).status, 0);
+    folder.write("d.dsr",
+                 "VERSION 5.00\r\nBegin {C0E45035-5775-11D0-B388-00A0C9055D8E} d\r\n   nonsense\r\nEnd\r\n");
+    folder.write("p.vbp", "Type=Exe\r\nDesigner=d.dsr\r\nName=\"Proj\"\r\n");
+    const auto result = run({"--properties", "help", "--components", "designers"});
+    EXPECT_EQ(result.status, 0) << result.err;
+}
+
 TEST_F(IndexProperties, FollowARename) {
     run({"--properties", "help"});
     auto text = dialog_();
