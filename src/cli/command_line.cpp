@@ -330,6 +330,17 @@ void addText(CLI::App& app, TextSettings& settings) {
     set.footer("A TEXT that begins with - comes after an argument --");
     takesControl(add("default", TextAction::Default, "Put a control on the default text"));
     takesControl(add("delete", TextAction::Delete, "Take a control out of the index"));
+    add("missing", TextAction::Missing, "Print a line for each control that has no text");
+    add("left-over", TextAction::LeftOver, "Print the texts whose controls are not in the index any more");
+    add("prune", TextAction::Prune, "Take those texts out of the text file");
+    const auto takesTable = [&](CLI::App& command) -> CLI::App& {
+        takes(command, "FILE.csv", settings.table, "The table: UTF-8, a row a control");
+        return command;
+    };
+    takesTable(add("export", TextAction::Export, "Write all texts into a table for a spreadsheet"));
+    takesTable(add("import", TextAction::Import, "Take the texts of such a table: all of them or none"))
+        .add_flag("--partial", settings.partial,
+                  "Take the texts that have a place although others have none");
 }
 
 std::vector<std::string> namesOf(const CLI::App& app) {

@@ -130,9 +130,8 @@ class Collector {
         }
         if (error) addProblem(folder, whyNotListed(error, path));
         // By name, folders among the files; they stand in one folder, so that no path need be taken apart.
-        std::sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
-            return a.path().native() < b.path().native();
-        });
+        std::sort(entries.begin(), entries.end(),
+                  [](const auto& a, const auto& b) { return a.path().native() < b.path().native(); });
         for (const fs::directory_entry& entry : entries) {
             try {
                 addEntry(joined(folder, spelled(entry.path().filename())), entry, root);

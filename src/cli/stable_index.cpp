@@ -119,7 +119,11 @@ void StableIndex::putTexts() {
     const auto names = ownNames(numbered_.numbering);
     const auto defaultText =
         settings_.defaultText ? std::optional(withFileLineEnds(*settings_.defaultText)) : std::nullopt;
-    add(sectionsOf(compareTopics(old, names), numbered_.numbering));
+    std::vector<std::string> waiting;
+    for (const auto& control : numbered_.memory.controls) {
+        if (control.isLeftOut) waiting.push_back(control.idhName);
+    }
+    add(sectionsOf(compareTopics(old, names, waiting), numbered_.numbering));
     files_.put(base::pathOf(*settings_.text), withTopics(old, names, defaultText));
 }
 

@@ -1,13 +1,14 @@
 #include "cli/text_command.h"
 
 #include "base/file.h"
-#include "base/file_batch.h"
 #include "base/folder_lock.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "cli/edited_file.h"
 #include "cli/exit_status.h"
 #include "cli/interrupted_changes.h"
 #include "cli/terminal.h"
+#include "cli/text_table.h"
 #include "indexer/entry_edits.h"
 #include "indexer/existing_index.h"
 #include "indexer/index_files.h"
@@ -30,33 +31,6 @@ namespace {
 using indexer::EntryState;
 using indexer::HelpIndex;
 
-// Ends the command.
-struct Refusal {
-    ExitStatus status;
-    std::string message;
-};
-
-std::string readText(const std::string& path, base::FileStamp* stamp = nullptr) {
-    try {
-        auto bytes = base::readFile(base::pathOf(path), stamp);
-        const auto what = base::whatInsteadOfText(bytes);
-        if (!what.empty()) throw Refusal{exitFailed, shown(path) + ": this is " + std::string(what)};
-        return bytes;
-    } catch (const base::FileError& error) {
-        throw Refusal{exitFailed, shown(path) + ": " + error.description()};
-    }
-}
-
-// A tab would begin another column.
-std::string onOneLine(std::string_view text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '\n' && i > 0 && text[i - 1] == '\r') continue;
-        result += text[i] == '\r' || text[i] == '\n' || text[i] == '\t' ? ' ' : text[i];
-    }
-    return std::string(base::trimSpaces(result));
-}
-
 // "cmd#2" is the second control named "cmd"; without a number it is the first one.
 struct ControlName {
     std::string_view name;
@@ -74,18 +48,6 @@ struct ControlName {
     }
 };
 
-// One of the index's files as it was read, and as it is to be.
-struct EditedFile {
-    std::string path, before, after;
-    base::FileStamp stamp;
-
-    void read(const std::string& from) {
-        path = from;
-        before = after = readText(path, &stamp);
-    }
-    bool isChanged() const { return after != before; }
-};
-
 class TextRun {
   public:
     explicit TextRun(const TextSettings& settings) : settings_(settings) {}
@@ -94,18 +56,26 @@ class TextRun {
         if (!indexer::readProjectInfo(readText(settings_.project), info_))
             throw Refusal{exitLookAt, std::string(indexer::invalidProjectFile)};
         info_ = indexer::withPathsFound(info_, settings_.project);
-        if (settings_.action == TextAction::List) {
+        auto status = exitDone;
+        if (!writesIndex(settings_.action)) {
             read();
-            list();
+            if (settings_.action == TextAction::List)
+                list();
+            else
+                status = TextTable(settings_, info_, configuration_, texts_).run();
         } else {
             // Held until the files are written.
             const base::FolderLock lock(indexFiles(), settings_.longestWait);
             completeInterruptedChanges(indexFiles());
             read();
-            edit();
+            requireFilesOfTheirOwn();
+            if (isOfOneControl(settings_.action))
+                edit();
+            else
+                status = TextTable(settings_, info_, configuration_, texts_).run();
         }
         if (!std::cout.flush()) throw standardOutputFailed();
-        return exitDone;
+        return status;
     }
 
   private:
@@ -148,7 +118,6 @@ class TextRun {
     static Refusal standardOutputFailed() { return {exitFailed, "standard output: could not be written"}; }
 
     void edit() {
-        requireFilesOfTheirOwn();
         const auto entry = findControl();
         switch (settings_.action) {
         case TextAction::Set:
@@ -163,7 +132,7 @@ class TextRun {
             removeTopicOf(entry);
             configuration_.after = indexer::withoutControl(configuration_.before, entry);
             break;
-        case TextAction::List:
+        default:
             return;
         }
         save();
@@ -234,38 +203,9 @@ class TextRun {
                       ": this is no configuration file, which has lines of designers and controls alone");
         requireOfOurs(texts_, indexer::isTextFileOfOurs,
                       ": this is no text file of an index, whose first topic is IDH_AAAA");
-        outliveReaders(); // half a saving is not what they wanted
-        base::FileBatch files;
-        addTo(files, configuration_, ": the configuration file could not be written");
-        addTo(files, texts_, textsNotSaved);
-        try {
-            files.commit();
-        } catch (const base::FileError& error) {
-            throw notSaved(base::textOf(files.failedFile()), textsNotSaved, error);
-        }
+        saveTogether(configuration_, texts_);
         std::cout << "File was saved successfully.\n";
     }
-
-    static void requireOfOurs(const EditedFile& file, bool (*isOurs)(std::string_view), const char* words) {
-        if (file.isChanged() && !isOurs(file.before))
-            throw Refusal{exitFailed, shown(file.path) + words + nothingWritten};
-    }
-
-    static void addTo(base::FileBatch& files, const EditedFile& file, const char* words) {
-        if (!file.isChanged()) return;
-        try {
-            files.add(base::pathOf(file.path), file.after, {.stamp = file.stamp});
-        } catch (const base::FileError& error) {
-            throw notSaved(file.path, words, error);
-        }
-    }
-
-    static Refusal notSaved(const std::string& path, const char* words, const base::FileError& error) {
-        return {exitFailed, shown(path) + words + " (" + error.description() + ")" + nothingWritten};
-    }
-
-    static constexpr const char* nothingWritten = "; nothing was changed";
-    static constexpr const char* textsNotSaved = ": Errors occured while saving file ..";
 
     const TextSettings& settings_;
     indexer::ProjectInfo info_;

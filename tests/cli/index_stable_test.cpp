@@ -379,5 +379,116 @@ TEST_F(StableIndexes, ListTheirFindingsInTheReport) {
                           "** Gone **\r\nfrmOrder: txtCell (TextBox): IDH_AACS 1064\r\n"));
 }
 
+class TextTables : public StableIndexes {
+  protected:
+    TextTables() {
+        EXPECT_EQ(index().status, 0);
+        EXPECT_EQ(text({"set", "frmOrder", "cmdAction#2", "Prints \"it\",\nall of it.\xE4"}).status, 0);
+        EXPECT_EQ(text({"default", "frmPart", "cboSupplier"}).status, 0);
+        EXPECT_EQ(text({"delete", "frmPart", "txtNotes"}).status, 0);
+    }
+};
+
+TEST_F(TextTables, GoOutAndComeInAgain) {
+    folder.write("o/a.txt", folder.read("o/a.txt") + ".topic  IDH_OLDE\r\nlost\r\n");
+    const auto exported = text({"export", "t.csv"});
+    EXPECT_EQ(exported.status, 0) << exported.err;
+    const auto table = folder.read("t.csv");
+    EXPECT_THAT(table, StartsWith("\xEF\xBB\xBF"
+                                  "designer,control,index,class,caption,name,number,text,state\r\n"));
+    for (
+        const auto* row : {
+            "\r\nfrmOrder,cmdAction,1,CommandButton,Sa&ve,IDH_AACU,1066,\"Prints \"\"it\"\",\nall of it.\xC3\xA4\","
+            "own text\r\n",
+            "\r\nfrmPart,cboSupplier,,ComboBox,,IDH_AACF,312,No help information is available for this "
+            "control.,default\r\n",
+            "\r\nfrmPart,txtNotes,,TextBox,,IDH_AABV,1043,,deleted\r\n",
+            "\r\n,,,,,IDH_OLDE,,lost,left over\r\n",
+        })
+        EXPECT_THAT(table, HasSubstr(row));
+    const auto before = files();
+    EXPECT_EQ(text({"import", "t.csv"}).out, "0 texts were changed.\n");
+    EXPECT_EQ(files(), before);
+
+    folder.write("t.csv",
+                 replaced(table, "IDH_AACT,1065,,no text", "IDH_AACT,1065,\"Cancels,\r\nthen closes.\",x"));
+    EXPECT_EQ(text({"import", "t.csv"}).out, "1 texts were changed.\n");
+    EXPECT_EQ(folder.read("o/a.txt"), replaced(before.at("a.txt"), ".topic  IDH_AACT\r\n\r\n",
+                                               ".topic  IDH_AACT\r\nCancels,\r\nthen closes.\r\n"));
+}
+
+TEST_F(TextTables, ChangeNothingUnlessAllRowsHaveAPlace) {
+    const auto before = files();
+    const std::string table = "designer;control;index;text\n"
+                              "frmOrder;cmdAction;1;new\n"
+                              "frmOrder;cmdAction;7;x\n"
+                              "frmNone;cmdAction;0;x\n"
+                              "frmPart;cboSupplier;;x\n"
+                              "frmPart;txtNotes;;x\n"
+                              "frmOrder;cmdAction;1;other\n"
+                              "frmOrder;cmdAction;2;.topic x\n"
+                              "frmOrder;cmdAction;0;\xD0\x96\n"
+                              ";;;x\n";
+    folder.write("t.csv", table);
+    const auto refused = text({"import", "t.csv"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.out, "");
+    for (const auto* line : {
+             "t.csv:3: frmOrder: cmdAction: the index has no such control",
+             "t.csv:4: frmNone: cmdAction: the index has no such control",
+             "t.csv:5: frmPart: cboSupplier: the control shows the default text",
+             "t.csv:6: frmPart: txtNotes: the control is deleted from the index",
+             "t.csv:7: frmOrder: cmdAction: another row has another text for the control",
+             "t.csv:8: frmOrder: cmdAction: a line of the text that begins with .topic",
+             "t.csv:9: frmOrder: cmdAction: the column text has a character",
+             "t.csv:10: : : it names no designer",
+             "t.csv: 8 rows have no place",
+         })
+        EXPECT_THAT(refused.err, HasSubstr(line));
+    EXPECT_EQ(files(), before);
+    const auto partial = text({"import", "t.csv", "--partial"});
+    EXPECT_EQ(partial.status, 1);
+    EXPECT_EQ(partial.out, "1 texts were changed.\n");
+    EXPECT_THAT(folder.read("o/a.txt"), HasSubstr(".topic  IDH_AACU\r\nnew\r\n"));
+    folder.write("t.csv", "control,text\nx,y\n");
+    EXPECT_EQ(text({"import", "t.csv"}).status, 1);
+    folder.write("t.csv", "designer,control,text\n\"x\n");
+    EXPECT_EQ(text({"import", "t.csv"}).status, 1);
+    EXPECT_EQ(text({"import", "none.csv"}).status, 2);
+}
+
+TEST_F(TextTables, TellAndTakeOutWhatIsLeftOver) {
+    edit("Stockroom/frmOrder.frm", "VB.CommandButton cmdAction", "VB.CommandButton cmdOther");
+    ASSERT_EQ(index({"--no-renames"}).status, 0);
+    EXPECT_THAT(text({"missing"}).out, HasSubstr("frmOrder\tcmdOther(2)\tCommandButton\tIDH_AACZ\n"));
+    EXPECT_THAT(text({"missing"}).out, Not(HasSubstr("txtNotes")));
+    const auto before = folder.read("o/a.txt");
+    EXPECT_EQ(text({"left-over"}).out, "IDH_AACT\t\n");
+    EXPECT_EQ(text({"prune"}).status, 0);
+    EXPECT_EQ(folder.read("o/a.txt"), replaced(before, ".topic  IDH_AACT\r\n\r\n", ""));
+    EXPECT_EQ(text({"left-over"}).out, "");
+    EXPECT_EQ(text({"prune"}).status, 0);
+}
+
+TEST_F(TextTables, WriteOverNoOtherFile) {
+    folder.write("notes.csv", "mine\r\n");
+    for (const auto* file : {"o/a.h", "o/a.txt", "o/a.icp", "notes.csv", "Stockroom/Stockroom.vbp"}) {
+        const auto before = folder.read(file);
+        EXPECT_EQ(text({"export", file}).status, 2) << file;
+        EXPECT_EQ(folder.read(file), before);
+    }
+    EXPECT_EQ(text({"export", "t.csv"}).status, 0);
+    EXPECT_EQ(text({"export", "t.csv"}).status, 0); // its own
+}
+
+TEST_F(TextTables, KeepTheTextsOfWhatTheOptionsLeaveOut) {
+    ASSERT_EQ(text({"set", "frmOrder", "lblStatus", "Its state."}).status, 0);
+    ASSERT_EQ(index({"--exclude", "labels"}).status, 0);
+    EXPECT_EQ(text({"left-over"}).out, "");
+    EXPECT_EQ(text({"prune"}).status, 0);
+    ASSERT_EQ(index().status, 0);
+    EXPECT_EQ(entries()["frmOrder\tlblStatus"], "IDH_AACR\tIts state.\n");
+}
+
 } // namespace
 } // namespace corvelle::cli

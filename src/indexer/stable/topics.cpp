@@ -69,9 +69,11 @@ void endLine(std::string& text, std::string_view lineEnd) {
 
 } // namespace
 
-TopicsOf compareTopics(std::string_view text, const std::vector<std::string>& names) {
+TopicsOf compareTopics(std::string_view text, const std::vector<std::string>& names,
+                       const std::vector<std::string>& waiting) {
     TopicsOf result;
-    const std::unordered_set<std::string_view> known(names.begin(), names.end());
+    std::unordered_set<std::string_view> known(names.begin(), names.end());
+    known.insert(waiting.begin(), waiting.end());
     std::unordered_map<std::string_view, std::string_view> met;
     std::unordered_set<std::string_view> twice;
     const auto topics = topicsIn(text);

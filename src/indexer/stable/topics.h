@@ -18,8 +18,9 @@ struct TopicsOf {
     std::vector<std::string> leftOver; ///< topics that no control has any more, in the file's order
     std::vector<std::string> twice;    ///< topics that stand there more than once
 };
-/// `names` are those of the controls that have a topic of their own.
-TopicsOf compareTopics(std::string_view text, const std::vector<std::string>& names);
+/// `names` are those of the controls that have a topic of their own; `waiting` others whose texts may stay.
+TopicsOf compareTopics(std::string_view text, const std::vector<std::string>& names,
+                       const std::vector<std::string>& waiting = {});
 
 /// The names of the controls that have a topic of their own, in the order of the index.
 std::vector<std::string> ownNames(const Numbering& numbering);
