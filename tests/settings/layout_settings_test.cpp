@@ -93,6 +93,22 @@ TEST(LayoutSettings, TakeALevelFromTheFormatsOwnProperties) {
     EXPECT_FALSE(style("indent_size = some\n").unit);
 }
 
+TEST(LayoutSettings, SayWhereEachValueComesFrom) {
+    LayoutOptions options;
+    options.maxEmptyLines = 1;
+    const auto from =
+        resolve("indent_style = tab\ntab_width = 8\ntrim_trailing_whitespace = true\n", options).from;
+    EXPECT_EQ(from.at("unit"), "/x/.editorconfig:2");
+    EXPECT_EQ(from.at("tab_width"), "/x/.editorconfig:3");
+    EXPECT_EQ(from.at("trim_trailing_whitespace"), "/x/.editorconfig:4");
+    EXPECT_EQ(from.at("max_empty_lines"), "option --max-empty-lines");
+    EXPECT_EQ(resolve("indent_style = space\n").from.at("unit"), "/x/.editorconfig:2");
+    EXPECT_EQ(resolve("trim_trailing_whitespace = yes\n").from.count("trim_trailing_whitespace"), 0U);
+    options.tabWidth = 3;
+    EXPECT_EQ(resolve("indent_size = 2\n", options).from.at("unit"), "option --tab-width");
+    EXPECT_EQ(resolve("indent_size = 2\n", options).from.at("tab-width"), "option --tab-width");
+}
+
 TEST(LayoutSettings, LetTheirOwnUnitWinOverTheFormats) {
     const auto style = [](const std::string& lines) {
         return resolve("indent_size = 3\n" + lines).structured.style;
