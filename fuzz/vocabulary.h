@@ -194,4 +194,28 @@ inline Phrases together(const std::vector<Phrases>& lists) {
     return all;
 }
 
+inline const Phrases headerMemory{
+    "#define IDH_AAAA  1000",
+    "#define IDH_AAA$  100#",
+    "// @memory 1",
+    "// @designer frmMain",
+    "// @designer $",
+    "// @control cmdOK CommandButton - IDH_AAAB 1001",
+    "// @control cmdNav(0) CommandButton - IDH_AAAC 1002 deleted",
+    "// @control cmdNav(1) CommandButton fraTop(#) IDH_AAAD 1003 default",
+    "// @control lblA Label - IDH_AAAE 104 adopted",
+    "// @control $ Label - IDH_AAAF 1005 out",
+    "// @control $ Label - IDH_AAAG 1006 from=IDH_AAAH",
+    "// @retired IDH_AAAH 1007",
+    "// @wrote frmMain cmdNav(1) HelpContextID #",
+    "// @end #",
+    "====",
+    "<P>frmMain</P>",
+    "<C>cmdOK CommandButton IDH_AAAB</C>",
+    "<C>cmdNav CommandButton IDH_AAAC</C>",
+    "<C>cmdNav CommandButton IDH_AAAA</C>",
+    "<C>lblA Label IDH_AAAE</C>",
+    "2147483647",
+};
+
 } // namespace vocabulary
