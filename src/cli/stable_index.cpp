@@ -60,6 +60,7 @@ FoundDesigner StableIndex::findControls(workspace::Component& component, bool is
     if (canHaveEntry(designer.type) && indexer::isMadeOfNameCharacters(read.designer.className)) {
         auto& own = designer.controls.emplace_back(foundFrom(read.designer));
         own.name = {};
+        own.index = {}; // it is in no array, whatever its file says
         own.isChosen = settings_.designersToo && isChosen(own.className);
     }
     for (const auto& control : read.controls) {

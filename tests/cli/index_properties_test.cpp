@@ -294,6 +294,14 @@ TEST_F(IndexProperties, DoNotMindADesignerThatGetsNone) {
     EXPECT_EQ(result.status, 0) << result.err;
 }
 
+TEST_F(IndexProperties, DoNotMindADesignerWithAnIndex) {
+    folder.write("sub/frmPart.frm", with(dialog, "   Icon", "   Index           =   3\r\n"));
+    EXPECT_EQ(run({"--properties", "help", "--designers"}).status, 0);
+    EXPECT_THAT(dialog_(), HasSubstr("   HelpContextID   =   1003\r\n   Index           =   3\r\n"));
+    const auto result = run({"--properties", "help", "--designers"});
+    EXPECT_EQ(result.status, 0) << result.err;
+}
+
 TEST_F(IndexProperties, FollowARename) {
     run({"--properties", "help"});
     auto text = dialog_();
