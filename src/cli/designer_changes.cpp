@@ -96,6 +96,7 @@ void DesignerChanges::write(const Numbering& numbering, Memory& memory) {
     for (const auto& designer : numbering) designers.emplace(base::upper(designer.name), &designer);
     std::vector<WrittenProperty> written;
     for (const auto& component : project_.components()) {
+        if (!ide::hasDesigner(component->Type())) continue;
         const auto key = nameKey(*component);
         const auto designer = designers.find(key);
         const auto old = wishesFor(ours[key]);
@@ -128,6 +129,7 @@ void DesignerChanges::remove(Memory& memory) {
     auto ours = byDesigner(memory);
     std::vector<WrittenProperty> kept;
     for (const auto& component : project_.components()) {
+        if (!ide::hasDesigner(component->Type())) continue;
         const auto found = ours.find(nameKey(*component));
         if (found == ours.end()) continue;
         if (!mayChange(*component)) {

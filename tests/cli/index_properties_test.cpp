@@ -302,6 +302,15 @@ TEST_F(IndexProperties, DoNotMindADesignerWithAnIndex) {
     EXPECT_EQ(result.status, 0) << result.err;
 }
 
+TEST_F(IndexProperties, OfADesignerAreNotAClassesOfItsName) {
+    folder.write("k.cls", "VERSION 1.0 CLASS\r\nBEGIN\r\nEND\r\nAttribute VB_Name = \"frmPart\"\r\n");
+    folder.write("p.vbp", "Class=frmPart; k.cls\r\n" + project);
+    EXPECT_EQ(run({"--properties", "help"}).status, 0);
+    EXPECT_NE(dialog_(), dialog);
+    EXPECT_EQ(run({"--properties", "remove"}).status, 0);
+    EXPECT_EQ(dialog_(), dialog);
+}
+
 TEST_F(IndexProperties, FollowARename) {
     run({"--properties", "help"});
     auto text = dialog_();
