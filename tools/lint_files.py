@@ -122,6 +122,20 @@ class Lint:
         return self.check_once([(self.stamp("shellcheck", settings, shared, self.read(name)), name,
                                  ["shellcheck", "-x", "-f", "gcc", name]) for name in names])
 
+    def diagnostics(self):
+        """Every code that a message may have has its paragraph, and no other has one."""
+        told = {}
+        for name in self.sources:
+            if name.startswith("src/"):
+                for code in re.findall(rb'"(CV\d{3})\b', self.read(name)):
+                    told.setdefault(code.decode(), name)
+        page = "docs/diagnostics.md"
+        explained = set(re.findall(r"^#+.*?\b(CV\d{3})\b", self.read(page).decode(), re.M))
+        for code in sorted(told.keys() - explained):
+            self.say(f"{told[code]}: {page} has no paragraph about {code}")
+        for code in sorted(explained - told.keys()):
+            self.say(f"{page}: nothing in src says {code}")
+
     def includes(self):
         allowed, used = {}, set()
         for line in self.read("tools/includes.txt").decode().splitlines():
@@ -234,6 +248,7 @@ def main(root, *flavours):
     looked = lint.layout() + lint.scripts()
     lint.editorconfig()
     lint.includes()
+    lint.diagnostics()
     if flavours:
         looked += lint.tidy()
     lint.forget_unused()

@@ -53,9 +53,7 @@ std::string_view unknownTo(const ModuleCode& code, const std::vector<LineInfo>& 
         if (lines[i].kind == LineKind::Directive) return "#If";
         if (lines[i].kind == LineKind::Numbered) return "line numbers";
         const auto start = code.lines[i].substr(std::min<std::size_t>(lines[i].start, code.lines[i].size()));
-        for (const char* const word : {"private property", "friend property"}) {
-            if (base::startsWithIgnoringCase(start, word)) return "private property procedures";
-        }
+        if (base::startsWithIgnoringCase(start, "private property")) return "private property procedures";
         if (lines[i].depth != Depth::Case || !lines[i].closes) continue;
         // A Case whose Select stands under another Case.
         const std::uint32_t select = lines[i].parent;

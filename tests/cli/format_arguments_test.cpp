@@ -2,9 +2,13 @@
 
 #include "cli/format_fixture.h"
 #include "cli/format_settings.h"
+#include "places.h"
 #include "version.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <regex>
 #include <thread>
 
 namespace corvelle::test {
@@ -105,6 +109,20 @@ TEST_F(Arguments, AreAllInTheHelp) {
           "--remove-trailing-comments", "--check", "--diff", "--stdout", "--force", "--backup-dir DIR",
           "--stdin-name NAME", "--jobs N", "--quiet", "Exit status", ".vbp", ".vbg"}) {
         EXPECT_THAT(outcome.out, HasSubstr(option));
+    }
+}
+
+// The manual's page of the command line names what the program's own help names.
+TEST(Manual, NamesEveryOptionOfTheCommandLine) {
+    std::ifstream file(HELP_DIR "/command_line.html", std::ios::binary);
+    const std::string page{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_FALSE(page.empty());
+    for (const char* command : {"format", "index", "text"}) {
+        const std::string help = runCorvelle({command, "--help"}).out;
+        const std::regex option("--[a-z][a-z-]+");
+        for (std::sregex_iterator each(help.begin(), help.end(), option), end; each != end; ++each) {
+            EXPECT_NE(page.find(each->str()), std::string::npos) << command << " " << each->str();
+        }
     }
 }
 
