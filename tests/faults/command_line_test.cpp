@@ -247,6 +247,18 @@ TEST_F(CommandFaults, IndexingLosesNoTextAndLeavesTheProjectWhole) {
                    {.together = true});
 }
 
+TEST_F(CommandFaults, WritingPropertiesLeavesDesignersAndIndexOldOrNew) {
+    expectHarmless(indexedProject(),
+                   [] {
+                       auto settings = indexing();
+                       settings.properties.properties = PropertyChoice::Both;
+                       settings.properties.whatsThisForms = true;
+                       settings.helpFile = "a.chm";
+                       return runIndex(settings);
+                   },
+                   {.together = true});
+}
+
 TEST_F(CommandFaults, AReportIsOldOrNew) {
     expectHarmless(indexedProject(),
                    [] {
