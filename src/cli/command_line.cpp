@@ -251,10 +251,13 @@ void addIndex(CLI::App& app, IndexSettings& settings) {
     CLI::App& index = *app.add_subcommand("index", "Give the controls of a project help context IDs");
     index.footer(
         "PROJECT.vbp is a project file; its designers and their controls are read from the disk.\n\n"
+        "A control keeps its name, number and text from run to run: the header remembers what is needed for that in\n"
+        "comment lines. Where a control seems to be renamed, each run says so until --renames or --no-renames.\n\n"
         "All files are replaced together or none. An old one must be empty or one that this command or the\n"
         "add-in has written; --overwrite replaces any other too, but never a file of the project.\n\n"
         "Exit status: 0 done; 1 something must be looked at (an invalid module name, a control's name that is\n"
-        "none, a mapping module that would be too long); 2 wrong usage, or a file that could not be read or written.");
+        "none, a mapping module that would be too long, renames to decide on, what --check lists); 2 wrong usage,\n"
+        "or a file that could not be read or written.");
     const auto option = [&index](const char* name, auto& value, const char* text, const char* description) {
         return index.add_option(name, value, description)
             ->take_last()

@@ -237,6 +237,8 @@ ReadMemory readMemory(std::string_view header) {
     MemoryReader reader;
     bool isFound = false;
     TextLines lines(header);
+    constexpr std::size_t usualLine = 64;
+    reader.memory.controls.reserve(header.size() / usualLine / 2); // beside those of its names
     while (lines.next()) {
         if (!isMemoryLine(lines.line())) continue;
         isFound = true;

@@ -80,17 +80,22 @@ std::vector<Section> sectionsOf(const Changes& changes) {
 }
 
 std::vector<Section> sectionsOf(const TopicsOf& topics, const Numbering& numbering) {
+    std::vector<Section> sections;
     std::unordered_map<std::string_view, std::string> owners;
-    if (!topics.missing.empty()) {
+    const auto count = topics.missing.size();
+    const bool isListed = !topics.allAreMissing || count == 1;
+    if (!isListed && count > 0)
+        add(sections, {"Text missing", {"all " + std::to_string(count) + ", since no control has one"}});
+    if (count > 0 && isListed) {
         for (const auto& designer : numbering) {
             for (const auto& control : designer.controls)
                 owners.emplace(control.idhName, nameOf({designer.name, control.control, control.index}));
         }
     }
     const auto itself = [](const std::string& name) { return name; };
-    std::vector<Section> sections;
-    add(sections, "Text missing", topics.missing, true,
-        [&](const std::string& name) { return owners[name] + ": " + name; });
+    if (isListed)
+        add(sections, "Text missing", topics.missing, true,
+            [&](const std::string& name) { return owners[name] + ": " + name; });
     add(sections, "Text left over", topics.leftOver, true, itself);
     add(sections, "Topic there twice", topics.twice, true, itself);
     return sections;

@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "indexer/entry_edits.h"
 #include "indexer/help_index.h"
+#include "indexer/stable/sorted_names.h"
 #include "indexer/text_file.h"
 #include "indexer/text_lines.h"
 
@@ -72,22 +73,29 @@ void endLine(std::string& text, std::string_view lineEnd) {
 TopicsOf compareTopics(std::string_view text, const std::vector<std::string>& names,
                        const std::vector<std::string>& waiting) {
     TopicsOf result;
-    std::unordered_set<std::string_view> known(names.begin(), names.end());
-    known.insert(waiting.begin(), waiting.end());
-    std::unordered_map<std::string_view, std::string_view> met;
-    std::unordered_set<std::string_view> twice;
-    const auto topics = topicsIn(text);
-    for (const auto& topic : topics) {
-        const bool isFirst = met.find(topic.name) == met.end();
-        met[topic.name] = topic.text; // readers take the last one's
-        if (!isFirst && twice.insert(topic.name).second) result.twice.emplace_back(topic.name);
-        if (isFirst && topic.name != defaultIDH && known.count(topic.name) == 0)
+    SortedNames known;
+    known.reserve(names.size() + waiting.size());
+    for (std::size_t i = 0; i < names.size(); ++i) known.add(names[i], i);
+    for (std::size_t i = 0; i < waiting.size(); ++i) known.add(waiting[i], names.size() + i);
+    struct Met {
+        unsigned times = 0;
+        bool hasText = false; // the last one, which readers take
+    };
+    std::vector<Met> met(names.size() + waiting.size());
+    std::unordered_map<std::string_view, unsigned> others;
+    for (const auto& topic : topicsIn(text)) {
+        const auto name = known.find(topic.name);
+        const auto times = name == SortedNames::nothing ? ++others[topic.name] : ++met[name].times;
+        if (times == 2) result.twice.emplace_back(topic.name);
+        if (name != SortedNames::nothing)
+            met[name].hasText = topic.text.find_first_not_of(" \r\n") != std::string_view::npos;
+        else if (times == 1 && topic.name != defaultIDH)
             result.leftOver.emplace_back(topic.name);
     }
-    for (const auto& name : names) {
-        const auto found = met.find(name);
-        if (found == met.end() || joined(found->second).empty()) result.missing.push_back(name);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (!met[i].hasText) result.missing.push_back(names[i]);
     }
+    result.allAreMissing = result.missing.size() == names.size();
     return result;
 }
 
@@ -113,10 +121,10 @@ std::string withTopics(std::string_view text, const std::vector<std::string>& na
     } else {
         result = defaultText ? withTexts(text, {{std::string(defaultIDH), *defaultText}}) : std::string(text);
     }
-    std::unordered_set<std::string_view> known;
-    for (const auto& topic : topicsIn(text)) known.insert(topic.name);
+    SortedNames known;
+    for (const auto& topic : topicsIn(text)) known.add(topic.name, 0);
     for (const auto& name : names) {
-        if (known.count(name) > 0) continue;
+        if (known.find(name) != SortedNames::nothing) continue;
         endLine(result, lineEnd);
         begin(name);
         result += lineEnd;

@@ -15,6 +15,7 @@ namespace corvelle::indexer::stable {
 /// How the topics of a text file go with the names of an index.
 struct TopicsOf {
     std::vector<std::string> missing;  ///< names of the index without a text, in its order
+    bool allAreMissing = false;        ///< no name has one
     std::vector<std::string> leftOver; ///< topics that no control has any more, in the file's order
     std::vector<std::string> twice;    ///< topics that stand there more than once
 };
