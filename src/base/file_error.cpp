@@ -53,7 +53,7 @@ std::filesystem::path missingFolder(const std::filesystem::path& path) {
 }
 
 std::string missing(const std::filesystem::path& path) {
-    const std::string text = describeError(static_cast<std::int32_t>(ErrorNumber::PathNotFound));
+    std::string text = describeError(static_cast<std::int32_t>(ErrorNumber::PathNotFound));
     try {
         return text + ": " + textOf(missingFolder(path));
     } catch (const RunTimeError&) { // it has a character that no text can show

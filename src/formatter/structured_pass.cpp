@@ -25,7 +25,7 @@ void StructuredPass::readLine(std::string_view raw) {
 
 std::int32_t StructuredPass::endReading(const structured::StructuredOptions& options) {
     ModuleCode code;
-    code.lines.reserve(static_cast<std::size_t>(buffer_.maxIndx() + 1));
+    code.lines.reserve(static_cast<std::size_t>(buffer_.maxIndx()) + 1);
     for (std::int32_t i = 0; i <= buffer_.maxIndx(); ++i) code.lines.push_back(buffer_.text(i));
     formatted_ = layOut_(code, options);
     return formatted_.lines.maxIndx();

@@ -33,7 +33,7 @@ std::string generalDate(const std::tm& time) {
     const int hour = time.tm_hour % noon == 0 ? noon : time.tm_hour % noon;
     std::snprintf(text.data(), text.size(), "%d/%d/%d", time.tm_mon + 1, time.tm_mday,
                   time.tm_year + firstYear);
-    const std::string date = text.data();
+    std::string date = text.data();
     if (time.tm_hour == 0 && time.tm_min == 0 && time.tm_sec == 0) return date;
     std::snprintf(text.data(), text.size(), " %d:%02d:%02d %s", hour, time.tm_min, time.tm_sec,
                   time.tm_hour < noon ? "AM" : "PM");

@@ -165,7 +165,7 @@ class Lines {
   public:
     explicit Lines(const LayoutSettings& settings) : settings_(settings) {}
 
-    void add(std::string_view name, std::string value, const std::string& otherwise) {
+    void add(std::string_view name, const std::string& value, const std::string& otherwise) {
         const auto said = settings_.from.find(name);
         const std::string& from = said == settings_.from.end() ? otherwise : said->second;
         std::string line = "  " + std::string(name) + " = " + value;

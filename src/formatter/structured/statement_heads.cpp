@@ -203,7 +203,6 @@ Statement StatementReader::afterWord(Word word) {
         }
         return plain();
     case Mode::AfterType:
-        return word == Word::As ? plain() : open(pending_, Mode::Rest);
     case Mode::AfterSub:
         return word == Word::As ? plain() : open(pending_, Mode::Rest);
     default:

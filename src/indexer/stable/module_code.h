@@ -14,7 +14,7 @@ namespace corvelle::indexer::stable {
 /// How many identifiers the compiler takes in a project.
 inline constexpr std::size_t mostIdentifiers = 32000;
 /// How much code it takes in one procedure.
-inline constexpr std::size_t largestProcedure = 64 * 1024;
+inline constexpr std::size_t largestProcedure = 65536;
 
 struct ModuleCode {
     std::vector<std::string> lines;
