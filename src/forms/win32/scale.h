@@ -14,7 +14,9 @@ class Scale {
     int pixels(int twips) const { return MulDiv(twips, dpi_, 1440); }
     int twips(int pixels) const { return MulDiv(pixels, 1440, dpi_); }
     /// Height in pixels of a font of so many points.
-    int fontPixels(double points) const { return MulDiv(static_cast<int>(std::lround(points * 100)), dpi_, 7200); }
+    int fontPixels(double points) const {
+        return MulDiv(static_cast<int>(std::lround(points * 100)), dpi_, 7200);
+    }
 
   private:
     int dpi_;
