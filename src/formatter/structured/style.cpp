@@ -38,6 +38,14 @@ struct TwoWay {
         }
         by.votes = value == byDefault ? forDefault : forOther;
     }
+
+    // For lines that get the other value anyway: what they vote for they would not vote for afterwards.
+    void settle(const std::optional<Value>& said, Value& value, Decision& by) const {
+        if (said) return;
+        value = other;
+        by.source = forOther > forDefault ? Source::Voted : Source::Default;
+        by.votes = forOther;
+    }
 };
 
 class Ballot {
@@ -105,6 +113,10 @@ class Ballot {
         procedure.decide(options_.procedure, scattered, style_.procedure, style_.procedureBy);
         declarations.decide(options_.declarations, scattered, style_.declarations, style_.declarationsBy);
         onError.decide(options_.onError, scattered, style_.onError, style_.onErrorBy);
+        if (style_.procedure == Body::Flush) {
+            declarations.settle(options_.declarations, style_.declarations, style_.declarationsBy);
+            onError.settle(options_.onError, style_.onError, style_.onErrorBy);
+        }
         type.decide(options_.type, scattered, style_.type, style_.typeBy);
         caseBody.decide(options_.caseBody, scattered, style_.caseBody, style_.caseBy);
         withBody.decide(options_.withBody, scattered, style_.withBody, style_.withBy);

@@ -80,6 +80,21 @@ TEST(StyleTest, DeclarationsInTheHeadersColumnStay) {
     EXPECT_EQ(layOut(text, said), "Sub S()\n    Dim a\n    On Error GoTo E\n    b\nEnd Sub\n");
 }
 
+TEST(StyleTest, InFlushBodiesDeclarationsAndOnErrorAreFlushWhateverTheyVoteFor) {
+    const std::string text = "Sub S()\nx\n    Dim a\n    On Error GoTo E\nEnd Sub\n";
+    for (const Style& style : {styleOf(text), styleOf(layOut(text))}) {
+        EXPECT_EQ(style.procedure, Body::Flush);
+        EXPECT_EQ(style.declarations, Body::Flush);
+        EXPECT_EQ(style.onError, Body::Flush);
+    }
+    EXPECT_EQ(styleOf(text).declarationsBy.votes, 0u);
+    EXPECT_EQ(styleOf(text).declarationsBy.of, 1u);
+    StyleOptions said;
+    said.declarations = Body::Indent;
+    EXPECT_EQ(styleOf(text, said).declarations, Body::Indent);
+    EXPECT_EQ(styleOf(text, said).declarationsBy.source, Source::Said);
+}
+
 TEST(StyleTest, ADirectiveThatBeginsWithACaseStandsWhereThatDoes) {
     const std::string text = "Sub S()\nSelect Case a\n    Case 1\n        b\n    #If C Then\n    Case 2\n"
                              "        d\n    #End If\nEnd Select\nEnd Sub\n";
