@@ -41,12 +41,14 @@ void checkLines(const ModuleBlocks& blocks) {
         const LineInfo& line = blocks.lines[i];
         require(line.parent == none || line.parent < i, "a line stands under one above it");
         require(line.parent == none || blocks.lines[line.parent].isCode(), "and that is code");
-        require(line.directive == none || line.directive < blocks.directives.size(), "its #If is one");
-        require(line.within == none || (line.directive != none && line.within <= line.directive),
+        require(line.around < blocks.arounds.size(), "what is around it is known");
+        const Around& around = blocks.around(line);
+        require(around.directive == none || around.directive < blocks.directives.size(), "its #If is one");
+        require(around.within == none || (around.directive != none && around.within <= around.directive),
                 "the #If that holds both is around the line's own");
-        if (line.own != none) {
-            require(line.own < blocks.directives.size() && blocks.directives[line.own].line <= i,
-                    "a directive's #If stands above it");
+        const std::uint32_t own = line.kind == LineKind::Directive ? blocks.ownDirective(i) : none;
+        if (own != none) {
+            require(blocks.directives[own].line <= i, "a directive's #If stands above it");
             require(line.kind == LineKind::Directive || line.joinsNext, "and it is a directive");
         }
         if (line.kind == LineKind::Continuation)
@@ -77,8 +79,9 @@ void checkLines(const ModuleBlocks& blocks) {
 }
 
 bool same(const ModuleBlocks& a, const ModuleBlocks& b) {
-    const auto sameLine = [](const LineInfo& x, const LineInfo& y) {
-        return x.parent == y.parent && x.directive == y.directive && x.within == y.within && x.own == y.own &&
+    const auto sameLine = [&](const LineInfo& x, const LineInfo& y) {
+        const Around &p = a.around(x), &q = b.around(y);
+        return x.parent == y.parent && p.directive == q.directive && p.within == q.within &&
                x.kind == y.kind && x.depth == y.depth && x.closes == y.closes && x.held == y.held &&
                x.off == y.off && x.keepEnd == y.keepEnd && x.joinsNext == y.joinsNext;
     };
@@ -193,7 +196,7 @@ void checkBalanced(const Texts& lines, const ModuleBlocks& blocks) {
     const auto result = formatStructured(lines, options);
     const auto column = [&](std::uint32_t i) {
         std::string text;
-        result.lines[i].appendTo(text, lines[i]);
+        result.lines[i].appendTo(text, lines[i], result.style);
         return columnAfter(text, pastBlanks(text, 0), 4);
     };
     for (std::uint32_t i = 0; i < lines.size(); ++i) {

@@ -79,8 +79,8 @@ std::vector<std::string> written(const Texts& lines, const StructuredResult& res
     require(result.lines.size() == lines.size(), "a line's fate for each line");
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (result.lines[i].dropped) continue;
-        result.lines[i].appendTo(texts.emplace_back(), lines[i]);
+        if (result.lines[i].dropped()) continue;
+        result.lines[i].appendTo(texts.emplace_back(), lines[i], result.style);
     }
     return texts;
 }
@@ -90,13 +90,13 @@ void checkSafe(const Texts& lines, const StructuredResult& result, const Structu
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const NewLine& line = result.lines[i];
         std::optional<std::string> loss;
-        if (line.dropped) {
+        if (line.dropped()) {
             loss = check.dropped(lines[i]);
         } else {
             require(line.begin <= line.end && line.end <= lines[i].size(), "a slice of the line");
             std::string text;
-            line.appendTo(text, lines[i]);
-            const std::string_view blanks(text.data(), line.tabs + line.spaces);
+            line.appendTo(text, lines[i], result.style);
+            const std::string_view blanks(text.data(), line.size(result.style) - (line.end - line.begin));
             loss = check.kept(lines[i], std::string_view(text).substr(blanks.size()),
                               static_cast<std::int32_t>(blanks.size()));
         }

@@ -196,7 +196,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto result = formatStructured(lines, options);
     std::string made;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        result.lines[i].appendTo(made, lines[i]);
+        result.lines[i].appendTo(made, lines[i], result.style);
         made += '\n';
     }
     if (made != right)

@@ -30,16 +30,6 @@ bool endsLinesInReturns(std::string_view bytes) {
     return bytes.find('\n') == std::string_view::npos && bytes.find('\r') != std::string_view::npos;
 }
 
-// With no line end given each line keeps its own.
-formatter::ModuleCode codeOf(const ModuleFile& file, std::string_view lineEnd) {
-    formatter::ModuleCode code{.lines = {}, .lineEnd = lineEnd};
-    code.lines.reserve(file.codeLineCount());
-    for (std::uint32_t line = 0; line < file.codeLineCount(); ++line) {
-        code.lines.push_back(file.codeLine(line));
-    }
-    return code;
-}
-
 // A line of a module at the end of a message. One that is longer than any the IDE takes shows its beginning.
 std::string shownSource(std::string_view line) {
     constexpr std::size_t longest = 1023;
@@ -114,10 +104,10 @@ void FormatJob::layOut() {
         structured.removeCommentLines = options.bNoCmntLn == 1;
         structured.removeTrailingComments = options.bNoAllCmnt == 1;
         structured.force = settings_.force;
-        code_ = formatter::formatCode(codeOf(*file_, {}), structured);
+        code_ = formatter::formatCode({.lines = file_->codeLines(), .lineEnd = {}}, structured);
     } else {
         options.mTab = layout_.classicTab.value_or(options.mTab);
-        const auto code = codeOf(*file_, file_->newLine());
+        const formatter::ModuleCode code{.lines = file_->codeLines(), .lineEnd = file_->newLine()};
         code_ = formatter::formatCode(code, options);
         const bool finished = code_.holdsLines() && !code_.error;
         if (finished && !settings_.showSettings) misplaced_ = formatter::findMisplacedBlock(code, code_);

@@ -34,7 +34,7 @@ class Origins {
 void clean(Engine& engine, const ModuleCode& code, std::vector<bool>& kept) {
     engine.beginCleaning(code.lines.size());
     kept.reserve(code.lines.size());
-    for (const auto line : code.lines) kept.push_back(engine.cleanLine(line, true));
+    for (std::size_t i = 0; i < code.lines.size(); ++i) kept.push_back(engine.cleanLine(code.lines[i], true));
 }
 
 void indent(Engine& engine, FormattedCode& result) {
@@ -90,14 +90,15 @@ FormattedCode formatCode(const ModuleCode& code, const structured::StructuredOpt
     std::string text;
     for (std::size_t i = 0; i < code.lines.size(); ++i) {
         const auto& line = laidOut.lines[i];
-        result.kept.push_back(!line.dropped);
-        if (line.dropped) continue;
-        if (line.tabs == 0 && line.spaces <= mostSpaces) {
+        result.kept.push_back(!line.dropped());
+        if (line.dropped()) continue;
+        const structured::Indentation blanks = laidOut.style.indentationTo(line.column);
+        if (blanks.tabs == 0 && blanks.spaces <= mostSpaces) {
             result.lines.refer(code.lines[i].substr(line.begin, line.end - line.begin),
-                               static_cast<std::int16_t>(line.spaces));
+                               static_cast<std::int16_t>(blanks.spaces));
         } else {
             text.clear();
-            line.appendTo(text, code.lines[i]);
+            line.appendTo(text, code.lines[i], laidOut.style);
             result.lines.append(text);
         }
     }

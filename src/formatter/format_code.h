@@ -2,6 +2,7 @@
 
 #include "base/line_buffer.h"
 #include "base/run_time_error.h"
+#include "base/text_lines.h"
 #include "formatter/engine.h"
 #include "formatter/structured/structured.h"
 
@@ -17,8 +18,8 @@ namespace corvelle::formatter {
 
 /// The code of a module: what the IDE shows of it, line by line.
 struct ModuleCode {
-    std::vector<std::string_view> lines; ///< without their ends
-    std::string_view lineEnd = "\r\n";   ///< what each line is to be ended with
+    base::TextLines lines;
+    std::string_view lineEnd = "\r\n"; ///< what each line is to be ended with; empty: with its own end
 };
 
 /// Something to be told of a line of the code.

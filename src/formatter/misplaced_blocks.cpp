@@ -16,6 +16,7 @@ namespace {
 using structured::Depth;
 using structured::LineInfo;
 using structured::LineKind;
+using structured::ModuleBlocks;
 
 // The columns in which the code's lines stand once they are formatted.
 class Columns {
@@ -72,22 +73,23 @@ class Search {
         : code_(code), columns_(code, formatted), closedAtTop_(code.lines.size()) {}
 
     /// Looks at the lines that have come to be known, up to `end`; whether none of them is misplaced.
-    bool goOn(const std::vector<LineInfo>& lines, std::uint32_t end) {
+    bool goOn(const ModuleBlocks& blocks, std::uint32_t end) {
+        const std::vector<LineInfo>& lines = blocks.lines;
         for (std::uint32_t i = next_; i < end; ++i) {
             const std::uint32_t opener = lines[i].parent;
             if (lines[i].closes && lines[i].depth == Depth::Same && opener != LineInfo::none) {
-                closedAtTop_[opener] = isTop(lines[opener]);
+                closedAtTop_[opener] = isTop(blocks, lines[opener]);
             }
         }
-        for (; next_ < end && !found_; ++next_) look(lines, next_);
+        for (; next_ < end && !found_; ++next_) look(blocks, next_);
         return !found_;
     }
 
     std::optional<Finding> takeFound() { return std::move(found_); }
 
   private:
-    static bool isTop(const LineInfo& line) {
-        return line.parent == LineInfo::none && line.directive == LineInfo::none &&
+    static bool isTop(const ModuleBlocks& blocks, const LineInfo& line) {
+        return line.parent == LineInfo::none && blocks.around(line).directive == LineInfo::none &&
                line.kind == LineKind::Code;
     }
 
@@ -96,7 +98,8 @@ class Search {
         return is && !lines[i].fixed() && columns_.isKept(i);
     }
 
-    void look(const std::vector<LineInfo>& lines, std::uint32_t i) {
+    void look(const ModuleBlocks& blocks, std::uint32_t i) {
+        const std::vector<LineInfo>& lines = blocks.lines;
         const LineInfo& line = lines[i];
         const bool divides = line.closes || line.kind == LineKind::Directive;
         if (!divides && !closedAtTop_[i]) return;
@@ -105,7 +108,7 @@ class Search {
         const std::int32_t column = columns_.of(i);
         bool misplaced = closedAtTop_[i] && column != 0;
         if (divides && opener != LineInfo::none && counts(lines, opener) &&
-            line.directive == lines[opener].directive) {
+            blocks.around(line).directive == blocks.around(lines[opener]).directive) {
             if (line.depth == Depth::Same && line.kind == lines[opener].kind) {
                 misplaced = misplaced || column != columns_.of(opener);
             } else if (line.closes && line.depth == Depth::Case) {
@@ -135,9 +138,8 @@ class Search {
 std::optional<Finding> findMisplacedBlock(const ModuleCode& code, const FormattedCode& formatted) {
     Search search(code, formatted);
     // What follows the first such line need not be read.
-    structured::readBlocks(code.lines, [&](const std::vector<LineInfo>& lines, std::uint32_t end) {
-        return search.goOn(lines, end);
-    });
+    structured::readBlocks(
+        code.lines, [&](const ModuleBlocks& blocks, std::uint32_t end) { return search.goOn(blocks, end); });
     return search.takeFound();
 }
 

@@ -24,10 +24,10 @@ void StructuredPass::readLine(std::string_view raw) {
 }
 
 std::int32_t StructuredPass::endReading(const structured::StructuredOptions& options) {
-    ModuleCode code;
-    code.lines.reserve(static_cast<std::size_t>(buffer_.maxIndx()) + 1);
-    for (std::int32_t i = 0; i <= buffer_.maxIndx(); ++i) code.lines.push_back(buffer_.text(i));
-    formatted_ = layOut_(code, options);
+    std::vector<std::string_view> lines;
+    lines.reserve(static_cast<std::size_t>(buffer_.maxIndx()) + 1);
+    for (std::int32_t i = 0; i <= buffer_.maxIndx(); ++i) lines.push_back(buffer_.text(i));
+    formatted_ = layOut_({.lines = std::move(lines)}, options);
     return formatted_.lines.maxIndx();
 }
 

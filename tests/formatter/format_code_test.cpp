@@ -3,6 +3,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace corvelle::formatter {
 namespace {
@@ -63,13 +67,12 @@ TEST(FormatCode, TellsOfAReturnThatWouldBecomePartOfALineEnd) {
 }
 
 TEST(FormatCode, EndsWithTheRunTimeErrorAndItsLine) {
-    ModuleCode code;
-    code.lines.assign(4000, "Do");
-    code.lines.insert(code.lines.begin(), "");
+    std::vector<std::string_view> lines(4001, "Do");
+    lines.front() = "";
     FormatOptions options;
     options.bNoEmpty = 1;
     options.mTab = 10;
-    const auto formatted = formatCode(code, options);
+    const auto formatted = formatCode({.lines = std::move(lines)}, options);
     ASSERT_TRUE(formatted.error);
     EXPECT_EQ(formatted.error->description(), "Overflow");
     EXPECT_EQ(formatted.position, 3278U);
@@ -78,12 +81,11 @@ TEST(FormatCode, EndsWithTheRunTimeErrorAndItsLine) {
 
 TEST(FormatCode, LaysOutALineWithMoreSpacesThanABufferMakes) {
     const std::string line = std::string(40000, ' ') + "x";
-    ModuleCode code;
-    code.lines.assign(9000, "Do");
-    code.lines.push_back(line);
+    std::vector<std::string_view> lines(9000, "Do");
+    lines.push_back(line);
     structured::StructuredOptions options;
     options.force = true;
-    const auto formatted = formatCode(code, options);
+    const auto formatted = formatCode({.lines = std::move(lines)}, options);
     EXPECT_TRUE(formatted.lines.line(9000) == std::string(36000, ' ') + "x");
     EXPECT_THAT(formatted.unsafe, IsEmpty());
 }

@@ -5,6 +5,9 @@
 #include "settings/ide_layout.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 // What the .editorconfig files above the module's file say. Where they do not ask for the structured layout
 // the dialog works without them, whatever else they say.
@@ -45,9 +48,9 @@ std::uint32_t FrmFormatter::ownUnit() {
     ignoringErrors([&] {
         const std::int32_t count = FmtCodeModule->CountOfLines();
         const std::string text = count > 0 ? FmtCodeModule->Lines(1, count) : std::string();
-        ModuleCode code;
-        for (base::LineReader lines(text); lines.next();) code.lines.push_back(lines.line());
-        unit = formatCode(code, said_).style.columns();
+        std::vector<std::string_view> code;
+        for (base::LineReader lines(text); lines.next();) code.push_back(lines.line());
+        unit = formatCode({.lines = std::move(code)}, said_).style.columns();
     });
     return unit;
 }

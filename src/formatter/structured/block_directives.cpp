@@ -6,9 +6,8 @@ namespace corvelle::formatter::structured {
 void BlockMatcher::placeDirective(std::uint32_t beside) {
     LineInfo& info = result_.lines[logical_];
     placed_ = true;
-    if (beside == none) return placeUnder(top_, logical_);
+    if (beside == none) return placeUnder(top_, logical_, directive());
     placeBeside(info, result_.directives[beside].line);
-    info.own = beside;
 }
 
 void BlockMatcher::openDirective(const Statement& statement) {
@@ -18,7 +17,6 @@ void BlockMatcher::openDirective(const Statement& statement) {
     OpenDirective open{};
     open.index = static_cast<std::uint32_t>(result_.directives.size());
     open.entry = top_;
-    result_.lines[logical_].own = open.index;
     open.neverTrue = statement.neverTrue;
     open.quiet = !open_.empty() && (open_.back().quiet || open_.back().neverTrue);
     open.branch = line_ + 1;

@@ -14,7 +14,7 @@ namespace corvelle::formatter::structured {
 class BlockMatcher {
   public:
     /// The lines must outlive the matcher.
-    explicit BlockMatcher(const std::vector<std::string_view>& lines);
+    explicit BlockMatcher(const base::TextLines& lines);
 
     /// Once only.
     ModuleBlocks read(const LinesRead& linesRead);
@@ -61,7 +61,8 @@ class BlockMatcher {
 
     void readLine();
     void readSwitch(std::string_view comment);
-    void placeUnder(std::uint32_t block, std::uint32_t line);
+    void placeUnder(std::uint32_t block, std::uint32_t line, std::uint32_t directive);
+    std::uint32_t aroundOf(std::uint32_t directive, std::uint32_t within);
     static void placeBeside(LineInfo& info, std::uint32_t other);
     void placeBeside(std::uint32_t block);
     std::uint32_t openAround(std::uint32_t index) const;
@@ -95,7 +96,7 @@ class BlockMatcher {
     std::uint32_t merge(std::uint32_t a, std::uint32_t b);
     void reopen(std::uint32_t top, std::uint32_t common);
 
-    const std::vector<std::string_view>& texts_;
+    const base::TextLines& texts_;
     ModuleBlocks result_;
     StatementReader reader_;
     std::vector<Block> blocks_;

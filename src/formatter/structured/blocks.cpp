@@ -21,7 +21,7 @@ bool isSwitch(std::string_view line, std::string_view wanted) {
 
 } // namespace
 
-BlockMatcher::BlockMatcher(const std::vector<std::string_view>& lines) : texts_(lines) {
+BlockMatcher::BlockMatcher(const base::TextLines& lines) : texts_(lines) {
     result_.lines.resize(lines.size());
     blocks_.reserve(lines.size() / 8 + 1);
     result_.samples.reserve(lines.size() / 8 + 1);
@@ -52,7 +52,7 @@ bool BlockMatcher::finishLines(std::uint32_t end, const LinesRead& linesRead) {
     holdLines(finished_, end);
     finished_ = end;
     closed_ = false;
-    return !linesRead || linesRead(result_.lines, end);
+    return !linesRead || linesRead(result_, end);
 }
 
 void BlockMatcher::readLine() {
@@ -63,7 +63,6 @@ void BlockMatcher::readLine() {
         logical_ = line_;
         placed_ = false;
         closing_ = true;
-        info.directive = directive();
     }
     for (;;) {
         const Statement statement = reader_.next(inMembers());
@@ -77,7 +76,7 @@ void BlockMatcher::readLine() {
     if (reader_.carriesComment()) info.carriesComment = true;
     if (reader_.joinsNext()) info.joinsNext = true;
     if (reader_.leftOpen()) info.keepEnd = true;
-    if (!placed_ && info.kind != LineKind::Continuation) placeUnder(top_, line_);
+    if (!placed_ && info.kind != LineKind::Continuation) placeUnder(top_, line_, directive());
     if (info.kind == LineKind::Comment && !info.joinsNext) readSwitch(text);
     if (off_) info.off = true;
 }
@@ -91,17 +90,23 @@ void BlockMatcher::readSwitch(std::string_view comment) {
 
 // The line stands in the block; the place of comments, of lines with a label alone and of empty lines
 // too.
-void BlockMatcher::placeUnder(std::uint32_t block, std::uint32_t line) {
+void BlockMatcher::placeUnder(std::uint32_t block, std::uint32_t line, std::uint32_t directive) {
     LineInfo& info = result_.lines[line];
     info.parent = blocks_[block].line;
     info.depth = blocks_[block].depth;
-    info.within = openAround(blocks_[block].directive);
+    info.around = directive == none ? 0 : aroundOf(directive, openAround(blocks_[block].directive));
+}
+
+std::uint32_t BlockMatcher::aroundOf(std::uint32_t directive, std::uint32_t within) {
+    const Around& last = result_.arounds.back();
+    if (last.directive != directive || last.within != within) result_.arounds.push_back({directive, within});
+    return static_cast<std::uint32_t>(result_.arounds.size() - 1);
 }
 
 void BlockMatcher::placeBeside(LineInfo& info, std::uint32_t other) {
     info.parent = other;
     info.depth = Depth::Same;
-    info.directive = info.within = none;
+    info.around = 0;
 }
 
 void BlockMatcher::placeBeside(std::uint32_t block) {
@@ -171,7 +176,7 @@ void BlockMatcher::placeChild(Depth depth) {
         return;
     }
     placed_ = true;
-    placeUnder(top_, logical_);
+    placeUnder(top_, logical_, directive());
     result_.lines[logical_].depth = depth;
     if (!open_.empty()) {
         open_.back().fresh = false;
@@ -272,10 +277,11 @@ void BlockMatcher::divide(const Statement& statement) {
     const bool first = !placed_ && beginsLine();
     if (isCase) {
         if (!placed_) {
-            placeUnder(top_, logical_);
+            placeUnder(top_, logical_, directive());
             // An #If that begins with a Case stands where that does, not in the body of the Case above.
             for (auto i = open_.rbegin(); i != open_.rend() && i->fresh; ++i) {
-                placeUnder(top_, result_.directives[i->index].line);
+                const DirectiveBlock& fresh = result_.directives[i->index];
+                placeUnder(top_, fresh.line, fresh.outer);
                 i->fresh = false;
             }
             if (first) sample(Depth::Case);
@@ -382,7 +388,19 @@ void BlockMatcher::holdLines(std::uint32_t begin, std::uint32_t end) {
     }
 }
 
-ModuleBlocks readBlocks(const std::vector<std::string_view>& lines, const LinesRead& linesRead) {
+std::uint32_t ModuleBlocks::ownDirective(std::uint32_t line) const {
+    // An #If has a line of its own; what divides and closes it stands under that.
+    for (const std::uint32_t opener : {line, lines[line].parent}) {
+        const auto at =
+            std::lower_bound(directives.begin(), directives.end(), opener,
+                             [](const DirectiveBlock& block, std::uint32_t i) { return block.line < i; });
+        if (at != directives.end() && at->line == opener)
+            return static_cast<std::uint32_t>(at - directives.begin());
+    }
+    return LineInfo::none;
+}
+
+ModuleBlocks readBlocks(const base::TextLines& lines, const LinesRead& linesRead) {
     return BlockMatcher(lines).read(linesRead);
 }
 

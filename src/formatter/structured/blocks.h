@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text_lines.h"
 #include "formatter/structured/fault.h"
 #include "formatter/structured/statements.h"
 
@@ -29,12 +30,10 @@ inline constexpr std::size_t depths = 8; ///< how many there are
 struct LineInfo {
     static constexpr std::uint32_t none = 0xFFFFFFFF;
 
-    std::uint32_t parent = none;    ///< the line that this one stands under; none: column 1
-    std::uint32_t directive = none; ///< index of the innermost #If that the line stands in
-    std::uint32_t within = none;    ///< index of the innermost of these #Ifs in which `parent` stands too
-    std::uint32_t comment = none;   ///< where its own comment begins
-    std::uint32_t own = none;       ///< of #If, #ElseIf, #Else, #End If: index of their #If
-    std::uint32_t start = 0;        ///< how many blanks the line begins with
+    std::uint32_t parent = none;  ///< the line that this one stands under; none: column 1
+    std::uint32_t around = 0;     ///< index of the #Ifs around it
+    std::uint32_t comment = none; ///< where its own comment begins
+    std::uint32_t start = 0;      ///< how many blanks the line begins with
     LineKind kind = LineKind::Empty;
     Depth depth = Depth::Same;
     bool carriesComment : 1; ///< its beginning goes on with a comment
@@ -52,6 +51,12 @@ struct LineInfo {
     bool isCode() const {
         return kind == LineKind::Code || kind == LineKind::Numbered || kind == LineKind::Directive;
     }
+};
+
+/// The #Ifs that a line stands in. Lines that follow one another share them.
+struct Around {
+    std::uint32_t directive = LineInfo::none; ///< index of the innermost one
+    std::uint32_t within = LineInfo::none;    ///< of the innermost one in which the line's parent stands too
 };
 
 /// A block and its first direct statement, both at the beginning of their lines, without a label.
@@ -75,14 +80,19 @@ struct ModuleBlocks {
     std::vector<LineInfo> lines;
     std::vector<Sample> samples;
     std::vector<DirectiveBlock> directives;
-    std::vector<Fault> faults; ///< in the order in which they were found
+    std::vector<Around> arounds{{}}; ///< the first one: none
+    std::vector<Fault> faults;       ///< in the order in which they were found
+
+    const Around& around(const LineInfo& line) const { return arounds[line.around]; }
+    /// Of an #If, #ElseIf, #Else or #End If the index of their #If, of other lines none.
+    std::uint32_t ownDirective(std::uint32_t line) const;
 };
 
 /// Called when all is known of the lines before `end`, which what follows them cannot change any more; with
 /// the next line a procedure, say, may begin. False ends the reading.
-using LinesRead = std::function<bool(const std::vector<LineInfo>& lines, std::uint32_t end)>;
+using LinesRead = std::function<bool(const ModuleBlocks& blocks, std::uint32_t end)>;
 
 /// Reads a module's code lines and matches its blocks. Linear in lines, nesting and line length.
-ModuleBlocks readBlocks(const std::vector<std::string_view>& lines, const LinesRead& linesRead = {});
+ModuleBlocks readBlocks(const base::TextLines& lines, const LinesRead& linesRead = {});
 
 } // namespace corvelle::formatter::structured

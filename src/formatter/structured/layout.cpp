@@ -10,15 +10,16 @@ constexpr std::uint32_t none = LineInfo::none;
 
 class Layout {
   public:
-    Layout(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
+    Layout(const base::TextLines& texts, const ModuleBlocks& blocks, const Style& style,
            bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices)
-        : texts_(texts), lines_(blocks.lines), style_(style), removeTrailingComments_(removeTrailingComments),
-          result_(result), notices_(notices), levels_(levelsOf(blocks, style)) {}
+        : texts_(texts), blocks_(blocks), lines_(blocks.lines), style_(style),
+          removeTrailingComments_(removeTrailingComments), result_(result), notices_(notices),
+          levels_(levelsOf(blocks, style)) {}
 
     void run() {
         const auto count = static_cast<std::uint32_t>(lines_.size());
         for (std::uint32_t i = 0; i < count; ++i) {
-            if (result_[i].dropped) continue;
+            if (result_[i].dropped()) continue;
             const LineInfo& line = lines_[i];
             if (line.isCode()) {
                 const std::uint32_t column = columnOf(i);
@@ -56,8 +57,7 @@ class Layout {
     }
     std::uint32_t newColumn(std::uint32_t line) const {
         const NewLine& now = result_[line];
-        if (now.begin == 0 && now.tabs == 0 && now.spaces == 0) return oldColumn(line);
-        return now.tabs * style_.tabWidth + now.spaces;
+        return now.begin == 0 && now.column == 0 ? oldColumn(line) : now.column;
     }
     std::uint32_t columnOfStatement(std::uint32_t line) const { return levels_[line] * style_.columns(); }
 
@@ -66,7 +66,7 @@ class Layout {
         if (lines_[line].kind == LineKind::Numbered) return 0;
         if (lines_[line].kind == LineKind::Directive) {
             // A #Const stays where it is, in column 1 or not.
-            const std::uint32_t own = lines_[line].own;
+            const std::uint32_t own = blocks_.ownDirective(line);
             const bool margin =
                 own == none ? lines_[line].start == 0 : style_.directives[own].place == Place::Margin;
             if (margin) return 0;
@@ -81,9 +81,8 @@ class Layout {
             return start == column && base::skipKind<base::AnyOf<' '>>(texts_[line], 0) >= start;
         }
         const std::string_view blanks = texts_[line].substr(0, start);
-        const std::size_t tabs = column / style_.tabWidth;
-        const std::size_t spaces = column - tabs * style_.tabWidth;
-        if (blanks.size() != tabs + spaces) return false;
+        const auto [tabs, spaces] = style_.indentationTo(column);
+        if (blanks.size() != std::size_t{tabs} + spaces) return false;
         for (std::size_t i = 0; i < tabs; ++i) {
             if (blanks[i] != '\t') return false;
         }
@@ -101,17 +100,16 @@ class Layout {
         std::uint32_t last = end;
         while (last < lines_.size() && lines_[last].kind == LineKind::Continuation) ++last;
         for (std::uint32_t i = begin; i < last; ++i) {
-            if (result_[i].dropped || lines_[i].start >= result_[i].end) continue;
+            if (result_[i].dropped() || lines_[i].start >= result_[i].end) continue;
             if (lines_[begin].start > 0 && isMarginComment(i)) continue;
             write(i, std::max<std::int64_t>(oldColumn(i) + by, 0));
-            if (result_[i].size() <= std::max(longestLine, texts_[i].size())) continue;
+            const std::size_t size = result_[i].size(style_);
+            if (size <= std::max(longestLine, texts_[i].size())) continue;
             notices_.push_back({"CV302", i, Fault::noLine,
-                                "the line would have " + std::to_string(result_[i].size()) +
-                                    " bytes, the IDE takes " + std::to_string(longestLine) +
-                                    "; it stays where it is"});
+                                "the line would have " + std::to_string(size) + " bytes, the IDE takes " +
+                                    std::to_string(longestLine) + "; it stays where it is"});
             for (std::uint32_t j = begin; j <= i; ++j) {
-                result_[j].begin = 0;
-                result_[j].tabs = result_[j].spaces = 0;
+                if (!result_[j].dropped()) result_[j].column = result_[j].begin = 0;
             }
             return;
         }
@@ -135,8 +133,7 @@ class Layout {
         auto columns = static_cast<std::uint32_t>(column);
         if (needsBlank(line)) columns = std::max<std::uint32_t>(columns, 1);
         now.begin = lines_[line].start;
-        now.tabs = style_.unit.tabs ? columns / style_.tabWidth : 0;
-        now.spaces = columns - now.tabs * style_.tabWidth;
+        now.column = columns;
     }
 
     // The comments since the last line of code, now that the next one is known.
@@ -174,7 +171,8 @@ class Layout {
         return column;
     }
 
-    const std::vector<std::string_view>& texts_;
+    const base::TextLines& texts_;
+    const ModuleBlocks& blocks_;
     const std::vector<LineInfo>& lines_;
     const Style& style_;
     bool removeTrailingComments_;
@@ -189,7 +187,7 @@ class Layout {
 
 } // namespace
 
-void layOut(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
+void layOut(const base::TextLines& texts, const ModuleBlocks& blocks, const Style& style,
             bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices) {
     Layout(texts, blocks, style, removeTrailingComments, result, notices).run();
 }

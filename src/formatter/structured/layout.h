@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text_lines.h"
 #include "formatter/structured/blocks.h"
 #include "formatter/structured/structured.h"
 
@@ -10,7 +11,7 @@ namespace corvelle::formatter::structured {
 
 /// Gives the lines that are kept the blanks that they begin with, in the style. Appends a notice for each
 /// line that stays where it is since it would become too long.
-void layOut(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks, const Style& style,
+void layOut(const base::TextLines& texts, const ModuleBlocks& blocks, const Style& style,
             bool removeTrailingComments, std::vector<NewLine>& result, std::vector<Fault>& notices);
 
 } // namespace corvelle::formatter::structured

@@ -73,8 +73,8 @@ bool isPair(std::string_view opening, std::string_view closing) {
 
 class Pairs {
   public:
-    Pairs(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines, const Style& style)
-        : texts_(texts), lines_(lines), style_(style) {}
+    Pairs(const base::TextLines& texts, const ModuleBlocks& blocks, const Style& style)
+        : texts_(texts), blocks_(blocks), lines_(blocks.lines), style_(style) {}
 
     std::vector<std::uint32_t> find() {
         std::uint32_t last = LineInfo::none, comment = LineInfo::none; // the first one since
@@ -123,9 +123,10 @@ class Pairs {
     std::uint32_t column(std::uint32_t line) const {
         return columnAfter(texts_[line], lines_[line].start, style_.tabWidth);
     }
+    std::uint32_t directiveOf(const LineInfo& line) const { return blocks_.around(line).directive; }
     bool sameBlock(std::uint32_t a, std::uint32_t b) const {
         const LineInfo &x = lines_[a], &y = lines_[b];
-        return x.parent == y.parent && x.directive == y.directive && !x.closes && !y.closes;
+        return x.parent == y.parent && directiveOf(x) == directiveOf(y) && !x.closes && !y.closes;
     }
 
     static bool isDeeper(std::uint32_t a, std::uint32_t b) {
@@ -146,7 +147,7 @@ class Pairs {
             const std::uint32_t begin = open_.back();
             const LineInfo& opening = lines_[begin];
             if (isDeeper(at.parent, opening.parent)) return;
-            if (at.parent == opening.parent && !at.closes && isDeeper(at.directive, opening.directive))
+            if (at.parent == opening.parent && !at.closes && isDeeper(directiveOf(at), directiveOf(opening)))
                 return;
             if (sameBlock(begin, line)) {
                 if (!at.fixed() && column(line) > column(begin)) return;
@@ -161,7 +162,8 @@ class Pairs {
         }
     }
 
-    const std::vector<std::string_view>& texts_;
+    const base::TextLines& texts_;
+    const ModuleBlocks& blocks_;
     const std::vector<LineInfo>& lines_;
     const Style& style_;
     std::vector<std::uint32_t> open_;
@@ -170,9 +172,9 @@ class Pairs {
 
 } // namespace
 
-std::vector<std::uint32_t> pairedLevels(const std::vector<std::string_view>& texts,
-                                        const std::vector<LineInfo>& lines, const Style& style) {
-    return Pairs(texts, lines, style).find();
+std::vector<std::uint32_t> pairedLevels(const base::TextLines& texts, const ModuleBlocks& blocks,
+                                        const Style& style) {
+    return Pairs(texts, blocks, style).find();
 }
 
 } // namespace corvelle::formatter::structured

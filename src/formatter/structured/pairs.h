@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text_lines.h"
 #include "formatter/structured/blocks.h"
 #include "formatter/structured/style.h"
 
@@ -12,7 +13,7 @@ namespace corvelle::formatter::structured {
 /// Calls that belong together like a block's two ends, `WriteBlockStart x` and `WriteBlockEnd x`: where the
 /// author has put what stands between them one unit deeper, it is one level deeper. How many such levels each
 /// line has; empty if no line has any.
-std::vector<std::uint32_t> pairedLevels(const std::vector<std::string_view>& texts,
-                                        const std::vector<LineInfo>& lines, const Style& style);
+std::vector<std::uint32_t> pairedLevels(const base::TextLines& texts, const ModuleBlocks& blocks,
+                                        const Style& style);
 
 } // namespace corvelle::formatter::structured

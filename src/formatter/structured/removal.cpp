@@ -5,7 +5,7 @@ namespace {
 
 class Removal {
   public:
-    Removal(const std::vector<std::string_view>& texts, const std::vector<LineInfo>& lines,
+    Removal(const base::TextLines& texts, const std::vector<LineInfo>& lines,
             const StructuredOptions& options)
         : texts_(texts), lines_(lines), options_(options), result_(lines.size()) {}
 
@@ -37,13 +37,13 @@ class Removal {
 
     void takeFrom(std::size_t i) {
         const LineInfo& line = lines_[i];
-        if (result_[i].dropped) return;
-        if (line.kind == LineKind::Empty && options_.removeEmptyLines) result_[i].dropped = true;
+        if (result_[i].dropped()) return;
+        if (line.kind == LineKind::Empty && options_.removeEmptyLines) result_[i].drop();
         if (line.kind == LineKind::Comment && options_.removeCommentLines && mayDropCommentOf(i)) {
-            result_[i].dropped = true;
+            result_[i].drop();
             dropRestOfComment(i);
         }
-        if (result_[i].dropped) return;
+        if (result_[i].dropped()) return;
         const bool trailing = line.kind != LineKind::Comment && line.comment != LineInfo::none;
         if (trailing && options_.removeTrailingComments && mayDropCommentOf(i)) cutComment(i);
         if (options_.trim) trim(i);
@@ -58,7 +58,7 @@ class Removal {
     }
 
     void dropRestOfComment(std::size_t i) {
-        while (lines_[i].joinsNext && i + 1 < lines_.size()) result_[++i].dropped = true;
+        while (lines_[i].joinsNext && i + 1 < lines_.size()) result_[++i].drop();
     }
 
     // `Rem'x` is no comment by the letter; without the apostrophe it would be one.
@@ -82,18 +82,18 @@ class Removal {
     void foldEmptyLines(std::uint32_t most) {
         std::uint32_t empty = 0;
         for (std::size_t i = 0; i < lines_.size(); ++i) {
-            if (result_[i].dropped) continue;
+            if (result_[i].dropped()) continue;
             if (lines_[i].kind != LineKind::Empty || lines_[i].fixed()) {
                 empty = 0;
             } else if (empty == most) {
-                result_[i].dropped = true;
+                result_[i].drop();
             } else {
                 ++empty;
             }
         }
     }
 
-    const std::vector<std::string_view>& texts_;
+    const base::TextLines& texts_;
     const std::vector<LineInfo>& lines_;
     const StructuredOptions& options_;
     std::vector<NewLine> result_;
@@ -102,8 +102,8 @@ class Removal {
 
 } // namespace
 
-std::vector<NewLine> removeParts(const std::vector<std::string_view>& texts,
-                                 const std::vector<LineInfo>& lines, const StructuredOptions& options) {
+std::vector<NewLine> removeParts(const base::TextLines& texts, const std::vector<LineInfo>& lines,
+                                 const StructuredOptions& options) {
     return Removal(texts, lines, options).run();
 }
 

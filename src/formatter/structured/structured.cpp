@@ -8,8 +8,7 @@
 
 namespace corvelle::formatter::structured {
 
-StructuredResult formatStructured(const std::vector<std::string_view>& lines,
-                                  const StructuredOptions& options) {
+StructuredResult formatStructured(const base::TextLines& lines, const StructuredOptions& options) {
     ModuleBlocks blocks = readBlocks(lines);
     StructuredResult result;
     result.style = decideStyle(lines, blocks, options.style);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text_lines.h"
 #include "formatter/structured/fault.h"
 #include "formatter/structured/style.h"
 
@@ -23,20 +24,20 @@ struct StructuredOptions {
     bool force = false; ///< procedures with faults are laid out too, as far as it goes
 };
 
-/// What becomes of one code line: `tabs` tabs, `spaces` spaces, then the old line's bytes from `begin` to
-/// `end`.
+/// What becomes of one code line: the style's blanks up to `column`, then the old line's bytes from `begin`
+/// to `end`; one that ends before it begins is dropped.
 struct NewLine {
-    std::uint32_t tabs = 0, spaces = 0;
-    std::uint32_t begin = 0, end = 0;
-    bool dropped = false;
+    std::uint32_t column = 0, begin = 0, end = 0;
 
-    std::size_t size() const { return std::size_t{tabs} + spaces + (end - begin); }
-    /// Whether it is the same bytes as before.
-    bool same(std::string_view old) const {
-        return !dropped && tabs == 0 && spaces == 0 && begin == 0 && end == old.size();
+    bool dropped() const { return end < begin; }
+    void drop() { *this = {0, 1, 0}; }
+    std::size_t size(const Style& style) const {
+        const Indentation blanks = style.indentationTo(column);
+        return std::size_t{blanks.tabs} + blanks.spaces + (end - begin);
     }
-    void appendTo(std::string& text, std::string_view old) const {
-        text.append(tabs, '\t').append(spaces, ' ').append(old.substr(begin, end - begin));
+    void appendTo(std::string& text, std::string_view old, const Style& style) const {
+        const Indentation blanks = style.indentationTo(column);
+        text.append(blanks.tabs, '\t').append(blanks.spaces, ' ').append(old.substr(begin, end - begin));
     }
 };
 
@@ -52,7 +53,6 @@ inline constexpr std::size_t longestLine = 1023;
 
 /// Lays out the code lines of a module, which are without their line ends. A second run over the result with
 /// the same options changes nothing. Linear in lines, nesting and the lines' lengths.
-StructuredResult formatStructured(const std::vector<std::string_view>& lines,
-                                  const StructuredOptions& options);
+StructuredResult formatStructured(const base::TextLines& lines, const StructuredOptions& options);
 
 } // namespace corvelle::formatter::structured

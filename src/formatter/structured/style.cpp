@@ -50,8 +50,7 @@ struct TwoWay {
 
 class Ballot {
   public:
-    Ballot(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
-           const StyleOptions& options)
+    Ballot(const base::TextLines& texts, const ModuleBlocks& blocks, const StyleOptions& options)
         : texts_(texts), blocks_(blocks), options_(options) {}
 
     Style decide() {
@@ -62,7 +61,7 @@ class Ballot {
         style_.tabWidth = std::max<std::uint32_t>(style_.tabWidth, 1);
         decideBodies();
         decideUnit();
-        style_.paired = pairedLevels(texts_, blocks_.lines, style_);
+        style_.paired = pairedLevels(texts_, blocks_, style_);
         decideDirectives();
         return std::move(style_);
     }
@@ -158,7 +157,8 @@ class Ballot {
     // The column in which a statement in the place of the line would stand.
     std::uint32_t codeColumn(std::uint32_t line) const {
         const LineInfo& at = info(line);
-        const std::uint32_t inside = innerColumns(at.directive) - innerColumns(at.within);
+        const std::uint32_t inside =
+            innerColumns(blocks_.around(at).directive) - innerColumns(blocks_.around(at).within);
         if (at.parent == LineInfo::none) return inside;
         std::uint32_t levels = style_.bodyOf(at.depth) == Body::Indent ? 1 : 0;
         if (!style_.paired.empty()) levels += style_.paired[line] - style_.paired[at.parent];
@@ -247,7 +247,7 @@ class Ballot {
         if (unit.count <= widestUnit) style_.unitBy.votes = votes[unit.tabs ? 1 : 0][unit.count];
     }
 
-    const std::vector<std::string_view>& texts_;
+    const base::TextLines& texts_;
     const ModuleBlocks& blocks_;
     const StyleOptions& options_;
     Style style_;
@@ -278,6 +278,10 @@ Body Style::bodyOf(Depth depth) const {
     return Body::Flush;
 }
 
+Indentation Style::indentationTo(std::uint32_t column) const {
+    return unit.tabs ? Indentation{column / tabWidth, column % tabWidth} : Indentation{0, column};
+}
+
 std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32_t tabWidth) {
     if (base::skipKind<base::AnyOf<' '>>(line, 0) >= length) return static_cast<std::uint32_t>(length);
     std::uint32_t column = 0;
@@ -304,7 +308,10 @@ std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& sty
     std::vector<std::uint32_t> levels(blocks.lines.size());
     for (std::size_t i = 0; i < levels.size(); ++i) {
         const LineInfo& line = blocks.lines[i];
-        levels[i] = innerOf(line.directive) - innerOf(line.within);
+        if (line.around != 0) {
+            const Around& around = blocks.around(line);
+            levels[i] = innerOf(around.directive) - innerOf(around.within);
+        }
         if (line.parent == LineInfo::none) continue;
         levels[i] += levels[line.parent] + deeper[static_cast<std::size_t>(line.depth)];
         if (!style.paired.empty()) levels[i] += style.paired[i] - style.paired[line.parent];
@@ -312,8 +319,7 @@ std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& sty
     return levels;
 }
 
-Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
-                  const StyleOptions& options) {
+Style decideStyle(const base::TextLines& texts, const ModuleBlocks& blocks, const StyleOptions& options) {
     return Ballot(texts, blocks, options).decide();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/text_lines.h"
 #include "formatter/structured/blocks.h"
 
 #include <array>
@@ -43,6 +44,11 @@ struct Decision {
     std::uint32_t votes = 0, of = 0;
 };
 
+/// What stands before a line's text.
+struct Indentation {
+    std::uint32_t tabs, spaces; ///< in this order
+};
+
 struct DirectiveStyle {
     Place place;
     Body body;
@@ -65,6 +71,8 @@ struct Style {
     std::vector<std::uint32_t> paired;
 
     Body bodyOf(Depth depth) const;
+    /// The blanks that a line in that column is written with.
+    Indentation indentationTo(std::uint32_t column) const;
     /// Columns of one level.
     std::uint32_t columns() const { return unit.tabs ? unit.count * tabWidth : unit.count; }
 };
@@ -76,7 +84,6 @@ std::uint32_t columnAfter(std::string_view line, std::size_t length, std::uint32
 std::vector<std::uint32_t> levelsOf(const ModuleBlocks& blocks, const Style& style);
 
 /// Decides every key that is not said by the votes of the module's own lines.
-Style decideStyle(const std::vector<std::string_view>& texts, const ModuleBlocks& blocks,
-                  const StyleOptions& options);
+Style decideStyle(const base::TextLines& texts, const ModuleBlocks& blocks, const StyleOptions& options);
 
 } // namespace corvelle::formatter::structured

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/line_reader.h"
+#include "base/text_lines.h"
 #include "ide/component_type.h"
 #include "ide/workspace/module_header.h"
 
@@ -59,9 +60,11 @@ class ModuleFile {
     std::string_view controlName(std::uint32_t index) const;
 
     std::uint32_t codeLineCount() const { return static_cast<std::uint32_t>(lines_.size()); }
+    /// The code lines, without their line ends. They refer to the file where it is now.
+    base::TextLines codeLines() const { return {bytes_.data(), lines_}; }
     /// Code line 0 to codeLineCount() - 1, without its line end.
     std::string_view codeLine(std::uint32_t index) const {
-        const Line& line = lines_[index];
+        const auto& line = lines_[index];
         return {bytes_.data() + line.begin, line.end - line.begin};
     }
     /// The line end of that code line as it is in the file: CR LF, LF, or empty (last line only).
@@ -85,10 +88,6 @@ class ModuleFile {
     std::string_view newLine() const { return newLine_; }
 
   private:
-    struct Line {
-        std::uint32_t begin, end; // without the line end
-    };
-
     void readCode(base::LineReader lines);
 
     std::string bytes_;
@@ -99,7 +98,7 @@ class ModuleFile {
     std::vector<ControlBlock> controls_;
     std::uint32_t headerEnd_ = 0;
     std::uint32_t headerLines_ = 0;
-    std::vector<Line> lines_;
+    std::vector<base::TextLines::Place> lines_; // without their ends
     std::vector<HiddenRun> hidden_;
     std::string_view newLine_ = "\r\n";
 };

@@ -24,8 +24,8 @@ inline std::string once(std::string_view text, const StructuredOptions& options)
     const auto result = formatStructured(lines, options);
     std::string out;
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (result.lines[i].dropped) continue;
-        result.lines[i].appendTo(out, lines[i]);
+        if (result.lines[i].dropped()) continue;
+        result.lines[i].appendTo(out, lines[i], result.style);
         out += '\n';
     }
     return out;
