@@ -322,6 +322,30 @@ TEST_F(IndexProperties, FollowARename) {
     EXPECT_THAT(dialog_(), Not(HasSubstr("HelpContextID")));
 }
 
+TEST_F(IndexProperties, FollowARenameThatIsSettledLater) {
+    run({"--properties", "help"});
+    auto text = dialog_();
+    text.replace(text.find("cmdNav"), 6, "cmdMove");
+    folder.write("sub/frmPart.frm", text);
+    EXPECT_EQ(run().status, 1);
+    EXPECT_EQ(run({"--renames"}).status, 0);
+    EXPECT_EQ(run({"--properties", "remove"}).status, 0);
+    EXPECT_THAT(dialog_(), Not(HasSubstr("HelpContextID")));
+}
+
+TEST_F(IndexProperties, OfAFormFollowItsNewName) {
+    run({"--properties", "both", "--whatsthis-forms"});
+    auto text = dialog_();
+    EXPECT_THAT(text, HasSubstr("WhatsThisHelp   =   -1"));
+    for (auto at = text.find("frmPart"); at != std::string::npos; at = text.find("frmPart", at))
+        text.replace(at, 7, "frmItem");
+    folder.write("sub/frmPart.frm", text);
+    EXPECT_EQ(run({"--renames"}).status, 0);
+    EXPECT_EQ(run({"--properties", "remove"}).status, 0);
+    EXPECT_THAT(dialog_(), Not(HasSubstr("HelpContextID")));
+    EXPECT_THAT(dialog_(), Not(HasSubstr("WhatsThis")));
+}
+
 TEST_F(IndexProperties, ShowInACheck) {
     run({"--properties", "help"});
     folder.write("sub/frmPart.frm", dialog);

@@ -8,6 +8,7 @@
 #include "indexer/text_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <unordered_map>
@@ -102,6 +103,16 @@ void requireNamesOnce(SortedNames& names) {
     if (!twice.empty()) refuse("the name " + std::string(twice) + " is given twice");
 }
 
+// Whether a line is a designer's own entry, which has the designer's name and is of a class of designers.
+bool isOwnEntry(const HelpIndex& index, const IndexEntry& entry) {
+    constexpr std::array<std::string_view, 5> designers{"Form", "MDIForm", "UserControl", "PropertyPage",
+                                                        "UserDocument"};
+    return base::equalIgnoringCase(entry.CtlName, designerOf(index, entry)) &&
+           std::any_of(designers.begin(), designers.end(), [&](std::string_view className) {
+               return base::equalIgnoringCase(entry.CtlClass, className);
+           });
+}
+
 // Over files without a memory.
 Memory takeOver(const std::vector<Define>& defines, SortedNames& places, const HelpIndex& mappings) {
     Memory memory;
@@ -116,7 +127,8 @@ Memory takeOver(const std::vector<Define>& defines, SortedNames& places, const H
         if (place == SortedNames::nothing)
             refuse(inFile(mappings, entry) + "the header has no " + entry.IDHName);
         isUsed[place] = true;
-        memory.controls.push_back({{designerOf(mappings, entry), entry.CtlName, {}},
+        const auto control = isOwnEntry(mappings, entry) ? std::string() : entry.CtlName;
+        memory.controls.push_back({{designerOf(mappings, entry), control, {}},
                                    entry.CtlClass,
                                    {},
                                    entry.IDHName,

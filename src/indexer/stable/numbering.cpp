@@ -195,9 +195,11 @@ class NumberingRun {
         if (before && options_.renames == RenamesAre::Taken) {
             inherit(control, *before);
             isKept_[rename->second] = true;
-            result_.changes.renamed.push_back(
-                {before->place, findingOf(d, c, control), before->idhName, before->number});
-            renamedPlaces_.emplace(keyOf(before->place), control.place);
+            carryOver(before->place, control.place);
+            if (!control.perhapsFrom.empty()) settleRename(d, c, control);
+            if (control.idhName == before->idhName)
+                result_.changes.renamed.push_back(
+                    {before->place, findingOf(d, c, control), before->idhName, before->number});
             return control;
         }
         giveNew(d, c, control);
@@ -205,12 +207,34 @@ class NumberingRun {
             ++result_.changes.allAreNew;
         else
             result_.changes.added.push_back(findingOf(d, c, control));
-        if (before && options_.renames == RenamesAre::Offered && before->idhName != defaultIDH) {
-            control.perhapsFrom = before->idhName;
-            result_.changes.offered.push_back(
-                {before->place, findingOf(d, c, control), before->idhName, before->number});
-        }
+        if (before && options_.renames == RenamesAre::Offered && before->idhName != defaultIDH)
+            offer(d, c, control, *before);
         return control;
+    }
+
+    // Of a control that was renamed again while the first rename was open it is the first name that counts:
+    // the texts are there.
+    void offer(std::size_t d, std::size_t c, RememberedControl& control, const RememberedControl& before) {
+        auto idhName = before.idhName;
+        auto number = before.number;
+        const auto first = retired_.find(before.perhapsFrom);
+        if (first != retired_.end()) {
+            idhName = first->second->idhName;
+            number = first->second->number;
+        }
+        control.perhapsFrom = idhName;
+        result_.changes.offered.push_back({before.place, findingOf(d, c, control), idhName, number});
+        // The IDE took along what we wrote. It is ours still, however the rename is settled.
+        const auto& found = project_[d].controls[c];
+        if (found.name.empty() || found.givenNumber() == before.number)
+            carryOver(before.place, control.place);
+    }
+
+    // What was written for the one place is the other's. With its controls a designer is renamed too.
+    void carryOver(const ControlPlace& before, const ControlPlace& now) {
+        renamedPlaces_.emplace(keyOf(before), now);
+        if (!base::equalIgnoringCase(before.designer, now.designer))
+            renamedPlaces_.emplace(keyOf({before.designer, {}, {}}), ControlPlace{now.designer, {}, {}});
     }
 
     void compareWithFile(std::size_t d, std::size_t c, const RememberedControl& control) {

@@ -134,6 +134,21 @@ TEST(Numbering, PairsRenamedControlsByTheNumberInTheFile) {
     EXPECT_EQ(entriesOf(moved)["frmA.y"], "IDH_AAAC 1002");
 }
 
+TEST(Numbering, SettlesARenameThatWasRenamedAgain) {
+    auto numbered = number({form("frmA", {control("a"), control("x"), control("b")})});
+    for (const auto* name : {"y", "z"}) {
+        numbered = number({form("frmA", {control("a"), control(name), control("b")})}, after(numbered));
+        ASSERT_THAT(numbered.changes.offered, SizeIs(1));
+        EXPECT_EQ(numbered.changes.offered[0].idhNameBefore, "IDH_AAAC");
+    }
+    const FoundProject now{form("frmA", {control("a"), control("w"), control("b")})};
+    const auto taken = number(now, after(numbered), {NameKind::Sequence, RenamesAre::Taken, false});
+    EXPECT_EQ(entriesOf(taken)["frmA.w"], "IDH_AAAC 1002");
+    EXPECT_THAT(taken.changes.renamed, SizeIs(1));
+    EXPECT_THAT(taken.memory.retired, SizeIs(2));
+    EXPECT_THAT(number(now, after(taken)).changes.offered, IsEmpty());
+}
+
 TEST(Numbering, PairsRenamedDesigners) {
     const auto first =
         number({form("frmA", {control("a"), control("b"), control("c")}), form("frmB", {control("z")})});
@@ -189,6 +204,19 @@ TEST(Numbering, TakesOverLinesWithoutIndicesInTheirOrder) {
                                                      std::pair("frmA.c(7)", "IDH_AAAB 1001"),
                                                      std::pair("frmA.t", "IDH_AAAA 1000")));
     }
+}
+
+TEST(Numbering, TakesOverDesignersOwnEntries) {
+    auto own = control("", "Form");
+    const FoundProject project{form("frmA", {own, control("a")})};
+    const auto first = number(project);
+    auto header = headerOf(first.numbering, first.memory);
+    header.resize(header.find("// @"));
+    const auto read = readEarlierIndex(header, configurationOf(first.numbering));
+    ASSERT_EQ(read.fault, "");
+    const auto again = number(project, read.index);
+    EXPECT_EQ(entriesOf(again), entriesOf(first));
+    EXPECT_EQ(again.memory, first.memory);
 }
 
 // Random changes of a project, one run after the other: what is there keeps what it has, and nothing is given
