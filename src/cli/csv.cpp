@@ -41,6 +41,13 @@ char dividerOf(std::string_view bytes) {
     return divider;
 }
 
+// With any number of apostrophes before it.
+bool isLikeFormula(std::string_view text) {
+    const auto begin = text.find_first_not_of('\'');
+    return begin != std::string_view::npos &&
+           std::string_view("=+-@").find(text[begin]) != std::string_view::npos;
+}
+
 class Reader {
   public:
     explicit Reader(std::string_view bytes)
@@ -110,6 +117,15 @@ class Reader {
 
 Csv readCsv(std::string_view bytes) {
     return Reader(bytes).read();
+}
+
+std::string shielded(std::string_view text) {
+    return std::string(isLikeFormula(text) ? "'" : "").append(text);
+}
+
+std::string unshielded(std::string_view text) {
+    const bool isShielded = !text.empty() && text.front() == '\'' && isLikeFormula(text);
+    return std::string(text.substr(isShielded ? 1 : 0));
 }
 
 void appendRow(std::string& table, const std::vector<std::string>& cells) {

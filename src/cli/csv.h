@@ -24,6 +24,13 @@ struct Csv {
 /// tab the first line has instead.
 Csv readCsv(std::string_view bytes);
 
+/// A text that a spreadsheet shows as it is: one that begins like a formula ("- or print it") gets an
+/// apostrophe before it, and so does one that has such an apostrophe already.
+std::string shielded(std::string_view text);
+
+/// The other way round.
+std::string unshielded(std::string_view text);
+
 /// Appends a row; a cell that needs quotes gets them.
 void appendRow(std::string& table, const std::vector<std::string>& cells);
 

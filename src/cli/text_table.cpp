@@ -164,13 +164,14 @@ void TextTable::exportTable() {
     for (std::size_t i = 0; i < memory_.controls.size(); ++i) {
         const auto& control = memory_.controls[i];
         const auto row = rowOf(control);
-        appendRow(table,
-                  {toUtf8(control.place.designer), toUtf8(control.place.control),
-                   numberText(control.place.index), toUtf8(control.className), toUtf8(captions_[i]),
-                   toUtf8(control.idhName), std::to_string(control.number), toUtf8(row.text), row.state});
+        appendRow(table, {toUtf8(control.place.designer), toUtf8(control.place.control),
+                          numberText(control.place.index), toUtf8(control.className), toUtf8(captions_[i]),
+                          toUtf8(control.idhName), std::to_string(control.number), toUtf8(shielded(row.text)),
+                          row.state});
     }
     for (const auto& name : leftOver())
-        appendRow(table, {"", "", "", "", "", toUtf8(name), "", toUtf8(textOf_.at(name)), leftOverText});
+        appendRow(table,
+                  {"", "", "", "", "", toUtf8(name), "", toUtf8(shielded(textOf_.at(name))), leftOverText});
     const auto path = base::pathOf(settings_.table);
     try {
         for (const auto& other : {settings_.project, info_[indexer::slot::header],
@@ -260,11 +261,18 @@ ExitStatus TextTable::importTable() {
         for (std::size_t c = 0; c < csv.rows[i].cells.size() && c < head.size(); ++c) {
             auto text = fromUtf8(csv.rows[i].cells[c]);
             if (!text && head[c] != "caption")
-                wrong = "the column " + head[c] + " has a character that Windows-1252 does not have";
+                wrong = "the column " + head[c] +
+                        " has a character that Windows-1252 does not have, or is no UTF-8";
             cells[head[c]] = text.value_or("");
         }
+        const auto& all = csv.rows[i].cells;
+        if (std::any_of(all.begin() + static_cast<std::ptrdiff_t>(std::min(all.size(), head.size())),
+                        all.end(), [](const std::string& cell) { return !cell.empty(); }))
+            wrong = "it has more cells than the first row: a text with a comma needs quotes";
+        if (cells.count("text") == 0) wrong = "it ends before the column text";
         // A spreadsheet ends lines in its own ways.
         auto& text = cells["text"];
+        text = unshielded(text);
         text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
         while (!text.empty() && text.back() == '\n') text.pop_back();
         if (wrong.empty()) wrong = place(cells, texts);

@@ -24,6 +24,18 @@ TEST(Csv, ReadsWhatItWrites) {
     EXPECT_EQ(cellsOf(table), rows);
 }
 
+TEST(Csv, ShieldsWhatASpreadsheetWouldReckon) {
+    for (const auto* text : {"=1+1", "- or print it", "+", "@x", "'=1", "''-"}) {
+        EXPECT_EQ(shielded(text), "'" + std::string(text));
+        EXPECT_EQ(unshielded(shielded(text)), text);
+    }
+    for (const auto* text : {"", "'", "'tis", "a=1", " =1"}) {
+        EXPECT_EQ(shielded(text), text);
+        EXPECT_EQ(unshielded(text), text);
+    }
+    EXPECT_EQ(unshielded("=1"), "=1");
+}
+
 TEST(Csv, ReadsWhatSpreadsheetsWrite) {
     EXPECT_THAT(cellsOf("a,b\n\"1\n2\",x\n\n,,\nlast"),
                 ElementsAre(ElementsAre("a", "b"), ElementsAre("1\n2", "x"), ElementsAre("last")));

@@ -435,7 +435,9 @@ TEST_F(TextTables, ChangeNothingUnlessAllRowsHaveAPlace) {
                               "frmOrder;cmdAction;1;other\n"
                               "frmOrder;cmdAction;2;.topic x\n"
                               "frmOrder;cmdAction;0;\xD0\x96\n"
-                              ";;;x\n";
+                              ";;;x\n"
+                              "frmOrder;cmdAction;1\n"
+                              "frmOrder;cmdAction;0;x; y\n";
     folder.write("t.csv", table);
     const auto refused = text({"import", "t.csv"});
     EXPECT_EQ(refused.status, 1);
@@ -449,7 +451,9 @@ TEST_F(TextTables, ChangeNothingUnlessAllRowsHaveAPlace) {
              "t.csv:8: frmOrder: cmdAction: a line of the text that begins with .topic",
              "t.csv:9: frmOrder: cmdAction: the column text has a character",
              "t.csv:10: : : it names no designer",
-             "t.csv: 8 rows have no place",
+             "t.csv:11: frmOrder: cmdAction: it ends before the column text",
+             "t.csv:12: frmOrder: cmdAction: it has more cells than the first row",
+             "t.csv: 10 rows have no place",
          })
         EXPECT_THAT(refused.err, HasSubstr(line));
     EXPECT_EQ(files(), before);
@@ -457,11 +461,21 @@ TEST_F(TextTables, ChangeNothingUnlessAllRowsHaveAPlace) {
     EXPECT_EQ(partial.status, 1);
     EXPECT_EQ(partial.out, "1 texts were changed.\n");
     EXPECT_THAT(folder.read("o/a.txt"), HasSubstr(".topic  IDH_AACU\r\nnew\r\n"));
+    EXPECT_THAT(folder.read("o/a.txt"), HasSubstr(".topic  IDH_AACV\r\n\r\n"));
     folder.write("t.csv", "control,text\nx,y\n");
     EXPECT_EQ(text({"import", "t.csv"}).status, 1);
     folder.write("t.csv", "designer,control,text\n\"x\n");
     EXPECT_EQ(text({"import", "t.csv"}).status, 1);
     EXPECT_EQ(text({"import", "none.csv"}).status, 2);
+}
+
+TEST_F(TextTables, HaveNoTextThatASpreadsheetWouldReckon) {
+    ASSERT_EQ(text({"set", "frmOrder", "lblStatus", "- or \n=2"}).status, 0);
+    ASSERT_EQ(text({"export", "t.csv"}).status, 0);
+    EXPECT_THAT(folder.read("t.csv"), HasSubstr(",\"'- or \n=2\",own text\r\n"));
+    const auto before = files();
+    EXPECT_EQ(text({"import", "t.csv"}).out, "0 texts were changed.\n");
+    EXPECT_EQ(files(), before);
 }
 
 TEST_F(TextTables, TellAndTakeOutWhatIsLeftOver) {
