@@ -442,7 +442,8 @@ class IndexRun {
         const auto afterFirstLine = [](std::string_view text) {
             return text.substr(std::min(text.find('\n'), text.size()));
         };
-        if (!settings_.isClassic && afterFirstLine(old) == afterFirstLine(bytes)) bytes = old;
+        if (!settings_.isClassic && isSameButLineEnds(afterFirstLine(old), afterFirstLine(bytes)))
+            bytes = old;
         put(*settings_.projectFile, std::move(bytes));
     }
 

@@ -4,6 +4,7 @@
 #include "base/file_batch.h"
 #include "base/paths.h"
 #include "base/text.h"
+#include "cli/line_ends.h"
 #include "cli/terminal.h"
 #include "ide/workspace/path_resolver.h"
 #include "ide/workspace/project_file.h"
@@ -196,6 +197,7 @@ std::optional<std::string> IndexFiles::readOld(const IndexSettings& settings) {
     for (const auto& output : outputsOf(settings)) {
         const auto path = base::pathOf(output.path);
         auto& old = old_[path];
+        old.isModule = output.option == "--module-file";
         try {
             old.how.onlyNew = !base::stampIfThere(path);
             if (!old.how.onlyNew) {
@@ -261,7 +263,9 @@ std::optional<std::string> IndexFiles::write() {
 void IndexFiles::dropUnchanged() {
     const auto isUnchanged = [this](const NewFile& file) {
         const auto old = old_.find(file.path);
-        return old != old_.end() && !old->second.how.onlyNew && old->second.bytes == file.bytes;
+        if (old == old_.end() || old->second.how.onlyNew) return false;
+        return old->second.isModule ? old->second.bytes == file.bytes
+                                    : isSameButLineEnds(old->second.bytes, file.bytes);
     };
     new_.erase(std::remove_if(new_.begin(), new_.end(), isUnchanged), new_.end());
 }

@@ -36,7 +36,8 @@ class IndexFiles {
     void put(const std::filesystem::path& path, std::string bytes, base::ReplaceOptions how = {});
     /// The bytes of one that was put.
     std::string_view newBytes(const std::string& path) const;
-    /// Forgets new files that are as their old ones.
+    /// Forgets new files that are as their old ones; of all but modules, which the IDE reads with CR LF
+    /// alone, the ends of the lines may be others, as version control may have left them.
     void dropUnchanged();
     /// Writes all of them beside their places and puts them there. What went wrong; nothing if all are there.
     /// In the first case every old file is as it was.
@@ -48,6 +49,7 @@ class IndexFiles {
     struct OldFile {
         std::string bytes;
         base::ReplaceOptions how; // how it may be replaced: as long as nobody else has
+        bool isModule = false;
     };
     struct NewFile {
         std::filesystem::path path;

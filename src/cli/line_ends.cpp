@@ -1,5 +1,7 @@
 #include "cli/line_ends.h"
 
+#include "indexer/text_lines.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -17,6 +19,15 @@ std::string withFileLineEnds(std::string_view text) {
 std::string withTerminalLineEnds(std::string text) {
     std::replace(text.begin(), text.end(), '\r', '\n');
     return text;
+}
+
+bool isSameButLineEnds(std::string_view old, std::string_view fresh) {
+    if (old == fresh) return true;
+    indexer::TextLines oldLines(old), freshLines(fresh);
+    while (oldLines.next()) {
+        if (!freshLines.next() || oldLines.line() != freshLines.line()) return false;
+    }
+    return !freshLines.next();
 }
 
 } // namespace corvelle::cli

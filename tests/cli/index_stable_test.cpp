@@ -177,6 +177,23 @@ TEST_F(StableIndexes, ChangeNoByteInASecondRun) {
     EXPECT_THAT(again.out, testing::EndsWith("Total Controls: 76\n")); // nothing was written
 }
 
+TEST_F(StableIndexes, StayAsVersionControlHasThem) {
+    ASSERT_EQ(index().status, 0);
+    for (const auto& [name, bytes] : files()) {
+        std::string text;
+        std::copy_if(bytes.begin(), bytes.end(), std::back_inserter(text), [](char c) { return c != '\r'; });
+        folder.write("o/" + name, text);
+    }
+    const auto before = files();
+    EXPECT_THAT(index({"--check"}).out, Not(HasSubstr("Would change")));
+    EXPECT_EQ(index().status, 0);
+    EXPECT_EQ(files(), before);
+    // What does change is written as ever.
+    EXPECT_EQ(index({"--designers"}).status, 0);
+    EXPECT_THAT(folder.read("o/a.h"), StartsWith("#define IDH_AAAA  1000\r\n"));
+    EXPECT_EQ(numbers().size(), 81U);
+}
+
 TEST_F(StableIndexes, TakeOverAClassicOne) {
     ASSERT_EQ(index({"--numbering", "classic"}).status, 0);
     const auto classic = files();

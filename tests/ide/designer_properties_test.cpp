@@ -170,6 +170,18 @@ TEST(HelpProperties, LeaveANumberThatStandsThere) {
                 ElementsAre(Fate::Needless));
 }
 
+TEST(HelpProperties, LeaveWhatTheyCannotRead) {
+    for (const auto* value : {"99999999999999", "\"abc\""}) {
+        const auto file =
+            form(std::string("Begin VB.Form frm \r\n   HelpContextID   =   ") + value + "\r\nEnd\r\n");
+        const auto changed = withHelpProperties(file, {{"", {}, help, 9}});
+        EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Differs)) << value;
+        EXPECT_EQ(changed.bytes, file.bytes());
+        EXPECT_THAT(fatesOf(withHelpProperties(file, {{"", {}, help, 9, {}, true}})),
+                    ElementsAre(Fate::Replaced));
+    }
+}
+
 TEST(HelpProperties, ReplaceANumberWhenToldTo) {
     const auto changed = withHelpProperties(form(numbered), {{"txt", {}, help, 9, {}, true}});
     EXPECT_THAT(fatesOf(changed), ElementsAre(Fate::Replaced));

@@ -200,8 +200,10 @@ class Change {
         const auto value = numberOf(old.value);
         if (value == wish.value) return {Fate::Needless, old.line, {}};
         HelpPropertyOutcome outcome{Fate::Replaced, old.line, std::string(old.value)};
-        // A number of none, which stands where somebody has typed it, is no number yet.
-        if (value != 0 && value != wish.previous && !wish.replacesAny) outcome.fate = Fate::Differs;
+        // A zero, which stands where somebody has typed it, is no number yet. What is none that we can read
+        // is not ours.
+        const bool isFree = value && (value == 0 || value == wish.previous);
+        if (!isFree && !wish.replacesAny) outcome.fate = Fate::Differs;
         if (outcome.fate == Fate::Differs) return outcome;
         const auto begin = static_cast<std::size_t>(old.value.data() - file_.bytes().data());
         note(number, {begin, begin + old.value.size(), valueText(wish), wish.property});

@@ -113,6 +113,14 @@ bool isOwnEntry(const HelpIndex& index, const IndexEntry& entry) {
            });
 }
 
+// Whether the name is made of one of the index's designers.
+bool isReadableName(std::string_view name, const HelpIndex& index) {
+    return std::any_of(index.designers.begin(), index.designers.end(), [&](const std::string& designer) {
+        const auto begin = "IDH_" + designer;
+        return base::equalIgnoringCase(name, begin) || base::startsWithIgnoringCase(name, begin + "_");
+    });
+}
+
 // Over files without a memory.
 Memory takeOver(const std::vector<Define>& defines, SortedNames& places, const HelpIndex& mappings) {
     Memory memory;
@@ -138,7 +146,7 @@ Memory takeOver(const std::vector<Define>& defines, SortedNames& places, const H
     requireNamesOnce(given);
     for (std::size_t i = 1; i < defines.size(); ++i) {
         if (isUsed[i]) continue;
-        if (!isNameInSequence(defines[i].name))
+        if (!isNameInSequence(defines[i].name) && !isReadableName(defines[i].name, mappings))
             refuse(std::string(defines[i].name) +
                    " is no name of a control, nor one that corvelle has given");
         memory.retired.push_back({std::string(defines[i].name), defines[i].number});

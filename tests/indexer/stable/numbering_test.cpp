@@ -219,6 +219,14 @@ TEST(Numbering, TakesOverDesignersOwnEntries) {
     EXPECT_EQ(again.memory, first.memory);
 }
 
+TEST(Numbering, RetiresReadableNamesThatTheConfigurationFileHasNot) {
+    const std::string header = "#define IDH_AAAA  1000\r\n#define IDH_frmA_x  1001\r\n";
+    const auto read = readEarlierIndex(header, "<P>frmA</P>\r\n");
+    ASSERT_EQ(read.fault, "");
+    EXPECT_THAT(read.index.memory.retired, SizeIs(1));
+    EXPECT_THAT(readEarlierIndex(header, "<P>frmB</P>\r\n").fault, HasSubstr("IDH_frmA_x is no name"));
+}
+
 // Random changes of a project, one run after the other: what is there keeps what it has, and nothing is given
 // twice.
 TEST(Numbering, HoldsThroughAnyChanges) {
