@@ -24,7 +24,8 @@ class SectionReader {
     bool readLine(std::string_view line, std::uint32_t number) {
         line = base::withoutLeadingBlanks(line);
         if (line.size() < 3) return true;
-        switch (base::lower(line[0])) {
+        const char first = base::lower(line[0]);
+        switch (first) {
         case 'b':
             readBegin(line, number);
             break;
@@ -34,7 +35,7 @@ class SectionReader {
         case 'h':
         case 'i':
         case 'w':
-            if (!open_.empty() && depthOfProperties_ == 0) readProperty(line);
+            if (!open_.empty() && depthOfProperties_ == 0) readProperty(first, line);
             break;
         default:
             break;
@@ -89,20 +90,22 @@ class SectionReader {
         return true;
     }
 
-    void readProperty(std::string_view line) {
+    // Each name is looked for only where its first letter stands.
+    void readProperty(char first, std::string_view line) {
         if (open_.back() == ofNothing) return;
         auto& control = open_.back() == ofDesigner ? section_.designer : section_.controls[open_.back()];
         std::string_view value;
-        if (takeValue(line, "HelpContextID", value))
-            control.helpContextID = numberOf(value).value_or(0);
-        else if (takeValue(line, "WhatsThisHelpID", value))
-            control.whatsThisHelpID = numberOf(value).value_or(0);
-        else if (takeValue(line, "Index", value))
-            takeIndex(value, control);
-        else if (takeValue(line, "Width", value))
+        if (first == 'c') {
+            if (takeValue(line, "Caption", value)) control.caption = value;
+        } else if (first == 'h') {
+            if (takeValue(line, "HelpContextID", value)) control.helpContextID = numberOf(value).value_or(0);
+        } else if (first == 'i') {
+            if (takeValue(line, "Index", value)) takeIndex(value, control);
+        } else if (takeValue(line, "Width", value)) {
             control.hasWidth = true;
-        else if (takeValue(line, "Caption", value))
-            control.caption = value;
+        } else if (takeValue(line, "WhatsThisHelpID", value)) {
+            control.whatsThisHelpID = numberOf(value).value_or(0);
+        }
     }
 
     static void takeIndex(std::string_view value, DesignerControl& control) {

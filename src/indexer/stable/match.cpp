@@ -61,13 +61,23 @@ OfDesigners ofDesigners(const std::vector<RememberedControl>& earlier) {
     return result;
 }
 
-// Whether a designer has the remembered controls, all of them and in their order, and they are not another
-// designer's of that name.
-bool isUnchanged(const FoundDesigner& designer, const std::vector<std::size_t>& numbers,
+// The first of a designer's found controls that earlier ones can stand for: its own entry is found always,
+// and remembered only where designers have one.
+std::size_t firstToMatch(const FoundDesigner& designer, const std::vector<std::size_t>& numbers,
+                         const std::vector<RememberedControl>& earlier) {
+    const bool hasOwn = !designer.controls.empty() && designer.controls.front().name.empty();
+    const bool remembersOwn = !numbers.empty() && earlier[numbers.front()].place.control.empty();
+    return hasOwn && !remembersOwn ? 1 : 0;
+}
+
+// Whether a designer has, from that control on, the remembered ones, all of them and in their order, and they
+// are not another designer's of that name.
+bool isUnchanged(const FoundDesigner& designer, std::size_t first, const std::vector<std::size_t>& numbers,
                  const std::vector<RememberedControl>& earlier, bool knowsIndices,
                  const std::vector<bool>& isTaken) {
-    if (designer.controls.size() != numbers.size()) return false;
-    return std::equal(numbers.begin(), numbers.end(), designer.controls.begin(),
+    if (designer.controls.size() - first != numbers.size()) return false;
+    return std::equal(numbers.begin(), numbers.end(),
+                      designer.controls.begin() + static_cast<std::ptrdiff_t>(first),
                       [&](std::size_t i, const FoundControl& control) {
                           const auto& place = earlier[i].place;
                           return !isTaken[i] && base::equalIgnoringCase(place.control, control.name) &&
@@ -274,8 +284,10 @@ Matches match(const FoundProject& project, const std::vector<RememberedControl>&
         if (found == byDesigner.end()) continue;
         const auto& numbers = found->second;
         const bool isNew = known.find(name) == known.end();
-        if (isNew && isUnchanged(designer, numbers, earlier, knowsIndices, result.isThere)) {
-            std::copy(numbers.begin(), numbers.end(), remembered.begin());
+        const auto first = firstToMatch(designer, numbers, earlier);
+        if (isNew && isUnchanged(designer, first, numbers, earlier, knowsIndices, result.isThere)) {
+            std::copy(numbers.begin(), numbers.end(),
+                      remembered.begin() + static_cast<std::ptrdiff_t>(first));
         } else {
             auto& byName = known.emplace(name, knowsIndices).first->second;
             if (isNew) {
