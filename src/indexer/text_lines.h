@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/byte_search.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -18,8 +20,7 @@ class TextLines {
     bool next() {
         if (next_ >= text_.size()) return false;
         ++number_;
-        auto end = next_; // a loop of our own: find_first_of calls a function a character
-        while (end < text_.size() && text_[end] != '\r' && text_[end] != '\n') ++end;
+        const auto end = base::findKind<base::AnyOf<'\r', '\n'>>(text_, next_);
         line_ = text_.substr(next_, end - next_);
         next_ = end + (text_.substr(end, 2) == "\r\n" ? 2 : 1);
         return true;

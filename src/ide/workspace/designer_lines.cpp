@@ -4,14 +4,6 @@
 
 namespace corvelle::workspace {
 
-bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
-    line = base::withoutLeadingBlanks(line);
-    if (!base::startsWithIgnoringCase(line, word)) return false;
-    line.remove_prefix(word.size());
-    rest = base::withoutLeadingBlanks(line);
-    return rest.empty() || rest.size() < line.size() || rest[0] == '=';
-}
-
 bool isBeginLine(std::string_view line, std::string_view& rest) {
     return takeWord(line, "Begin", rest) && (rest.empty() || rest[0] != '=');
 }

@@ -1,12 +1,22 @@
 #pragma once
 
+#include "base/text.h"
+
 #include <string_view>
 
 // The kinds of lines of a designer section.
 namespace corvelle::workspace {
 
-/// Whether the line begins with the word; then `rest` is what follows it and the blanks after it.
-bool takeWord(std::string_view line, std::string_view word, std::string_view& rest);
+/// Whether the line begins with the word, which is not empty; then `rest` is what follows it and the blanks
+/// after it.
+inline bool takeWord(std::string_view line, std::string_view word, std::string_view& rest) {
+    if (!line.empty() && base::isBlank(line[0])) line = base::withoutLeadingBlanks(line);
+    if (line.empty() || base::lower(line[0]) != base::lower(word[0])) return false; // tells it mostly
+    if (!base::startsWithIgnoringCase(line, word)) return false;
+    line.remove_prefix(word.size());
+    rest = base::withoutLeadingBlanks(line);
+    return rest.empty() || rest.size() < line.size() || rest[0] == '=';
+}
 
 /// Whether the line begins a block; then `rest` is what follows the word. A property may be called Begin or
 /// End: its line, with the equals sign, belongs to no block.

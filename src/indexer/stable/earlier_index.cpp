@@ -51,7 +51,7 @@ bool readDefine(std::string_view line, Define& define) {
 
 std::vector<Define> definesOf(std::string_view header) {
     std::vector<Define> result;
-    constexpr std::size_t usualLines = 96; // of a name: this one and one of the memory
+    constexpr std::size_t usualLines = 64; // of a name: this one and one of the memory
     result.reserve(header.size() / usualLines);
     for (TextLines lines(header); lines.next();) {
         const auto line = lines.line();

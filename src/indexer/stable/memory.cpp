@@ -238,7 +238,7 @@ ReadMemory readMemory(std::string_view header) {
     bool isFound = false;
     TextLines lines(header);
     constexpr std::size_t usualLine = 64;
-    reader.memory.controls.reserve(header.size() / usualLine / 2); // beside those of its names
+    reader.memory.controls.reserve(header.size() / usualLine); // there are lines of their names too
     while (lines.next()) {
         if (!isMemoryLine(lines.line())) continue;
         isFound = true;

@@ -23,19 +23,23 @@ struct Topic {
 // What stands before the first topic is of nobody.
 std::vector<Topic> topicsIn(std::string_view file) {
     std::vector<Topic> topics;
-    std::vector<std::size_t> begins, texts;
+    constexpr std::size_t usualTopic = 40;
+    topics.reserve(file.size() / usualTopic);
+    std::size_t begin = 0, text = 0; // of the topic met last
+    const auto end = [&](std::size_t behind) {
+        if (topics.empty()) return;
+        topics.back().bytes = file.substr(begin, behind - begin);
+        topics.back().text = file.substr(text, behind - text);
+    };
     for (TextLines lines(file); lines.next();) {
         const auto name = topicOf(lines.line());
         if (!name) continue;
+        end(lines.begin());
         topics.push_back({*name, {}, {}});
-        begins.push_back(lines.begin());
-        texts.push_back(lines.end());
+        begin = lines.begin();
+        text = lines.end();
     }
-    for (std::size_t i = 0; i < topics.size(); ++i) {
-        const auto end = i + 1 < topics.size() ? begins[i + 1] : file.size();
-        topics[i].bytes = file.substr(begins[i], end - begins[i]);
-        topics[i].text = file.substr(texts[i], end - texts[i]);
-    }
+    end(file.size());
     return topics;
 }
 
@@ -122,6 +126,7 @@ std::string withTopics(std::string_view text, const std::vector<std::string>& na
         result = defaultText ? withTexts(text, {{std::string(defaultIDH), *defaultText}}) : std::string(text);
     }
     SortedNames known;
+    known.reserve(names.size() + 1);
     for (const auto& topic : topicsIn(text)) known.add(topic.name, 0);
     for (const auto& name : names) {
         if (known.find(name) != SortedNames::nothing) continue;
