@@ -91,6 +91,26 @@ TEST_F(TextKill, LeavesTheFilesOldOrNewWhenAControlIsDeleted) {
     killAtEachCall({"delete", "frmMain", "cmdOK"}, 8);
 }
 
+// With the header that numbers stay by, a topic that no control has, and a table of two texts.
+class TextTableKill : public TextKill {
+  protected:
+    TextTableKill() {
+        files["a.h"] = "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n#define IDH_AAAC  1002\r\n";
+        files["a.txt"] += ".topic  IDH_AAAD\r\nOf a control that went.\r\n";
+        files["a.csv"] =
+            "designer,control,text\r\nfrmMain,cmdOK,Shuts it.\r\nfrmMain,txtName,Whose it is.\r\n";
+        test::put(folder.path(), files);
+    }
+};
+
+TEST_F(TextTableKill, LeavesTheTextFileOldOrNewWhenTextsAreImported) {
+    killAtEachCall({"import", "a.csv"}, 3);
+}
+
+TEST_F(TextTableKill, LeavesTheTextFileOldOrNewWhenLeftOverTextsGo) {
+    killAtEachCall({"prune"}, 3);
+}
+
 TEST_F(TextKill, LeavesTheFilesOldOrNewAtAnyMoment) {
     const std::vector<std::string> command{"delete", "frmMain", "cmdOK"};
     const Files whole = after(files, command), wholeAndNext = after(whole, next);

@@ -349,5 +349,32 @@ TEST_F(TextFaults, DeletingAControlLosesNoOther) {
                    {.repeatable = false, .next = setTheOther});
 }
 
+// With the header that numbers stay by, a topic that no control has, and a table of two texts.
+class TextTableFaults : public TextFaults {
+  protected:
+    static Files wholeIndex() {
+        auto files = index();
+        files["a.h"] = "#define IDH_AAAA  1000\r\n#define IDH_AAAB  1001\r\n#define IDH_AAAC  1002\r\n";
+        files["a.txt"] += ".topic  IDH_AAAD\r\nOf a control that went.\r\n";
+        files["a.csv"] =
+            "designer,control,text\r\nfrmMain,cmdOK,Shuts it.\r\nfrmMain,txtName,Whose it is.\r\n";
+        return files;
+    }
+};
+
+TEST_F(TextTableFaults, ImportingTextsTakesAllOrNone) {
+    expectHarmless(wholeIndex(),
+                   [] {
+                       auto settings = about(TextAction::Import);
+                       settings.table = "a.csv";
+                       return runText(settings);
+                   },
+                   {.together = true});
+}
+
+TEST_F(TextTableFaults, PruningLosesNoTextOfAControl) {
+    expectHarmless(wholeIndex(), [] { return runText(about(TextAction::Prune)); }, {.together = true});
+}
+
 } // namespace
 } // namespace corvelle::cli
