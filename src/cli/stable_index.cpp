@@ -8,6 +8,7 @@
 #include "indexer/index_options.h"
 #include "indexer/stable/earlier_index.h"
 #include "indexer/stable/index_bytes.h"
+#include "indexer/stable/match.h"
 #include "indexer/stable/topics.h"
 #include "indexer/valid_name.h"
 
@@ -93,13 +94,16 @@ FoundProject StableIndex::findControls() const {
 
 std::string StableIndex::number() {
     auto earlier = readEarlierIndex(files_.oldBytes(settings_.header), files_.oldBytes(settings_.config));
+    const auto project = findControls();
+    if (earlier.fault.empty() && isOfAnotherProject(project, earlier.index))
+        earlier = {{}, "none of its designers is in this project"};
     if (!earlier.fault.empty()) {
         const auto reason = "--header: " + shown(settings_.header) +
                             " is no header file whose numbers can be taken up: " + shown(earlier.fault);
         if (!settings_.overwrite) return reason + "; it is replaced with --overwrite only";
         note_ = reason + "; the numbers begin anew";
     }
-    numbered_ = numberProject(findControls(), earlier.index, numberingOptions(settings_));
+    numbered_ = numberProject(project, earlier.index, numberingOptions(settings_));
     if (!numbered_.fault.empty()) return shown(settings_.header) + ": " + numbered_.fault;
     add(sectionsOf(numbered_.changes));
     return {};

@@ -366,6 +366,23 @@ TEST_F(StableIndexes, RefuseWhatTheyCannotTakeUp) {
     EXPECT_EQ(files(), good);
 }
 
+TEST_F(StableIndexes, RefuseTheIndexOfAnotherProject) {
+    ASSERT_EQ(index().status, 0);
+    const auto before = files();
+    fs::copy(fs::path(EXAMPLES_DIR) / "Labels", folder.path() / "Labels");
+    folder.write("Labels/Labels.vbp", "Type=Exe\r\nForm=frmLabels.frm\r\nName=\"Labels\"\r\n");
+    const std::vector<std::string> other{"index", "Labels/Labels.vbp", "--header",
+                                         "o/a.h", "--config",          "o/a.hcnf"};
+    const auto refused = run(other);
+    EXPECT_EQ(refused.status, 2);
+    EXPECT_THAT(refused.err, HasSubstr("none of its designers is in this project"));
+    EXPECT_EQ(files(), before);
+    auto insisting = other;
+    insisting.emplace_back("--overwrite");
+    EXPECT_EQ(run(insisting).status, 0);
+    EXPECT_THAT(folder.read("o/a.h"), Not(HasSubstr("retired")));
+}
+
 TEST_F(StableIndexes, KnowWrongUsage) {
     for (const auto* option : {"--renames", "--no-renames", "--restore", "--designers", "--check"}) {
         const auto result = index({"--numbering", "classic", option});

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace corvelle::indexer::stable {
@@ -307,6 +308,19 @@ std::vector<Rename> findRenames(const FoundProject& project, const std::vector<R
                                 const Matches& matches, bool knowsContainers) {
     if (std::find(matches.isThere.begin(), matches.isThere.end(), false) == matches.isThere.end()) return {};
     return RenameSearch(project, earlier, matches, knowsContainers).run();
+}
+
+bool isOfAnotherProject(const FoundProject& project, const EarlierIndex& earlier) {
+    const auto& controls = earlier.memory.controls;
+    if (project.empty() || controls.empty()) return false;
+    std::unordered_set<std::string> designers;
+    for (const auto& designer : project) designers.insert(base::upper(designer.name));
+    if (std::any_of(controls.begin(), controls.end(), [&](const RememberedControl& control) {
+            return designers.count(base::upper(control.place.designer)) > 0;
+        }))
+        return false;
+    const auto matches = match(project, controls, earlier.knowsIndices);
+    return findRenames(project, controls, matches, earlier.knowsIndices).empty();
 }
 
 } // namespace corvelle::indexer::stable

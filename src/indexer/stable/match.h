@@ -1,5 +1,6 @@
 #pragma once
 
+#include "indexer/stable/earlier_index.h"
 #include "indexer/stable/memory.h"
 #include "indexer/stable/project_controls.h"
 
@@ -39,5 +40,8 @@ struct Rename {
 /// there was no memory, they are all one.
 std::vector<Rename> findRenames(const FoundProject& project, const std::vector<RememberedControl>& earlier,
                                 const Matches& matches, bool knowsContainers);
+
+/// Whether the index is another project's: none of its designers is in this one, under whatever name.
+bool isOfAnotherProject(const FoundProject& project, const EarlierIndex& earlier);
 
 } // namespace corvelle::indexer::stable
