@@ -1,8 +1,10 @@
 // `corvelle index` over a folder, with outputs that may be any of its files: none but the outputs changes,
 // and of those no part of the project, only its line for the mapping module; the files that are made agree
-// with one another and with the project; making them again changes nothing more.
+// with one another and with the project; making them again changes nothing more. Of numbers that stay no name
+// and no number that an earlier index has given gets lost or comes to another control.
 //
-// Input: files (see filesOf); the file without a name holds the options, "OPTION VALUE" a line.
+// Input: files (see filesOf); the file without a name holds the options, "OPTION VALUE" a line. Without
+// "numbering stable" the numbers are the classic ones.
 
 #include "base/text.h"
 #include "captured_streams.h"
@@ -12,6 +14,8 @@
 #include "indexer/index_files.h"
 #include "indexer/index_options.h"
 #include "indexer/project_info.h"
+#include "indexer/stable/earlier_index.h"
+#include "indexer/stable/topics.h"
 #include "indexer/text_file.h"
 #include "require.h"
 #include "vocabulary.h"
@@ -20,6 +24,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <set>
 #include <sstream>
@@ -30,6 +35,7 @@ namespace base = corvelle::base;
 namespace cli = corvelle::cli;
 namespace ide = corvelle::ide;
 namespace indexer = corvelle::indexer;
+namespace stable = corvelle::indexer::stable;
 namespace fs = std::filesystem;
 using corvelle::workspace::Component;
 using corvelle::workspace::Workspace;
@@ -59,6 +65,11 @@ cli::IndexSettings settingsOf(const std::string& options) {
         if (key == "replace") settings.replaceModule = true;
         if (key == "autoload") settings.autoload = true;
         if (key == "default") settings.defaultText = value;
+        if (key == "numbering") settings.isClassic = value != "stable";
+        if (key == "names") settings.names = value == "readable" ? "readable" : "sequence";
+        if (key == "renames") settings.takesRenames = true;
+        if (key == "restore") settings.restoresDeleted = true;
+        if (key == "designers") settings.designersToo = true;
         if (!isPath(value)) continue;
         if (key == "header") settings.header = value;
         if (key == "config") settings.config = value;
@@ -67,6 +78,10 @@ cli::IndexSettings settingsOf(const std::string& options) {
         if (key == "text") settings.text = value;
         if (key == "report") settings.report = value;
         if (key == "icp") settings.projectFile = value;
+    }
+    if (settings.isClassic) {
+        settings.names = {};
+        settings.takesRenames = settings.restoresDeleted = settings.designersToo = false;
     }
     return settings;
 }
@@ -256,6 +271,61 @@ void checkFiles(const cli::IndexSettings& settings, const Expected& expected, co
     }
 }
 
+// Every name with its number that an index has given, those that wait and those that are retired too; each is
+// given once, and a number twice only where the designers' files give it.
+std::map<std::string, std::int32_t> givenIn(const stable::Memory& memory) {
+    std::map<std::string, std::int32_t> given;
+    std::set<std::int32_t> numbers;
+    const auto add = [&](const std::string& name, std::int32_t number, bool isAdopted) {
+        if (name == indexer::defaultIDH) return;
+        require(given.emplace(name, number).second, "a name is given once: " + name);
+        require(isAdopted || numbers.insert(number).second, "a number is given once: " + name);
+    };
+    for (const auto& control : memory.controls) add(control.idhName, control.number, control.isAdopted);
+    for (const auto& retired : memory.retired) add(retired.idhName, retired.number, retired.isAdopted);
+    return given;
+}
+
+std::string bytesOf(const Files& files, const std::string& name) {
+    const auto found = files.find(name);
+    return found == files.end() ? std::string() : found->second;
+}
+
+void checkStable(const cli::IndexSettings& settings, const Files& before, const Files& after) {
+    const auto earlier =
+        stable::readEarlierIndex(bytesOf(before, settings.header), bytesOf(before, settings.config));
+    const auto now = stable::readEarlierIndex(after.at(settings.header), after.at(settings.config));
+    require(earlier.fault.empty(), "what cannot be taken up stops a run");
+    require(now.fault.empty(), "the next run can take it up: " + now.fault);
+    const auto given = givenIn(now.index.memory);
+    const auto requireKept = [&](const std::string& name, std::int32_t number) {
+        if (name == indexer::defaultIDH) return;
+        const auto kept = given.find(name);
+        require(kept != given.end() && kept->second == number, "a name keeps its number: " + name);
+    };
+    std::map<std::string, const stable::RememberedControl*> owners;
+    for (const auto& control : now.index.memory.controls) owners[control.idhName] = &control;
+    for (const auto& control : earlier.index.memory.controls) {
+        requireKept(control.idhName, control.number);
+        const auto owner = owners.find(control.idhName);
+        if (owner == owners.end() || control.idhName == indexer::defaultIDH || settings.takesRenames)
+            continue;
+        require(base::equalIgnoringCase(owner->second->place.designer, control.place.designer) &&
+                    (!earlier.index.knowsIndices ||
+                     base::equalIgnoringCase(owner->second->place.control, control.place.control)),
+                "a name stays with its control: " + control.idhName);
+    }
+    for (const auto& retired : earlier.index.memory.retired) requireKept(retired.idhName, retired.number);
+    if (!settings.text) return;
+    const auto topics = stable::textsOf(after.at(*settings.text));
+    for (const auto& control : now.index.memory.controls) {
+        if (control.standing == stable::Standing::Indexed && !control.isLeftOut)
+            require(topics.count(control.idhName) == 1, "each control has its topic: " + control.idhName);
+    }
+    for (const auto& [name, text] : stable::textsOf(bytesOf(before, *settings.text)))
+        require(name == indexer::defaultIDH || topics.at(name) == text, "a text is kept: " + name);
+}
+
 // A text gains a space before it, and loses one between words, each time.
 std::string withoutSpaces(std::string text) {
     text.erase(std::remove(text.begin(), text.end(), ' '), text.end());
@@ -266,7 +336,7 @@ std::string withoutSpaces(std::string text) {
 Files withoutTimes(Files files, const cli::IndexSettings& settings) {
     if (settings.report) files.erase(*settings.report);
     if (settings.projectFile) files.erase(*settings.projectFile);
-    if (settings.text) {
+    if (settings.text && settings.isClassic) {
         auto& text = files[*settings.text];
         text = withoutSpaces(text);
     }
@@ -317,8 +387,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkProjectFile(before, after);
     if (!outcome.done || outcome.status == 2) return 0;
 
-    const auto expected = expectedOf(*workspace, settings, before);
-    if (expected.plain) checkFiles(settings, expected, after);
+    if (settings.isClassic) {
+        const auto expected = expectedOf(*workspace, settings, before);
+        if (expected.plain) checkFiles(settings, expected, after);
+    } else {
+        checkStable(settings, before, after);
+    }
     const auto again = run(settings);
     if (settings.module && !settings.replaceModule) {
         require(again.status >= 1 && WorkFolder::files() == after, "the second time the module is there");
@@ -358,12 +432,18 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
         "report sub/g.frm",
         "icp i.icp",
         "icp F.FRX",
+        "numbering stable",
+        "numbering stable",
+        "names readable",
+        "renames",
+        "restore",
+        "designers",
         "header k.cls",
         "file k.cls",
         "text a.res",
     };
     static const auto phrases =
         vocabulary::together({options, options, vocabulary::project, vocabulary::files, vocabulary::designer,
-                              vocabulary::designer, vocabulary::index});
+                              vocabulary::designer, vocabulary::index, vocabulary::headerMemory});
     return mutateLines(data, size, maxSize, seed, phrases);
 }
