@@ -214,14 +214,18 @@ std::string TextTable::place(const std::map<std::string, std::string>& cells,
         return found != textOf_.end() && found->second == text ? "" : "it names no designer";
     }
     const Control* match = nullptr;
+    bool isAmbiguous = false, isUnchanged = true; // of all that it may be
     const auto named = ofName_.find(keyOf(designer, control, {}));
     for (const auto* one : named == ofName_.end() ? std::vector<const Control*>() : named->second) {
         if ((cells.count("index") > 0 && numberText(one->place.index) != index) ||
             (!name.empty() && one->idhName != name))
             continue;
-        if (match) return "the index has several such controls: the column name tells which one";
+        isUnchanged = isUnchanged && rowOf(*one).text == text;
+        isAmbiguous = match != nullptr;
         match = one;
     }
+    if (isAmbiguous && !isUnchanged)
+        return "the index has several such controls: the column name tells which one";
     if (!match) return "the index has no such control, with this index and name";
     const auto row = rowOf(*match);
     if (row.text == text) return {};

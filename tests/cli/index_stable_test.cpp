@@ -512,6 +512,18 @@ TEST_F(TextTables, HaveNoTextThatASpreadsheetWouldReckon) {
     EXPECT_EQ(files(), before);
 }
 
+// Without a memory nobody knows which element of an array a row is of; as long as it says what they all have,
+// that does not matter.
+TEST_F(TextTables, ComeInUnchangedWhereSeveralControlsOfANameAreOnTheDefault) {
+    folder.write("o/a.h", "#define IDH_AAAA  1000\r\n");
+    folder.write("o/a.hcnf", "<P>frmOrder</P>\r\n<C>l Label IDH_AAAA</C>\r\n<C>l Label IDH_AAAA</C>\r\n");
+    folder.write("o/a.txt", ".topic  IDH_AAAA\r\nNothing.\r\n");
+    ASSERT_EQ(text({"export", "t.csv"}).status, 0);
+    EXPECT_EQ(text({"import", "t.csv"}).status, 0);
+    edit("t.csv", "Nothing.", "Something.");
+    EXPECT_EQ(text({"import", "t.csv"}).status, 1);
+}
+
 TEST_F(TextTables, TellAndTakeOutWhatIsLeftOver) {
     edit("Stockroom/frmOrder.frm", "VB.CommandButton cmdAction", "VB.CommandButton cmdOther");
     ASSERT_EQ(index({"--no-renames"}).status, 0);
