@@ -68,8 +68,8 @@ Statement StatementReader::readHead(bool inMembers) {
             if (kind_ == LineKind::Code) kind_ = LineKind::Numbered;
             return {};
         }
-        if (first_ && c == '#') {
-            if (kind_ == LineKind::Code) kind_ = LineKind::Directive;
+        if (first_ && c == '#' && kind_ == LineKind::Code) { // no line that goes on can be one
+            kind_ = LineKind::Directive;
             ++at_;
             first_ = false;
             mode_ = Mode::Directive;

@@ -20,6 +20,16 @@ TEST(FaultsTest, ACloserWithoutItsOpener) {
                 ElementsAre("1: CV201 #End If without #If", "2: CV201 #Else without #If"));
 }
 
+TEST(FaultsTest, ALineThatGoesOnIsNoDirective) {
+    EXPECT_THAT(faultsOf("Type T\n _\n#If x Then\n#End If\nEnd Type\n"),
+                ElementsAre("4: CV201 #End If without #If"));
+    // What stands there moves with its statement, so it says nothing of how directives stand.
+    StructuredOptions options;
+    options.force = true;
+    const std::string once = layOut("Type T\n _\n#If x Then\n#End If\nEnd Type\n", options);
+    EXPECT_EQ(layOut(once, options), once);
+}
+
 TEST(FaultsTest, AnOpenerWithoutItsCloser) {
     EXPECT_THAT(faultsOf("Sub S()\n    If a Then\n        x\nEnd Sub\n"),
                 ElementsAre("2: CV202 the If that begins here is not closed before End Sub in line 4"));
