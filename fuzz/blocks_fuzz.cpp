@@ -9,6 +9,7 @@
 #include "plain_reading.h"
 #include "require.h"
 #include "structured_phrases.h"
+#include "texts.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -22,18 +23,7 @@ using namespace corvelle::formatter::structured;
 
 namespace {
 
-using Texts = std::vector<std::string_view>;
 constexpr std::uint32_t none = LineInfo::none;
-
-Texts linesOf(std::string_view text) {
-    Texts lines;
-    for (;;) {
-        const auto end = text.find('\n');
-        lines.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return lines;
-        text.remove_prefix(end + 1);
-    }
-}
 
 void checkLines(const ModuleBlocks& blocks) {
     const auto count = static_cast<std::uint32_t>(blocks.lines.size());

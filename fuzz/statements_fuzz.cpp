@@ -7,6 +7,7 @@
 #include "plain_reading.h"
 #include "require.h"
 #include "structured_phrases.h"
+#include "texts.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -19,18 +20,7 @@ using namespace corvelle::formatter::structured;
 
 namespace {
 
-using Texts = std::vector<std::string_view>;
 using Told = std::vector<Statement>;
-
-Texts linesOf(std::string_view text) {
-    Texts lines;
-    for (;;) {
-        const auto end = text.find('\n');
-        lines.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return lines;
-        text.remove_prefix(end + 1);
-    }
-}
 
 bool isRem(std::string_view text) {
     return text.size() >= 3 && wordOf(text.substr(0, 3)) == Word::Rem;

@@ -7,6 +7,7 @@
 #include "formatter/token_check.h"
 #include "require.h"
 #include "structured_phrases.h"
+#include "texts.h"
 
 #include <cstdint>
 #include <string>
@@ -17,8 +18,6 @@ using namespace corvelle::formatter;
 using namespace corvelle::formatter::structured;
 
 namespace {
-
-using Texts = std::vector<std::string_view>;
 
 class Choices {
   public:
@@ -63,16 +62,6 @@ StructuredOptions optionsOf(std::string_view bytes) {
         style.directive = place == 1 ? Place::Margin : Place::Code;
     if (choices.next(1) == 1) style.marginComments = MarginComments::Follow;
     return options;
-}
-
-Texts linesOf(std::string_view text) {
-    Texts lines;
-    for (;;) {
-        const auto end = text.find('\n');
-        lines.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return lines;
-        text.remove_prefix(end + 1);
-    }
 }
 
 std::vector<std::string> written(const Texts& lines, const StructuredResult& result) {

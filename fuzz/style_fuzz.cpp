@@ -6,6 +6,7 @@
 #include "formatter/structured/structured.h"
 #include "require.h"
 #include "structured_phrases.h"
+#include "texts.h"
 
 #include <cstdint>
 #include <string>
@@ -15,18 +16,6 @@
 using namespace corvelle::formatter::structured;
 
 namespace {
-
-using Texts = std::vector<std::string_view>;
-
-Texts linesOf(std::string_view text) {
-    Texts lines;
-    for (;;) {
-        const auto end = text.find('\n');
-        lines.push_back(text.substr(0, end));
-        if (end == std::string_view::npos) return lines;
-        text.remove_prefix(end + 1);
-    }
-}
 
 struct BodyKey {
     std::optional<Body> StyleOptions::*said;

@@ -5,6 +5,7 @@
 #include "cli/csv.h"
 #include "cli/terminal.h"
 #include "ide/workspace/designer_controls.h"
+#include "ide/workspace/designer_lines.h"
 #include "ide/workspace/workspace.h"
 #include "indexer/help_index.h"
 #include "indexer/replaceable.h"

@@ -129,14 +129,4 @@ DesignerControls readDesignerControls(std::string_view header) {
     return section;
 }
 
-std::string literalText(std::string_view value) {
-    std::string result;
-    if (value.empty() || value[0] != '"') return result;
-    for (std::size_t i = 1; i < value.size(); ++i) {
-        if (value[i] == '"' && (++i == value.size() || value[i] != '"')) break;
-        result += value[i];
-    }
-    return result;
-}
-
 } // namespace corvelle::workspace

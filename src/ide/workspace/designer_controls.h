@@ -33,7 +33,4 @@ struct DesignerControls {
 /// count as 0, an index as none.
 DesignerControls readDesignerControls(std::string_view header);
 
-/// The text of a literal as a file has it, quotes inside it doubled; empty if it is none.
-std::string literalText(std::string_view value);
-
 } // namespace corvelle::workspace

@@ -22,4 +22,14 @@ std::string_view nextWord(std::string_view& text) {
     return word;
 }
 
+std::string literalText(std::string_view value) {
+    std::string result;
+    if (value.empty() || value[0] != '"') return result;
+    for (std::size_t i = 1; i < value.size(); ++i) {
+        if (value[i] == '"' && (++i == value.size() || value[i] != '"')) break;
+        result += value[i];
+    }
+    return result;
+}
+
 } // namespace corvelle::workspace

@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 
+#include <string>
 #include <string_view>
 
 // The kinds of lines of a designer section.
@@ -27,5 +28,8 @@ bool isEndLine(std::string_view line);
 
 /// Takes the next word, up to a blank, off the text; empty when there is none.
 std::string_view nextWord(std::string_view& text);
+
+/// The text of a literal as a file has it, quotes inside it doubled; empty if it is none.
+std::string literalText(std::string_view value);
 
 } // namespace corvelle::workspace

@@ -28,18 +28,6 @@ bool mayBeBlockLine(std::string_view line) {
     return (first == 'b' && third == 'g') || (first == 'e' && third == 'd');
 }
 
-// The text of a literal, quotes inside it doubled; empty when there is none.
-std::string literalOf(std::string_view text) {
-    std::string result;
-    text = base::withoutLeadingBlanks(text);
-    if (text.empty() || text[0] != '"') return result;
-    for (std::size_t i = 1; i < text.size(); ++i) {
-        if (text[i] == '"' && (++i == text.size() || text[i] != '"')) break;
-        result += text[i];
-    }
-    return result;
-}
-
 // Notes the control that a Begin line, of which `rest` is what follows the word, begins.
 void addControl(std::string_view rest, std::string_view bytes, std::vector<ControlBlock>& controls) {
     auto className = nextWord(rest);
@@ -97,7 +85,7 @@ void readAttributes(ModuleHeader& header) {
         const auto attribute = readAttributeLine(ahead.line());
         if (!attribute.found) return;
         if (attribute.member.empty() && base::equalIgnoringCase(attribute.name, "VB_Name"))
-            header.attributeName = literalOf(attribute.value);
+            header.attributeName = literalText(base::withoutLeadingBlanks(attribute.value));
         header.lines = ahead;
     }
 }
