@@ -54,7 +54,7 @@ Lines hiddenLines(const ModuleFile& file) {
 
 // A line that would be no code where it stands first, or anywhere.
 bool isNoCode(std::string_view line) {
-    const auto text = corvelle::workspace::withoutLeadingBlanks(line);
+    const auto text = corvelle::base::withoutLeadingBlanks(line);
     for (const auto word : {"Begin", "Object", "VERSION", "\xEF\xBB\xBF"}) {
         if (corvelle::base::startsWithIgnoringCase(text, word)) return true;
     }
