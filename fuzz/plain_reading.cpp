@@ -61,12 +61,13 @@ Statement make(StatementKind kind, BlockKind block = BlockKind::None, std::uint3
 // One logical line's tokens; what stands behind them, a comment, only as what kind it is.
 class Line {
   public:
-    Line(Tokens tokens, bool remark, Members& members)
-        : tokens_(std::move(tokens)), remark_(remark), members_(members) {}
+    // `mayDirect`: the first token stands on the first of the physical lines.
+    Line(Tokens tokens, bool mayDirect, bool remark, Members& members)
+        : tokens_(std::move(tokens)), mayDirect_(mayDirect), remark_(remark), members_(members) {}
 
     void read(LogicalLine& into) {
         if (tokens_.empty()) return;
-        if (tokens_[0].word == "#") {
+        if (mayDirect_ && tokens_[0].word == "#") {
             into.directive = true;
             into.statements.push_back(directive());
             return;
@@ -206,6 +207,7 @@ class Line {
     }
 
     Tokens tokens_;
+    bool mayDirect_;
     bool remark_;
     Members& members_;
     std::size_t at_ = 0;
@@ -226,7 +228,7 @@ std::optional<std::vector<LogicalLine>> read(const std::vector<std::string_view>
     for (std::uint32_t at = 0; at < lines.size();) {
         LogicalLine logical{at, at, false, false, {}};
         Tokens tokens;
-        bool remark = false;
+        bool mayDirect = false, remark = false;
         int hashes = 0, ownHashes = 0;
         VbLineState state = VbLineState::Fresh;
         do {
@@ -247,7 +249,7 @@ std::optional<std::vector<LogicalLine>> read(const std::vector<std::string_view>
                     const bool begins = !(state == VbLineState::Comment && token.position == 0);
                     const bool rem = begins && line[token.position] != '\'';
                     if (rem && !tokens.empty() && isOneOf(tokens.back().word, {"then", "else"}) &&
-                        !isOneOf(tokens[0].word, {"if", "elseif", "else"}))
+                        (members.inside() || !isOneOf(tokens[0].word, {"if", "elseif", "else"})))
                         return std::nullopt;
                     remark = remark || rem;
                     continue;
@@ -259,18 +261,19 @@ std::optional<std::vector<LogicalLine>> read(const std::vector<std::string_view>
                 const bool behindMark = !tokens.empty() && tokens.back().kind == VbTokenKind::Mark &&
                                         (tokens.back().word == "." || tokens.back().word == "!");
                 mine.member = behindMark && (mine.touches || (mine.newLine && tokens.back().word == "."));
-                if (mine.word == "#" && !tokens.empty()) {
+                if (mine.word == "#" && (!tokens.empty() || at != logical.begin + 1)) {
                     ++hashes;
                     ownHashes += token.glued ? 0 : 1;
                 }
                 past = token.position + token.text.size();
+                if (tokens.empty()) mayDirect = at == logical.begin + 1;
                 tokens.push_back(std::move(mine));
             }
             state = lexer.stateAfter();
         } while (state != VbLineState::Fresh && at < lines.size());
         if (ownHashes > 0 && hashes > 1) return std::nullopt;
         logical.end = at;
-        Line(std::move(tokens), remark, members).read(logical);
+        Line(std::move(tokens), mayDirect, remark, members).read(logical);
         result.push_back(std::move(logical));
     }
     return result;
