@@ -158,7 +158,7 @@ void StatementReader::readOneLine() {
 Statement StatementReader::readNames() {
     while (at_ < end_) {
         const char c = line_[at_];
-        if (c == ':') {
+        if (c == ':' && (at_ + 1 >= end_ || line_[at_ + 1] != '=')) {
             ++at_;
             Statement statement = close(BlockKind::For);
             statement.count = names_;
