@@ -12,6 +12,7 @@
 
 namespace corvelle::formatter {
 
+using base::isBlank;
 using base::startsWithIgnoringCase;
 using base::trimSpaces;
 
@@ -19,10 +20,6 @@ namespace {
 
 constexpr auto npos = std::string_view::npos;
 constexpr std::int16_t space = 32;
-
-constexpr bool isBlank(char c) {
-    return c == ' ' || c == '\t';
-}
 
 // The position of the first apostrophe; npos if there is none.
 std::size_t findApostrophe(std::string_view text) {

@@ -120,7 +120,9 @@ bool isHeaderOfOurs(std::string_view bytes) {
 bool isConfigurationOfOurs(std::string_view bytes) {
     for (TextLines lines(bytes); lines.next();) {
         const auto line = base::trimSpaces(lines.line());
-        if (!line.empty() && !isMarked(line, "<P>", "</P>") && !isMarked(line, "<C>", "</C>")) return false;
+        if (!line.empty() && !isMarked(line, designerMark, designerEndMark) &&
+            !isMarked(line, controlMark, controlEndMark))
+            return false;
     }
     return true;
 }

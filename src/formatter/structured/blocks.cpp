@@ -73,7 +73,6 @@ void BlockMatcher::readLine() {
     info.start = static_cast<std::uint32_t>(reader_.start());
     info.comment = reader_.comment();
     // Bits that share a byte: most lines have none, and leave it alone.
-    if (reader_.carriesComment()) info.carriesComment = true;
     if (reader_.joinsNext()) info.joinsNext = true;
     if (reader_.leftOpen()) info.keepEnd = true;
     if (!placed_ && info.kind != LineKind::Continuation) placeUnder(top_, line_, directive());

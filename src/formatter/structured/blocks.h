@@ -36,15 +36,13 @@ struct LineInfo {
     std::uint32_t start = 0;      ///< how many blanks the line begins with
     LineKind kind = LineKind::Empty;
     Depth depth = Depth::Same;
-    bool carriesComment : 1; ///< its beginning goes on with a comment
-    bool joinsNext : 1;      ///< the next line belongs to it
-    bool keepEnd : 1;        ///< nothing may be taken from its end: a literal is left open, say
-    bool closes : 1;         ///< its first statement ends or divides a block
-    bool held : 1;           ///< stays as it stands: a fault's procedure
-    bool off : 1;            ///< stays as it stands: between 'corvelle:off and 'corvelle:on
+    bool joinsNext : 1; ///< the next line belongs to it
+    bool keepEnd : 1;   ///< nothing may be taken from its end: a literal is left open, say
+    bool closes : 1;    ///< its first statement ends or divides a block
+    bool held : 1;      ///< stays as it stands: a fault's procedure
+    bool off : 1;       ///< stays as it stands: between 'corvelle:off and 'corvelle:on
 
-    LineInfo()
-        : carriesComment(false), joinsNext(false), keepEnd(false), closes(false), held(false), off(false) {}
+    LineInfo() : joinsNext(false), keepEnd(false), closes(false), held(false), off(false) {}
 
     bool fixed() const { return held || off; }
     /// Whether the line begins a statement or a directive.

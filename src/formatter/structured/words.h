@@ -60,14 +60,11 @@ bool isReserved(std::string_view text);
 
 /// What a name is made of: letters, digits, the underscore, bytes above 127.
 using Letters = base::NameBytes;
-using Blanks = base::AnyOf<' ', '\t'>;
 /// What can end a statement or hide its end.
 using Specials = base::AnyOf<'"', '\'', ':', '#', '['>;
 
-/// Whether the byte is a space or a tab.
-inline bool isBlank(char c) {
-    return Blanks::has(c);
-}
+using base::isBlank;
+
 /// Whether a name may hold the byte.
 inline bool isLetter(char c) {
     static constexpr auto letters = [] {
